@@ -42,7 +42,7 @@ inline bool logEnabled(LogLevel level)
 
 // Macros, because a line that is switched off must not evaluate its arguments. Testers' tools
 // find some lines by their number: those are given as a constant, so that code can move.
-// VKB_LOG_FORMAT takes a whole format, header included; the others add the header.
+// VKB_LOG_FORMAT and VKB_LOG_WHOLE take a whole format, header included; the others add it.
 #define VKB_LOG_FORMAT(level, line, function, format, ...)                                         \
     do {                                                                                           \
         if (::velmora::browser::vkb::logEnabled(level))                                            \
@@ -50,13 +50,14 @@ inline bool logEnabled(LogLevel level)
                             __VA_ARGS__);                                                          \
     } while (0)
 
-#define VKB_LOG_TEXT(level, line, function, text)                                                  \
+#define VKB_LOG_WHOLE(level, line, function, format)                                               \
     do {                                                                                           \
         if (::velmora::browser::vkb::logEnabled(level))                                            \
-            cspDebugOutput0(VKB_LOG_HEADER text, "B-LOG", blog_base_name(__FILE__), line,          \
-                            function);                                                             \
+            cspDebugOutput0(format, "B-LOG", blog_base_name(__FILE__), line, function);            \
     } while (0)
 
+#define VKB_LOG_TEXT(level, line, function, text)                                                  \
+    VKB_LOG_WHOLE(level, line, function, VKB_LOG_HEADER text)
 #define VKB_LOG(level, text) VKB_LOG_TEXT(level, __LINE__, __func__, text)
 #define VKB_LOGF(level, format, ...)                                                               \
     VKB_LOG_FORMAT(level, __LINE__, __func__, VKB_LOG_HEADER format, __VA_ARGS__)
