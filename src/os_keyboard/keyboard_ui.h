@@ -15,6 +15,8 @@ namespace browser
 namespace vkb
 {
 
+struct KeyLook;
+
 // Paints keys on a surface. It knows no layout and remembers no focus: its caller says what to
 // paint and when, on one thread. A DirectFB call that fails while painting ends the process.
 class KeyBoardUI
@@ -55,14 +57,10 @@ public:
     void setLocked(std::vector<Button_t>& locked);
 
 private:
-    struct Look;
-    struct Line;
-    static const Look kNormal;
-    static const Look kSunken;
-    static const Look kReleased;
-
-    void drawElement(const Button_t& key, const Look& look);
-    void drawLines(const Rect_t& rect, unsigned int line_c, const Line (&lines)[4]);
+    void fill(unsigned int argb);
+    void setColour(unsigned int argb, const char* text);
+    void drawElement(const Button_t& key, const KeyLook& look);
+    void drawLines(const Rect_t& rect, const KeyLook& look);
     void flipWhole();
     void flipKey(const Rect_t& rect);
 
