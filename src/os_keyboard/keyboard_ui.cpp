@@ -41,7 +41,8 @@ Colour split(unsigned int argb)
 
 enum Edge { LEFT, TOP, RIGHT, BOTTOM };
 
-// A line along a whole edge of a key, moved towards the key's middle by inset pixels.
+// A line along a whole edge of a key, moved towards the key's middle by inset
+// pixels.
 struct EdgeLine {
     Edge edge;
     int inset;
@@ -91,6 +92,9 @@ const KeyLook kNormal = {kKeyFill, kShadow, {kRight, kBottom, kInnerRight, kInne
 // Shadow at the top and the left: the key is pushed in.
 const KeyLook kSunken = {kSunkenFill, kShadow, {kTop, kLeft, kInnerTop, kInnerLeft}};
 
+// The focus frame in the shadow's place: a released key is the focused one.
+const KeyLook kFocused = {kKeyFill, kFocusFrame, {kRight, kBottom, kTop, kLeft}};
+
 } // namespace
 
 KeyBoardUI::KeyBoardUI(IDirectFB* dfb, IDirectFBSurface* surface)
@@ -128,9 +132,10 @@ bool KeyBoardUI::setLayoutData(std::vector<Button_t>* buttons, int fontSize, con
     DFBFontDescription desc = {};
     desc.flags = DFDESC_HEIGHT;
     desc.height = m_font_size;
-    // Not checked: without a font the keyboard stays empty, which is better than a browser that
-    // ends. The font before this one is not released, because the surface and layouts drawn with
-    // it may still refer to it; it stays until the process ends.
+    // Not checked: without a font the keyboard stays empty, which is better than
+    // a browser that ends. The font before this one is not released, because the
+    // surface and layouts drawn with it may still refer to it; it stays until the
+    // process ends.
     m_dfb->CreateFont(m_dfb, fontPath, &desc, &m_font);
     m_surface->SetFont(m_surface, m_font);
     if (m_font != nullptr)
@@ -183,12 +188,40 @@ void KeyBoardUI::hide()
         clear(kTransparent, true);
 }
 
+void KeyBoardUI::setfocus(Button_t& key)
+{
+    VKB_LOG(LOG_TRACE, "called \n");
+    draw(false);
+    drawLines(key.rect, kFocused);
+    flipWhole();
+}
+
+void KeyBoardUI::press(Button_t key)
+{
+    drawElement(key, kSunken);
+    flipKey(key.rect);
+}
+
+void KeyBoardUI::pressed(Button_t key)
+{
+    drawElement(key, kFocused);
+    flipKey(key.rect);
+}
+
+void KeyBoardUI::setLocked(std::vector<Button_t>& locked)
+{
+    VKB_LOG(LOG_TRACE, "called \n");
+    m_locked_buttons = locked;
+    draw(false);
+    flipWhole();
+}
+
 void KeyBoardUI::fill(unsigned int argb)
 {
     const Colour c = split(argb);
-    checkDirectFB(
-        m_surface->Clear(m_surface, c.red, c.green, c.blue, c.alpha),
-        "m_surface->Clear(m_surface, ARGB_R(argb), ARGB_G(argb),ARGB_B(argb),ARGB_A(argb))");
+    checkDirectFB(m_surface->Clear(m_surface, c.red, c.green, c.blue, c.alpha),
+                  "m_surface->Clear(m_surface, ARGB_R(argb), "
+                  "ARGB_G(argb),ARGB_B(argb),ARGB_A(argb))");
 }
 
 void KeyBoardUI::setColour(unsigned int argb, const char* text)
@@ -217,7 +250,8 @@ void KeyBoardUI::drawElement(const Button_t& key, const KeyLook& look)
                      "ARGB_B(font_c),ARGB_A(font_c))");
     checkDirectFB(
         m_surface->DrawString(m_surface, key.text.c_str(), -1, Xcenter, Ycenter, DSTF_TOPCENTER),
-        "m_surface->DrawString(m_surface,key.text.c_str(),-1,Xcenter,Ycenter,DSTF_TOPCENTER)");
+        "m_surface->DrawString(m_surface,key.text.c_str(),-1,Xcenter,"
+        "Ycenter,DSTF_TOPCENTER)");
 
     drawLines(key.rect, look);
 }
@@ -236,6 +270,14 @@ void KeyBoardUI::flipWhole()
 {
     checkDirectFB(m_surface->Flip(m_surface, nullptr, DSFLIP_WAITFORSYNC),
                   "m_surface->Flip (m_surface, NULL, DSFLIP_WAITFORSYNC)");
+}
+
+void KeyBoardUI::flipKey(const Rect_t& rect)
+{
+    const DFBRegion region = {rect.positionX, rect.positionY, rect.positionX + rect.width,
+                              rect.positionY + rect.height};
+    checkDirectFB(m_surface->Flip(m_surface, &region, DSFLIP_WAITFORSYNC),
+                  "m_surface->Flip (m_surface, &region, DSFLIP_WAITFORSYNC)");
 }
 
 } // namespace vkb
