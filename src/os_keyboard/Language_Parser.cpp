@@ -19,11 +19,6 @@ namespace
 const char* const kCatalogue =
     "/usr/local/opt/nerovista/resources/oskeyboard_config/Language_Name.json";
 
-std::ifstream openFile(const std::string& path)
-{
-    return std::ifstream(path.c_str(), std::ios::in | std::ios::binary);
-}
-
 // Json::Reader is deprecated in newer releases of the library; the television's has no other
 // reader.
 #pragma GCC diagnostic push
@@ -72,7 +67,7 @@ bool LanguageParser::ParseLayout()
     // which go on answering: a key map that is being read keeps its geometry.
     m_layout_names.clear();
 
-    std::ifstream file = openFile(kCatalogue);
+    std::ifstream file(kCatalogue, std::ios::in | std::ios::binary);
     Json::Value root;
     if (!parseJson(file, root))
         return false;
