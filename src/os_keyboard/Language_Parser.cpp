@@ -18,6 +18,8 @@ namespace
 
 const char* const kCatalogue =
     "/usr/local/opt/nerovista/resources/oskeyboard_config/Language_Name.json";
+const char* const kKeyMapPrefix = "/usr/local/opt/nerovista/resources/oskeyboard_config/Language_";
+const char* const kKeyMapSuffix = ".json";
 
 // Json::Reader is deprecated in newer releases of the library; the television's has no other
 // reader.
@@ -51,6 +53,54 @@ int32_t extent(Json::Value& start, Json::Value& span, int32_t gap, int32_t cell)
     return static_cast<int32_t>(cells * pitch + static_cast<uint32_t>(gap));
 }
 
+// Pixels from the keyboard's edge to grid line number line, and across span cells without the
+// gap behind them.
+int16_t gridLine(int16_t line, int32_t gap, int32_t cell)
+{
+    const uint32_t pitch = static_cast<uint32_t>(gap) + static_cast<uint32_t>(cell);
+    return low16(static_cast<uint32_t>(gap) + static_cast<uint32_t>(line) * pitch);
+}
+
+int16_t gridSpan(int16_t span, int32_t gap, int32_t cell)
+{
+    const uint32_t pitch = static_cast<uint32_t>(gap) + static_cast<uint32_t>(cell);
+    return low16(static_cast<uint32_t>(span) * pitch - static_cast<uint32_t>(gap));
+}
+
+// "NULL" is the files' way to write an empty label.
+std::string readLabel(Json::Value& value)
+{
+    std::string label = value.asString();
+    if (label == "NULL")
+        label.clear();
+    return label;
+}
+
+Button_t readPlainKey(Json::Value& key, const Rect_t& rect)
+{
+    Button_t plain = {};
+    plain.id = key["id"].asInt();
+    plain.text = readLabel(key["text"]);
+    plain.isSpecial = key["isSpecial"].asBool();
+    plain.isLanguage = key["isLanguage"].asBool();
+    plain.rect = rect;
+    plain.keyCode = key["keyCode"].asInt();
+    plain.character = key["character"].asInt();
+    plain.left_button = key["left_button"].asInt();
+    plain.right_button = key["right_button"].asInt();
+    plain.up_button = key["up_button"].asInt();
+    plain.down_button = key["down_button"].asInt();
+    return plain;
+}
+
+Button_t readShiftedKey(Json::Value& key, const Button_t& plain)
+{
+    Button_t shifted = plain;
+    shifted.text = readLabel(key["shift_text"]);
+    shifted.character = key["shiftKeyCharacter"].asInt();
+    return shifted;
+}
+
 } // namespace
 
 LanguageParser::LanguageParser()
@@ -58,6 +108,9 @@ LanguageParser::LanguageParser()
       m_keyboard_height(0)
 {
     ParseLayout();
+    // There is no current layout yet, so this finds no file unless the television has one for
+    // the empty name, from which it then takes keys to start with.
+    ParseCurrentLayoutKeyMaps();
 }
 
 bool LanguageParser::ParseLayout()
@@ -111,6 +164,68 @@ void LanguageParser::onLayoutchanged(std::string& name)
 {
     m_current_layout = name;
     VKB_LOGF(LOG_TRACE, "Current Layout is :%s \n", m_current_layout.c_str());
+    ParseCurrentLayoutKeyMaps();
+}
+
+bool LanguageParser::ParseCurrentLayoutKeyMaps()
+{
+    VKB_LOG(LOG_TRACE, "called\n");
+    m_default_keys.clear();
+    m_symbol_keys.clear();
+    m_default_shift_keys.clear();
+    m_symbol_shift_keys.clear();
+
+    std::ifstream file((kKeyMapPrefix + m_current_layout + kKeyMapSuffix).c_str(),
+                       std::ios::in | std::ios::binary);
+    // A catalogue that could not be read at the start may be there by now.
+    if (m_key_rects.empty())
+        ParseLayout();
+
+    Json::Value root;
+    if (!parseJson(file, root))
+        return false;
+
+    VKB_LOG(LOG_TRACE, "Current LayoutKeyMap Parse Successfully !\n");
+    Json::Value& keys = root["Keys"];
+    readKeys(keys["KeyMode_Default"], m_default_keys, m_default_shift_keys);
+    readKeys(keys["KeyMode_Symbol"], m_symbol_keys, m_symbol_shift_keys);
+    return true;
+}
+
+std::vector<Button_t>& LanguageParser::getKeyMap(std::string&, bool shift, bool alt)
+{
+    VKB_LOG(LOG_TRACE, "called\n");
+    std::vector<Button_t>& plain = alt ? m_symbol_keys : m_default_keys;
+    std::vector<Button_t>& shifted = alt ? m_symbol_shift_keys : m_default_shift_keys;
+    std::vector<Button_t>& selected = shift ? shifted : plain;
+    if (selected.empty())
+        ParseCurrentLayoutKeyMaps();
+    return selected;
+}
+
+void LanguageParser::readKeys(Json::Value& keys, std::vector<Button_t>& plain,
+                              std::vector<Button_t>& shifted) const
+{
+    for (Json::ArrayIndex i = 0; i < keys.size(); ++i) {
+        Json::Value& key = keys[i];
+        const Button_t plain_key = readPlainKey(key, pixelRect(i));
+        const Button_t shifted_key = readShiftedKey(key, plain_key);
+        plain.push_back(plain_key);
+        shifted.push_back(shifted_key);
+    }
+}
+
+Rect_t LanguageParser::pixelRect(size_t position) const
+{
+    // A key map longer than the catalogue's table: the key is there, with nothing to see of it.
+    if (position >= m_key_rects.size())
+        return Rect_t();
+
+    const Rect_t& grid = m_key_rects[position];
+    return {gridLine(grid.positionX, m_gap_x, m_cell_width),
+            gridLine(grid.positionY, m_gap_y, m_cell_height),
+            gridSpan(grid.width, m_gap_x, m_cell_width),
+            gridSpan(grid.height, m_gap_y, m_cell_height)};
 }
 
 } // namespace vkb

@@ -1,9 +1,12 @@
 #ifndef LANGUAGE_PARSER_H
 #define LANGUAGE_PARSER_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
+
+#include <json/forwards.h>
 
 #include "keyboard_types.h"
 
@@ -48,6 +51,8 @@ public:
     int32_t keyboardHeight() const { return m_keyboard_height; }
 
 private:
+    void readKeys(Json::Value& keys, std::vector<Button_t>& plain,
+                  std::vector<Button_t>& shifted) const;
     Rect_t pixelRect(size_t position) const;
 
     int32_t m_gap_x; // pixels
