@@ -1,0 +1,53 @@
+#ifndef TEST_SUPPORT_RECORDING_DISPLAY_H
+#define TEST_SUPPORT_RECORDING_DISPLAY_H
+
+#include <cstddef>
+#include <functional>
+#include <string>
+
+#include <directfb.h>
+
+#include "trace.h"
+
+namespace test_support
+{
+
+// A DirectFB that shows nothing: its objects are of DirectFB's own types, and each call adds a
+// line to the trace. Names in the lines: `dfb`, `layer`, and `window1`, `surface1`, `font1` in the
+// order of their making. A window's surface is made with the window and has its number only as
+// long as no other surface was made. A slot that no keyboard code uses ends the process with a
+// message when it is called.
+//
+// One display at a time. Its objects stay valid for the life of the process, as the keyboard
+// keeps some of them in variables of its own; a new display starts the names anew.
+class RecordingDisplay
+{
+public:
+    RecordingDisplay();
+    ~RecordingDisplay();
+    RecordingDisplay(const RecordingDisplay&) = delete;
+    RecordingDisplay& operator=(const RecordingDisplay&) = delete;
+
+    IDirectFB* dfb();
+    IDirectFBSurface* newSurface(int width, int height);
+
+    // Pixels that fonts made from now on report.
+    void setFontHeight(int pixels);
+
+    // The count-th call from now on, 1 being the next, fails with this result, once.
+    void failCall(size_t count, DFBResult result);
+
+    // Every call of this method fails from now on, whatever object it is made on.
+    void failEvery(const std::string& method, DFBResult result);
+
+    // Called with each line after it is recorded, while the call is under way.
+    void onCall(std::function<void(const std::string& line)> observer);
+
+    // Objects made by this display and not released or destroyed.
+    size_t liveFonts() const;
+    size_t liveWindows() const;
+};
+
+} // namespace test_support
+
+#endif

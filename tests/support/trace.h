@@ -1,0 +1,28 @@
+#ifndef TEST_SUPPORT_TRACE_H
+#define TEST_SUPPORT_TRACE_H
+
+#include <string>
+#include <vector>
+
+namespace test_support
+{
+
+using Lines = std::vector<std::string>;
+
+// What a test program's keyboard did, in order: one line of text for each DirectFB call, such as
+// `surface1.FillRectangle(4,4,61,51)`, and one for each log line, such as
+// `log keyboard_ui.cpp 5F1388 draw "done\n"`.
+void record(const std::string& line);
+
+// Gives the lines recorded since the last taking, and forgets them.
+Lines takeTrace();
+
+// The log lines of a trace, and the others.
+Lines logLinesOf(const Lines& trace);
+Lines callsOf(const Lines& trace);
+
+Lines operator+(Lines first, const Lines& second);
+
+} // namespace test_support
+
+#endif
