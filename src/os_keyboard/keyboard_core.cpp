@@ -33,6 +33,42 @@ const char *const kUsualFont = "/usr/local/opt/font/TarvoL2700.ttf";
 
 const char *const kFallbackLayout = "English";
 
+// What onKeyEvent and the handlers answer to the host.
+enum KeyHandling { CONSUMED = 0, KEY_RESULT = 1, NOT_HANDLED = 2 };
+
+const int32_t kShiftModifier = 2;
+
+const char *const kShift = "Shift";
+const char *const kAlt = "Alt";
+
+struct RemoteKey {
+  int code; // the browser's key event code
+  int (KeyBoardCore::*procedure)();
+};
+
+const RemoteKey kRemoteKeys[] = {
+    {13, &KeyBoardCore::EnterPressProc}, {37, &KeyBoardCore::LeftMoveProc},
+    {38, &KeyBoardCore::UpMoveProc},     {39, &KeyBoardCore::RightMoveProc},
+    {40, &KeyBoardCore::DownMoveProc},
+};
+
+// A special key is told by its text; a layout may write it in either case.
+struct SpecialKey {
+  const char *text;
+  int (KeyBoardCore::*handler)();
+};
+
+const SpecialKey kSpecialKeys[] = {
+    {"shift", &KeyBoardCore::shiftButtonHandle},
+    {kShift, &KeyBoardCore::shiftButtonHandle},
+    {"hide", &KeyBoardCore::hideButtonHandle},
+    {"Hide", &KeyBoardCore::hideButtonHandle},
+    {"alt", &KeyBoardCore::altButtonHandle},
+    {kAlt, &KeyBoardCore::altButtonHandle},
+    {"clearall", &KeyBoardCore::clearButtonHandle},
+    {"ClearAll", &KeyBoardCore::clearButtonHandle},
+};
+
 } // namespace
 
 KeyBoardCore::KeyBoardCore()
@@ -289,6 +325,163 @@ int KeyBoardCore::UpMoveProc() {
 
 int KeyBoardCore::DownMoveProc() {
   return moveFocus(__func__, m_focus_button.down_button);
+}
+
+int KeyBoardCore::onKeyEvent(int keyCode) {
+  VKB_LOGF(LOG_TRACE, "Received Keycode: %d\n", keyCode);
+  if (!m_keyboard_status)
+    return NOT_HANDLED;
+  if (!m_is_show)
+    return NOT_HANDLED;
+
+  for (const RemoteKey &key : kRemoteKeys) {
+    if (key.code == keyCode)
+      return (this->*key.procedure)();
+  }
+  return NOT_HANDLED;
+}
+
+int KeyBoardCore::EnterPressProc() {
+  VKB_LOG(LOG_TRACE, "called\n");
+  if (m_focus_button.isSpecial)
+    return specialButtonHandle();
+  if (m_focus_button.keyCode < 0)
+    return CONSUMED;
+
+  // The result is made first: it still carries the Shift that is released here.
+  setKeyBoardButton();
+  if (m_shift_mode && !m_shift_lock) {
+    m_shift_mode = false;
+    removeLockButton(kShift);
+    updateKeyBoardUI();
+  }
+  return KEY_RESULT;
+}
+
+bool KeyBoardCore::setKeyBoardButton() {
+  VKB_LOG(LOG_TRACE, "called\n");
+  m_button = OsButton_t();
+  m_button.keyCode = m_focus_button.keyCode;
+  m_button.text = m_focus_button.text;
+  m_button.character = m_focus_button.character;
+  VKB_LOGF(LOG_RESULT, "keycode:0x%x\n",
+           static_cast<unsigned int>(m_button.keyCode));
+  // Alt has no modifier: the symbol set's keys carry codes of their own.
+  if (m_shift_mode)
+    m_button.modifier = kShiftModifier;
+  return true;
+}
+
+int KeyBoardCore::specialButtonHandle() {
+  for (const SpecialKey &key : kSpecialKeys) {
+    if (m_focus_button.text == key.text)
+      return (this->*key.handler)();
+  }
+  if (m_focus_button.isLanguage)
+    return languageButtonHandle();
+
+  VKB_LOG(LOG_ERROR, "Maybe not special key!\n");
+  return NOT_HANDLED;
+}
+
+int KeyBoardCore::shiftButtonHandle() {
+  VKB_LOGF(LOG_TRACE, "ShiftMode:%d!\n", m_shift_mode);
+  if (!m_shift_mode) {
+    m_shift_mode = true;
+    m_lock_buttons.push_back(m_focus_button);
+    updateKeyBoardUI();
+  } else if (!m_shift_lock) {
+    m_shift_lock = true;
+    updateKeyBoardUI();
+  } else {
+    m_shift_lock = false;
+    m_shift_mode = false;
+    removeLockButton(kShift);
+    refreshAfterUnlock(__func__);
+  }
+  return CONSUMED;
+}
+
+int KeyBoardCore::altButtonHandle() {
+  // Shift's message, which the testers' tools look for after either key.
+  VKB_LOGF(LOG_TRACE, "ShiftMode:%d!\n", m_alt_mode);
+  if (!m_alt_mode) {
+    m_alt_mode = true;
+    m_lock_buttons.push_back(m_focus_button);
+    updateKeyBoardUI();
+  } else {
+    m_alt_mode = false;
+    removeLockButton(kAlt);
+    refreshAfterUnlock(__func__);
+  }
+  return CONSUMED;
+}
+
+// What updateKeyBoardUI does, but with the focus line under the handler's name
+// and without a line from FocusButtonChangedTo: the log tells a mode that went
+// off from one that came on.
+void KeyBoardCore::refreshAfterUnlock(const char *handler) {
+  updateKeyMap();
+  m_ui->draw(true);
+  m_focus_button = getTargetButtonByButtonId(m_focus_button.id);
+  VKB_LOG_FORMAT(LOG_TRACE, __LINE__, handler,
+                 VKB_LOG_HEADER "focus button:%s\n",
+                 m_focus_button.text.c_str());
+  sendLockButtonToUI();
+  sendFocusButtonToUI();
+}
+
+int KeyBoardCore::hideButtonHandle() {
+  Hide();
+  return CONSUMED;
+}
+
+int KeyBoardCore::languageButtonHandle() {
+  VKB_LOG(LOG_TRACE, "called\n");
+  onLayoutChanged();
+  updateKeyBoardUI();
+  return CONSUMED;
+}
+
+// The host does the clearing. No character was typed, so Shift once stays for
+// the next one.
+int KeyBoardCore::clearButtonHandle() {
+  VKB_LOG(LOG_TRACE, "called\n");
+  return setKeyBoardButton() ? KEY_RESULT : NOT_HANDLED;
+}
+
+// The comparison is exact: a layout that labels its key "shift" keeps it drawn
+// as locked until the next layout change, although the mode goes off.
+void KeyBoardCore::removeLockButton(std::string text) {
+  std::vector<Button_t>::iterator lock = m_lock_buttons.begin();
+  while (lock != m_lock_buttons.end()) {
+    if (lock->text != text) {
+      ++lock;
+      continue;
+    }
+    lock = m_lock_buttons.erase(lock);
+    VKB_LOGF(LOG_TRACE, "Cancel button(%s)focus!\n", text.c_str());
+  }
+}
+
+// For hosts that mark keys of their own; the keyboard does not use it.
+void KeyBoardCore::updateLockButton() {
+  if (!m_lock_buttons.empty())
+    m_lock_buttons.pop_back();
+  m_lock_buttons.push_back(m_focus_button);
+}
+
+void KeyBoardCore::getKeyBoardButton(OsButton_t &out) {
+  VKB_LOGF(LOG_TRACE,
+           "button.text = %s,button.keyCode = %d,button.modifier = %d\n",
+           m_button.text.c_str(), m_button.keyCode, m_button.modifier);
+  out = m_button;
+}
+
+int KeyBoardCore::getKeyBoardButton() {
+  VKB_LOGF(LOG_TRACE, "button.text = %s,button.keyCode = %d\n",
+           m_button.text.c_str(), m_button.keyCode);
+  return m_button.keyCode;
 }
 
 } // namespace vkb
