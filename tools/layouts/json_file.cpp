@@ -1,0 +1,46 @@
+#include "json_file.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+namespace layouts
+{
+
+std::string readFile(const std::string& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    if (!in)
+        throw std::runtime_error(file + ": cannot be read: " + std::strerror(errno));
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+Json::Value readJson(const std::string& file)
+{
+    const std::string text = readFile(file);
+    Json::CharReaderBuilder builder;
+    Json::Value root;
+    std::string errors;
+    const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
+    if (!reader->parse(text.data(), text.data() + text.size(), &root, &errors))
+        throw std::runtime_error(file + ": not JSON:\n" + errors);
+    return root;
+}
+
+void writeFile(const std::string& file, const std::string& text)
+{
+    const std::string temporary = file + ".new";
+    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
+    out << text;
+    out.close();
+    if (!out || std::rename(temporary.c_str(), file.c_str()) != 0) {
+        const std::string reason = std::strerror(errno);
+        std::remove(temporary.c_str());
+        throw std::runtime_error(file + ": cannot be written: " + reason);
+    }
+}
+
+} // namespace layouts

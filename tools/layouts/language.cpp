@@ -1,0 +1,102 @@
+#include "language.h"
+
+#include <algorithm>
+#include <memory>
+#include <sstream>
+#include <stdexcept>
+
+#include <unicode/locid.h>
+#include <unicode/ulocdata.h>
+#include <unicode/uniset.h>
+#include <unicode/usetiter.h>
+
+#include "json_file.h"
+#include "text.h"
+
+namespace layouts
+{
+namespace
+{
+
+constexpr size_t kColumns = 5;
+
+std::vector<std::string> split(const std::string& line)
+{
+    std::vector<std::string> fields;
+    std::istringstream in(line);
+    for (std::string field; std::getline(in, field, '\t');)
+        fields.push_back(field);
+    return fields;
+}
+
+Language parse(const std::vector<std::string>& fields)
+{
+    const std::string& keyboard = fields[3];
+    const size_t bracket = keyboard.find('(');
+    const std::string variant = bracket == std::string::npos
+                                    ? std::string()
+                                    : keyboard.substr(bracket + 1, keyboard.size() - bracket - 2);
+    return {fields[0], fields[1], fields[2], keyboard.substr(0, bracket), variant, fields[4]};
+}
+
+std::vector<std::string> exemplars(const std::string& icuName, ULocaleDataExemplarSetType type)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<ULocaleData, void (*)(ULocaleData*)> data(
+        ulocdata_open(icuName.c_str(), &status), ulocdata_close);
+    const std::unique_ptr<USet, void (*)(USet*)> set(
+        ulocdata_getExemplarSet(data.get(), nullptr, 0, type, &status), uset_close);
+    std::vector<std::string> letters;
+    if (U_FAILURE(status))
+        return letters;
+
+    icu::UnicodeSetIterator each(*icu::UnicodeSet::fromUSet(set.get()));
+    while (each.next()) {
+        std::string letter;
+        letters.push_back(nfc(each.getString().toUTF8String(letter)));
+    }
+    return letters;
+}
+
+} // namespace
+
+std::vector<Language> readLanguages(const std::string& file)
+{
+    std::vector<Language> languages;
+    std::istringstream in(readFile(file));
+    int number = 0;
+    for (std::string line; std::getline(in, line);) {
+        ++number;
+        if (line.empty() || line[0] == '#')
+            continue;
+        const std::vector<std::string> fields = split(line);
+        if (fields.size() != kColumns)
+            throw std::runtime_error(file + ": line " + std::to_string(number) + ": found " +
+                                     std::to_string(fields.size()) + " columns, expected " +
+                                     std::to_string(kColumns) +
+                                     " with a tab between them; see the file's first lines");
+        languages.push_back(parse(fields));
+    }
+    return languages;
+}
+
+const Language* findLanguage(const std::vector<Language>& languages, const std::string& name)
+{
+    const auto found =
+        std::find_if(languages.begin(), languages.end(), [&](const Language& language) {
+            return language.name == name || language.icuName == name;
+        });
+    return found == languages.end() ? nullptr : &*found;
+}
+
+std::vector<std::string> mainLetters(const std::string& icuName)
+{
+    return exemplars(icuName, ULOCDATA_ES_STANDARD);
+}
+
+std::vector<std::string> auxiliaryLetters(const std::string& icuName)
+{
+    return exemplars(icuName, ULOCDATA_ES_AUXILIARY);
+}
+
+} // namespace layouts

@@ -1,0 +1,33 @@
+#ifndef LAYOUTS_LANGUAGE_H
+#define LAYOUTS_LANGUAGE_H
+
+#include <string>
+#include <vector>
+
+namespace layouts
+{
+
+// One line of the language table.
+struct Language {
+    std::string icuName;    // "sr_Latn"
+    std::string name;       // as the catalogue and the file name have it
+    std::string label;      // on the language key
+    std::string xkbLayout;  // in the keyboard database
+    std::string xkbVariant; // or empty
+    std::string font;       // a font file that has all labels of the layout
+};
+
+// Throws std::runtime_error with the line that is wrong.
+std::vector<Language> readLanguages(const std::string& file);
+
+const Language* findLanguage(const std::vector<Language>& languages, const std::string& name);
+
+// The letters that the language is written with, lower case, as the locale data has them: the
+// main ones and those that only names and foreign words need. Some are more than one code
+// point long.
+std::vector<std::string> mainLetters(const std::string& icuName);
+std::vector<std::string> auxiliaryLetters(const std::string& icuName);
+
+} // namespace layouts
+
+#endif
