@@ -20,8 +20,8 @@ inline DFBWindowDescription windowDescription(int x, int y, int width, int heigh
         DWDESC_CAPS | DWDESC_WIDTH | DWDESC_HEIGHT | DWDESC_POSX | DWDESC_POSY | DWDESC_STACKING);
     description.caps =
         static_cast<DFBWindowCapabilities>(DWCAPS_ALPHACHANNEL | DWCAPS_DOUBLEBUFFER);
-    description.width = static_cast<unsigned int>(width);
-    description.height = static_cast<unsigned int>(height);
+    description.width = width;
+    description.height = height;
     description.posx = x;
     description.posy = y;
     description.pixelformat = DSPF_ARGB;
