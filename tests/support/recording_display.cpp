@@ -358,12 +358,17 @@ DFBResult dfbGetDisplayLayer(IDirectFB* self, DFBDisplayLayerID id, IDirectFBDis
     return result;
 }
 
+std::string fields(const DFBFontDescription& wanted)
+{
+    const std::string flags =
+        wanted.flags == DFDESC_HEIGHT ? "HEIGHT" : hex(static_cast<unsigned int>(wanted.flags));
+    return "{flags=" + flags + " height=" + asText(wanted.height) + "}";
+}
+
 DFBResult dfbCreateFont(IDirectFB* self, const char* path, const DFBFontDescription* wanted,
                         IDirectFBFont** font)
 {
-    const DFBResult result = called(self, "CreateFont", std::string(path),
-                                    "{flags=" + hex(static_cast<unsigned int>(wanted->flags)) +
-                                        " height=" + asText(wanted->height) + "}");
+    const DFBResult result = called(self, "CreateFont", std::string(path), fields(*wanted));
     if (result == DFB_OK)
         *font = addFont();
     return result;

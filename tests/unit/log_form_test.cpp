@@ -1,0 +1,115 @@
+// The form of every log line, and that a line which is switched off costs nothing.
+
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include "log.h"
+#include "log_capture.h"
+#include "trace.h"
+
+namespace
+{
+
+using namespace test_support;
+using namespace velmora::browser::vkb;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+static_assert(LOG_ERROR == 0x5F03E8 && LOG_RESULT == 0x5F0BB8);
+static_assert(LOG_TRACE == 0x5F0FA0 && LOG_DETAIL == 0x5F1388);
+
+int evaluated = 0;
+
+int counted(int value)
+{
+    ++evaluated;
+    return value;
+}
+
+void logOnce()
+{
+    VKB_LOGF(LOG_TRACE, "value:%d\n", counted(7));
+}
+
+class LogForm : public testing::Test
+{
+protected:
+    LogForm() { evaluated = 0; }
+
+    LogCapture m_log;
+};
+
+TEST_F(LogForm, ALineCarriesTagFileLineFunctionAndItsArguments)
+{
+    const int lineOfTheCall = __LINE__ + 1;
+    VKB_LOGF(LOG_DETAIL, "%s=%d\n", "x", counted(7));
+
+    ASSERT_THAT(m_log.lines(), SizeIs(1));
+    const LogLine& line = m_log.lines()[0];
+    EXPECT_THAT(line.record, ElementsAre(0x5F1388u, 0u, 0u));
+    EXPECT_EQ(line.tag, "B-LOG");
+    EXPECT_EQ(line.file, "log_form_test.cpp");
+    EXPECT_EQ(line.line, lineOfTheCall);
+    EXPECT_EQ(line.function, "TestBody");
+    EXPECT_EQ(line.message, "x=7\n");
+    EXPECT_EQ(evaluated, 1);
+}
+
+TEST_F(LogForm, ATextCarriesTheGivenLineAndFunction)
+{
+    VKB_LOG_TEXT(LOG_ERROR, 329, "some_function", "100\n");
+    ASSERT_THAT(m_log.lines(), SizeIs(1));
+    const LogLine& line = m_log.lines()[0];
+    EXPECT_THAT(line.record, ElementsAre(0x5F03E8u, 0u, 0u));
+    EXPECT_EQ(line.tag, "B-LOG");
+    EXPECT_EQ(line.file, "log_form_test.cpp");
+    EXPECT_EQ(line.line, 329);
+    EXPECT_EQ(line.function, "some_function");
+    EXPECT_EQ(line.message, "100\n");
+}
+
+TEST_F(LogForm, EveryLineAsksWithAFreshRecord)
+{
+    for (int i = 0; i < 3; ++i)
+        logOnce(); // the capture overwrites each record that it has seen
+    ASSERT_THAT(m_log.lines(), SizeIs(3));
+    for (const LogLine& line : m_log.lines())
+        EXPECT_THAT(line.record, ElementsAre(0x5F0FA0u, 0u, 0u));
+    EXPECT_EQ(m_log.levelsAsked(), 3u);
+}
+
+TEST_F(LogForm, ALineThatIsOffEvaluatesNeitherItsArgumentsNorTheBaseName)
+{
+    m_log.switchOff(0x5F0FA0);
+    logOnce();
+    VKB_LOG_TEXT(LOG_TRACE, counted(1), "f", "text\n");
+    VKB_LOG(LOG_TRACE, "text\n");
+    EXPECT_EQ(m_log.levelsAsked(), 3u);
+    EXPECT_THAT(m_log.lines(), IsEmpty());
+    EXPECT_EQ(evaluated, 0);
+    EXPECT_EQ(m_log.baseNamesAsked(), 0u);
+}
+
+TEST_F(LogForm, LevelsAreSwitchedOneByOne)
+{
+    m_log.switchOff(0x5F1388);
+    VKB_LOG(LOG_DETAIL, "detail\n");
+    VKB_LOG(LOG_ERROR, "error\n");
+    VKB_LOG(LOG_RESULT, "result\n");
+    ASSERT_THAT(m_log.lines(), SizeIs(2));
+    EXPECT_EQ(m_log.lines()[0].message, "error\n");
+    EXPECT_EQ(m_log.lines()[1].message, "result\n");
+}
+
+TEST_F(LogForm, ALineIsOneStatement)
+{
+    if (evaluated == 0)
+        logOnce();
+    else
+        VKB_LOG(LOG_ERROR, "not reached\n");
+    EXPECT_THAT(m_log.lines(), SizeIs(1));
+}
+
+} // namespace

@@ -1,0 +1,67 @@
+#ifndef TESTS_UNIT_RENDERER_STEPS_H
+#define TESTS_UNIT_RENDERER_STEPS_H
+
+#include <string>
+
+#include "steps.h"
+
+namespace steps
+{
+
+namespace vkb = velmora::browser::vkb;
+
+// What the renderer does on one surface, operation by operation.
+class Renderer
+{
+public:
+    static constexpr int kFontHeight = 37; // pixels, as the display's fonts report it
+
+    explicit Renderer(std::string surface, int fontHeight = kFontHeight)
+        : m_surface(std::move(surface)), m_fontHeight(fontHeight)
+    {
+    }
+
+    static Steps logged(uint32_t level, const std::string& function, const std::string& message);
+
+    Steps construction(int width, int height) const;
+    static Steps destruction(const std::string& font); // empty: there is none
+
+    Steps setLayoutData(size_t keys, const std::string& fontPath, const std::string& font) const;
+    static Steps setLayoutDataWithoutFile(size_t keys);
+
+    // colour as "red,green,blue,alpha"
+    Steps clear(const std::string& colour, bool flip) const;
+    Steps draw(const Keys& keys, const Keys& locked, bool flip) const;
+    static Steps drawWithoutFont();
+    Steps showHidden(const Keys& keys, const Keys& locked) const;
+    static Steps showShown();
+    Steps hideShown() const;
+    static Steps hideHidden();
+
+    Steps setfocus(const Keys& keys, const Keys& locked, const vkb::Button_t& key) const;
+    Steps setfocusWithoutFont(const vkb::Button_t& key) const;
+    Steps setLocked(const Keys& keys, const Keys& locked) const;
+    Steps setLockedWithoutFont() const;
+    Steps press(const vkb::Button_t& key) const;
+    Steps pressed(const vkb::Button_t& key) const;
+
+private:
+    Step call(const std::string& call, const std::string& checkedAs) const;
+    Steps colour(const std::string& variable, const std::string& colour) const;
+    Steps onRect(const std::string& method, const vkb::Rect_t& rect,
+                 const std::string& expressions) const;
+    Steps lines(const vkb::Rect_t& rect, const std::vector<std::string>& ends) const;
+    Steps face(const vkb::Button_t& key, const std::string& fill) const;
+    Steps normalKey(const vkb::Button_t& key) const;
+    Steps sunkenKey(const vkb::Button_t& key) const;
+    Steps frame(const vkb::Button_t& key) const;
+    Steps flipWhole() const;
+    Steps flipKey(const vkb::Button_t& key) const;
+
+    std::string m_surface;
+    int m_fontHeight;
+};
+
+} // namespace steps
+
+#endif

@@ -1,0 +1,45 @@
+#ifndef TESTS_UNIT_STEPS_H
+#define TESTS_UNIT_STEPS_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "keyboard_types.h"
+#include "trace.h"
+
+// What the keyboard is expected to do, built step by step from what each operation promises.
+
+namespace steps
+{
+
+// One line of the trace. For a checked DirectFB call also the text that is reported when the call
+// fails; empty for log lines and for calls whose results are ignored.
+struct Step {
+    std::string line;
+    std::string checkedAs;
+};
+using Steps = std::vector<Step>;
+using Keys = std::vector<velmora::browser::vkb::Button_t>;
+
+Steps operator+(Steps first, const Steps& second);
+test_support::Lines linesOf(const Steps& steps);
+
+// Level words of the platform's log, and a log line as one step.
+const uint32_t kError = 0x5F03E8;
+const uint32_t kResult = 0x5F0BB8;
+const uint32_t kTrace = 0x5F0FA0;
+const uint32_t kDetail = 0x5F1388;
+Steps logged(const std::string& file, uint32_t level, const std::string& function,
+             const std::string& message);
+
+// A key that the renderer can paint; all else is zero.
+velmora::browser::vkb::Button_t key(const std::string& text,
+                                    const velmora::browser::vkb::Rect_t& rect);
+
+// Takes the trace and compares it; tells the first line that differs.
+void expectTrace(const Steps& expected);
+
+} // namespace steps
+
+#endif
