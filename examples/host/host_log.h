@@ -1,0 +1,15 @@
+#ifndef HOST_LOG_H
+#define HOST_LOG_H
+
+#include <string>
+
+namespace host
+{
+
+// From now on the keyboard's log lines are appended to this file; before, or without it, they
+// are not written at all. Returns false when the file cannot be opened.
+bool openLog(const std::string& file);
+
+} // namespace host
+
+#endif

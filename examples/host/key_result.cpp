@@ -1,0 +1,73 @@
+#include "key_result.h"
+
+#include <unistr.h>
+
+#include "text_line.h"
+
+namespace host
+{
+
+namespace
+{
+
+struct ActionOfCode {
+    int32_t keyCode; // the browser's key event code
+    KeyAction action;
+};
+
+const ActionOfCode kActions[] = {
+    {8, KeyAction::EraseBefore}, {9, KeyAction::Ignore},     {12, KeyAction::Clear},
+    {13, KeyAction::Submit},     {37, KeyAction::CaretLeft}, {39, KeyAction::CaretRight},
+    {46, KeyAction::EraseAfter},
+};
+
+} // namespace
+
+KeyAction keyAction(int32_t keyCode)
+{
+    for (const ActionOfCode& entry : kActions)
+        if (entry.keyCode == keyCode)
+            return entry.action;
+    return KeyAction::Insert;
+}
+
+std::string keyText(int32_t character, const std::string& text)
+{
+    if (character <= 0)
+        return text;
+    uint8_t utf8[6];
+    const int length = u8_uctomb(utf8, static_cast<ucs4_t>(character), sizeof utf8);
+    return length > 0 ? std::string(reinterpret_cast<const char*>(utf8), size_t(length)) : text;
+}
+
+KeyAction applyKeyResult(int32_t keyCode, int32_t character, const std::string& text,
+                         TextLine& line)
+{
+    const KeyAction action = keyAction(keyCode);
+    switch (action) {
+    case KeyAction::Insert:
+        line.insert(keyText(character, text));
+        break;
+    case KeyAction::EraseBefore:
+        line.eraseBefore();
+        break;
+    case KeyAction::EraseAfter:
+        line.eraseAfter();
+        break;
+    case KeyAction::Clear:
+        line.clear();
+        break;
+    case KeyAction::CaretLeft:
+        line.moveLeft();
+        break;
+    case KeyAction::CaretRight:
+        line.moveRight();
+        break;
+    case KeyAction::Submit:
+    case KeyAction::Ignore:
+        break;
+    }
+    return action;
+}
+
+} // namespace host

@@ -1,0 +1,50 @@
+#ifndef SCREEN_H
+#define SCREEN_H
+
+#include <string>
+
+#include <directfb.h>
+
+#include "picture.h"
+
+namespace host
+{
+
+// DirectFB as a host opens it, once in a process. Nothing here is released: DirectFB 1.7's
+// Release may wait for ever once a keyboard was cancelled, so the process just ends.
+class Screen
+{
+public:
+    // options: pairs of DirectFB's option names and values, ended by a null name; they go before
+    // those of DFBARGS. Ends the process with DirectFB's own message when there is no screen.
+    struct Option {
+        const char* name;
+        const char* value; // null: a switch
+    };
+    explicit Screen(const Option* options);
+
+    IDirectFB* directFB() const { return m_dfb; }
+    IDirectFBDisplayLayer* layer() const { return m_layer; }
+
+    // What a viewer sees in this part of the screen, all windows included.
+    Picture picture(const DFBRectangle& area) const;
+
+    // An off-screen surface, opaque or with alpha as the format says; the caller releases it.
+    IDirectFBSurface* createSurface(int width, int height) const;
+
+private:
+    IDirectFB* m_dfb = nullptr;
+    IDirectFBDisplayLayer* m_layer = nullptr;
+    IDirectFBSurface* m_shown = nullptr; // the layer's own surface, on which windows are put
+};
+
+// The pixels of a surface in ARGB.
+Picture pictureOf(IDirectFBSurface* surface);
+
+// The font that the keyboard will use: the environment's, the television's or, where neither
+// exists, DejaVu Sans, which is then put into the environment. Empty when there is none.
+std::string chooseFont();
+
+} // namespace host
+
+#endif

@@ -1,0 +1,86 @@
+#include "text_field.h"
+
+#include <algorithm>
+
+#include "directfb_check.h"
+#include "text_line.h"
+
+namespace host
+{
+
+using velmora::browser::vkb::checkDirectFB;
+
+namespace
+{
+
+const int kLabelSize = 24;
+const int kTextSize = 40;
+const int kMargin = 4;
+const int kBoxTop = 40;
+const int kBoxHeight = 72;
+const int kInset = 16;
+const int kCaretWidth = 3;
+
+IDirectFBFont* loadFont(IDirectFB* dfb, const std::string& file, int size)
+{
+    DFBFontDescription description = {};
+    description.flags = DFDESC_HEIGHT;
+    description.height = size;
+    IDirectFBFont* font = nullptr;
+    checkDirectFB(dfb->CreateFont(dfb, file.c_str(), &description, &font), file.c_str());
+    return font;
+}
+
+void fill(IDirectFBSurface* surface, const DFBRectangle& area, u8 grey)
+{
+    surface->SetColor(surface, grey, grey, grey, 0xFF);
+    surface->FillRectangle(surface, area.x, area.y, area.w, area.h);
+}
+
+void write(IDirectFBSurface* surface, IDirectFBFont* font, const std::string& text, int x, int y)
+{
+    surface->SetFont(surface, font);
+    surface->DrawString(surface, text.c_str(), -1, x, y, DSTF_TOPLEFT);
+}
+
+} // namespace
+
+TextField::TextField(IDirectFB* dfb, const std::string& font, const std::string& label)
+    : m_small(loadFont(dfb, font, kLabelSize)), m_large(loadFont(dfb, font, kTextSize)),
+      m_label(label)
+{
+}
+
+int TextField::widthOf(const std::string& text) const
+{
+    int width = 0;
+    m_large->GetStringWidth(m_large, text.c_str(), -1, &width);
+    return width;
+}
+
+void TextField::draw(IDirectFBSurface* surface, const TextLine& line, int y, bool entered) const
+{
+    int width = 0;
+    surface->GetSize(surface, &width, nullptr);
+    fill(surface, {0, y, width, kHeight}, 0x00);
+    surface->SetColor(surface, 0xB0, 0xB0, 0xB0, 0xFF);
+    write(surface, m_small, m_label, kMargin, y + kMargin);
+
+    const DFBRectangle border = {kMargin, y + kBoxTop, width - 2 * kMargin, kBoxHeight};
+    const DFBRectangle box = {border.x + 2, border.y + 2, border.w - 4, border.h - 4};
+    fill(surface, border, entered ? 0xF0 : 0x60);
+    fill(surface, box, 0x28);
+
+    const int room = box.w - 2 * kInset - kCaretWidth;
+    const int caret = widthOf(line.beforeCaret());
+    const int left = box.x + kInset - std::max(0, caret - room);
+    const DFBRegion clip = {box.x + kInset, box.y, box.x + box.w - kInset, box.y + box.h - 1};
+    surface->SetClip(surface, &clip);
+    surface->SetColor(surface, 0xFF, 0xFF, 0xFF, 0xFF);
+    write(surface, m_large, line.text(), left, box.y + kInset / 2);
+    if (entered)
+        fill(surface, {left + caret, box.y + kInset / 2, kCaretWidth, box.h - kInset}, 0xFF);
+    surface->SetClip(surface, nullptr);
+}
+
+} // namespace host

@@ -1,0 +1,105 @@
+#include "text_line.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+
+#include <unigbrk.h>
+#include <uninorm.h>
+#include <unistr.h>
+#include <uniwidth.h>
+
+namespace host
+{
+
+namespace
+{
+
+const uint8_t* bytes(const std::string& text)
+{
+    return reinterpret_cast<const uint8_t*>(text.data());
+}
+
+std::string normalized(uninorm_t form, const std::string& utf8)
+{
+    size_t length = 0;
+    const std::unique_ptr<uint8_t, decltype(&std::free)> result(
+        u8_normalize(form, bytes(utf8), utf8.size(), nullptr, &length), &std::free);
+    return result ? std::string(reinterpret_cast<const char*>(result.get()), length) : "";
+}
+
+bool isValid(const std::string& utf8)
+{
+    return u8_check(bytes(utf8), utf8.size()) == nullptr;
+}
+
+} // namespace
+
+void TextLine::insert(const std::string& utf8)
+{
+    if (!isValid(utf8))
+        return;
+    const std::string before = composed(m_text.substr(0, m_caret) + utf8);
+    m_text = before + m_text.substr(m_caret);
+    m_caret = before.size();
+}
+
+void TextLine::eraseBefore()
+{
+    ucs4_t character = 0;
+    const uint8_t* start = bytes(m_text);
+    const uint8_t* previous = u8_prev(&character, start + m_caret, start);
+    if (previous == nullptr)
+        return;
+    const size_t from = static_cast<size_t>(previous - start);
+    m_text.erase(from, m_caret - from);
+    m_caret = from;
+}
+
+void TextLine::eraseAfter()
+{
+    m_text.erase(m_caret, nextCharacter() - m_caret);
+}
+
+void TextLine::moveLeft()
+{
+    const uint8_t* start = bytes(m_text);
+    const uint8_t* previous = u8_grapheme_prev(start + m_caret, start);
+    if (previous != nullptr)
+        m_caret = static_cast<size_t>(previous - start);
+}
+
+void TextLine::moveRight()
+{
+    m_caret = nextCharacter();
+}
+
+void TextLine::clear()
+{
+    m_text.clear();
+    m_caret = 0;
+}
+
+size_t TextLine::nextCharacter() const
+{
+    const uint8_t* start = bytes(m_text);
+    const uint8_t* next = u8_grapheme_next(start + m_caret, start + m_text.size());
+    return next == nullptr ? m_caret : static_cast<size_t>(next - start);
+}
+
+int columns(const std::string& utf8)
+{
+    return u8_width(bytes(utf8), utf8.size(), "UTF-8");
+}
+
+std::string composed(const std::string& utf8)
+{
+    return normalized(UNINORM_NFC, utf8);
+}
+
+std::string decomposed(const std::string& utf8)
+{
+    return normalized(UNINORM_NFD, utf8);
+}
+
+} // namespace host

@@ -1,0 +1,181 @@
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <memory>
+
+#include <fcntl.h>
+#include <time.h>
+#include <unistd.h>
+
+#include "host_log.h"
+#include "screen.h"
+
+#include "interactive.h"
+#include "keyboard_host.h"
+#include "keyboard_model.h"
+#include "options.h"
+#include "planner.h"
+#include "recorder.h"
+#include "session.h"
+#include "terminal_mode.h"
+#include "terminal_view.h"
+
+using namespace host;
+
+namespace
+{
+
+const int kGivenUp = 1;
+const int kCannotRun = 2;
+
+const char kCatalogue[] = "/usr/local/opt/nerovista/resources/oskeyboard_config/Language_Name.json";
+
+int fail(const std::string& message)
+{
+    std::fprintf(stderr, "terminal_host: %s\n", message.c_str());
+    return kCannotRun;
+}
+
+std::string describe(const std::string& character)
+{
+    return character == "\n" ? "a line end" : "'" + character + "'";
+}
+
+std::string whyNot(const Plan& plan, const KeyboardModel& model)
+{
+    std::string names;
+    for (const Layout& layout : model.layouts())
+        names += (names.empty() ? "" : ", ") + layout.name;
+    const std::string found = plan.obstacle.empty() ? "no way to an Enter key"
+                                                    : "no way to type " + describe(plan.obstacle);
+    return "--type: " + found + ", expected characters of the installed layouts (" + names +
+           "); install the layout that has it";
+}
+
+// Whether this terminal can be drawn on; says why not.
+bool canDraw(std::string& why)
+{
+    const char* kind = std::getenv("TERM");
+    if (kind != nullptr && *kind != '\0' && std::strcmp(kind, "dumb") != 0)
+        return true;
+    why = std::string("TERM: found ") +
+          (kind == nullptr ? "nothing" : "'" + std::string(kind) + "'") +
+          ", expected a terminal that can move its cursor, such as xterm; "
+          "use --type TEXT to type without one";
+    return false;
+}
+
+// The terminal that keys come from, to draw on; -1 when standard input is none.
+int openTerminal()
+{
+    const char* name = ::ttyname(STDIN_FILENO);
+    return name == nullptr ? -1 : ::open(name, O_RDWR | O_NOCTTY | O_CLOEXEC);
+}
+
+void pause(int milliseconds)
+{
+    timespec rest = {milliseconds / 1000, milliseconds % 1000 * 1000000L};
+    while (::nanosleep(&rest, &rest) != 0)
+        continue;
+}
+
+bool play(const Plan& plan, Session& session, bool isSeen, int delay)
+{
+    session.draw();
+    session.record(delay);
+    for (const Press press : plan.presses) {
+        if (isSeen)
+            pause(delay);
+        if (session.press(press, delay) == Session::Progress::Submitted)
+            return true;
+    }
+    return false;
+}
+
+int printPlan(const Plan& plan)
+{
+    for (const Press press : plan.presses)
+        std::puts(pressName(press));
+    return 0;
+}
+
+int run(const Options& options)
+{
+    if (!options.log.empty() && !openLog(options.log))
+        return fail(options.log + ": cannot be opened for the log: " + std::strerror(errno));
+
+    const KeyboardModel model(installedLayouts());
+    Plan plan;
+    if (options.type && !model.layouts().empty()) {
+        plan = planTyping(model, KeyboardState(), *options.type);
+        if (!plan.possible)
+            return fail(whyNot(plan, model));
+    }
+    const std::string noLayouts =
+        std::string(kCatalogue) +
+        ": found no layouts, expected a catalogue that lists them; "
+        "`make install` puts it there, scripts/terminal_host runs without";
+    if (model.layouts().empty())
+        return fail(noLayouts);
+    if (options.plan)
+        return printPlan(plan);
+
+    const int terminal = openTerminal();
+    std::string why = "standard input: found no terminal, expected one to read keys from; "
+                      "use --type TEXT to type without one";
+    const bool isSeen = terminal >= 0 && canDraw(why) && options.picture != PictureMode::None;
+    if (!isSeen && !options.type)
+        return fail(why);
+    const std::string font = chooseFont();
+    if (font.empty())
+        return fail("VIRTUAL_KEYBOARD_FONT_PATH: found no font file, expected the path of a "
+                    "TrueType font; install the package fonts-dejavu-core or set another");
+
+    std::unique_ptr<Recorder> recorder;
+    if (!options.record.empty())
+        recorder = makeRecorder(options.record);
+    KeyboardHost keyboard;
+    if (!keyboard.start())
+        return fail(noLayouts);
+
+    bool submitted = false;
+    std::string text;
+    {
+        std::unique_ptr<TerminalMode> mode;
+        std::unique_ptr<TerminalView> view;
+        if (isSeen) {
+            mode = std::make_unique<TerminalMode>(terminal);
+            view = std::make_unique<TerminalView>(terminal, options.picture);
+        }
+        Session session(keyboard, model, view.get(), recorder.get(), font);
+        submitted = options.type ? play(plan, session, isSeen, options.delay)
+                                 : typeByHand(terminal, *mode, *view, keyboard, session);
+        text = session.text();
+    }
+    keyboard.cancel();
+    if (recorder)
+        recorder->finish();
+    if (!submitted)
+        return kGivenUp;
+    std::puts(text.c_str());
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    int status = 0;
+    const std::optional<Options> options = readOptions(argc, argv, status);
+    if (!options)
+        return status;
+    try {
+        status = run(*options);
+    } catch (const std::exception& error) {
+        status = fail(error.what());
+    }
+    if (std::fflush(stdout) != 0)
+        return fail(std::string("standard output: ") + std::strerror(errno));
+    return status;
+}

@@ -1,0 +1,30 @@
+#ifndef PLANNER_H
+#define PLANNER_H
+
+#include <string>
+#include <vector>
+
+#include "keyboard_model.h"
+
+namespace host
+{
+
+struct Plan {
+    std::vector<Press> presses; // the last one presses the Enter key
+
+    // When there is no way, the first character that cannot be typed; empty when the text can be
+    // typed and only the Enter key is out of reach.
+    bool possible = false;
+    std::string obstacle;
+};
+
+// The fewest presses that type the text (UTF-8) from this state and submit it, over arrows, OK,
+// Shift, Alt and the language key. Breadth-first over how far the text is typed together with
+// the keyboard's state, so the whole way is the shortest, not each letter's alone.
+Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std::string& text);
+
+const char* pressName(Press press);
+
+} // namespace host
+
+#endif

@@ -1,0 +1,26 @@
+#include "png_recorder.h"
+
+#include <cstdio>
+#include <stdexcept>
+
+#include <png.h>
+
+namespace host
+{
+
+void PngRecorder::add(const Picture& frame, int)
+{
+    char number[16];
+    std::snprintf(number, sizeof number, "-%03d.png", ++m_frames);
+    const std::string file = m_prefix + number;
+
+    png_image image = {};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = static_cast<png_uint_32>(frame.width);
+    image.height = static_cast<png_uint_32>(frame.height);
+    image.format = PNG_FORMAT_RGBA;
+    if (png_image_write_to_file(&image, file.c_str(), 0, frame.rgba.data(), 0, nullptr) == 0)
+        throw std::runtime_error(file + ": cannot be written: " + image.message);
+}
+
+} // namespace host

@@ -1,0 +1,26 @@
+#ifndef PNG_RECORDER_H
+#define PNG_RECORDER_H
+
+#include <string>
+
+#include "recorder.h"
+
+namespace host
+{
+
+class PngRecorder : public Recorder
+{
+public:
+    explicit PngRecorder(const std::string& prefix) : m_prefix(prefix) {}
+
+    void add(const Picture& frame, int milliseconds) override;
+    void finish() override {}
+
+private:
+    std::string m_prefix;
+    int m_frames = 0;
+};
+
+} // namespace host
+
+#endif

@@ -1,0 +1,54 @@
+#ifndef SESSION_H
+#define SESSION_H
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+#include "text_field.h"
+#include "text_line.h"
+
+#include "keyboard_host.h"
+#include "keyboard_model.h"
+#include "recorder.h"
+#include "terminal_view.h"
+
+namespace host
+{
+
+// One text field with its keyboard, from the first press to the submitted or given up text.
+class Session
+{
+public:
+    enum class Progress { Goes, Submitted };
+
+    // Everything is lent; view and recorder may be null.
+    Session(KeyboardHost& keyboard, const KeyboardModel& model, TerminalView* view,
+            Recorder* recorder, const std::string& font);
+
+    // milliseconds: how long what this press shows stays, for the recording.
+    Progress press(Press press, int milliseconds);
+
+    void hideKeyboard();
+    void showKeyboard();
+    void draw();
+    void record(int milliseconds);
+
+    const std::string& text() const { return m_line.text(); }
+
+private:
+    std::string status() const;
+    std::vector<Label> labels() const;
+
+    KeyboardHost& m_keyboard;
+    const KeyboardModel& m_model;
+    TerminalView* m_view;
+    Recorder* m_recorder;
+    TextField m_field;
+    TextLine m_line;
+    KeyboardState m_state;
+};
+
+} // namespace host
+
+#endif
