@@ -1,11 +1,10 @@
 // One arrow key after another, on DirectFB itself.
 //
-// Usage: focus_move KEYS keyboard|replay|allocations    (reports on file descriptor 3)
+// Usage: focus_move KEYS instructions|allocations    (reports on file descriptor 3)
 //
-//   keyboard     under callgrind: counts the instructions of onKeyEvent(39)
-//   replay       under callgrind: the same DirectFB calls, recorded from one arrow key before,
-//                and nothing around them
-//   allocations  counts heap allocations of both, without a locked key and with one
+//   instructions  under callgrind: dumps the counts of onKeyEvent(39), and then those of the same
+//                 DirectFB calls, recorded from an arrow key before, with nothing around them
+//   allocations   counts heap allocations of both, without a locked key and with one
 #include <cstdlib>
 #include <cstring>
 
@@ -73,7 +72,7 @@ int main(int argc, char** argv)
 {
     const int keys = argc == 3 ? std::atoi(argv[1]) : 0;
     if (keys < 1)
-        fail("usage: focus_move KEYS keyboard|replay|allocations");
+        fail("usage: focus_move KEYS instructions|allocations");
     const std::string mode = argv[2];
 
     test_support::LayoutFolder folder;
@@ -100,15 +99,14 @@ int main(int argc, char** argv)
     bench::report("calls", static_cast<long>(calls.size()));
     bench::report("steps", kSteps);
 
-    if (mode == "keyboard") {
+    if (mode == "instructions") {
         CALLGRIND_START_INSTRUMENTATION;
         for (int i = 0; i < kSteps; ++i)
             core->onKeyEvent(kRight);
-        CALLGRIND_STOP_INSTRUMENTATION;
-    } else if (mode == "replay") {
-        CALLGRIND_START_INSTRUMENTATION;
+        CALLGRIND_DUMP_STATS_AT("keyboard");
         for (int i = 0; i < kSteps; ++i)
             bench::replay(surface, calls);
+        CALLGRIND_DUMP_STATS_AT("calls-alone");
         CALLGRIND_STOP_INSTRUMENTATION;
     } else if (mode == "allocations") {
         reportAllocations("unlocked", *core, surface);
@@ -119,7 +117,7 @@ int main(int argc, char** argv)
         reportAllocations("locked-first", *core, surface);
         reportAllocations("locked", *core, surface);
     } else {
-        fail("the mode is keyboard, replay or allocations");
+        fail("the mode is instructions or allocations");
     }
     _exit(0);
 }

@@ -2,6 +2,7 @@
 // go to standard output, so the results go to a file: --benchmark_out=FILE.
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <string>
@@ -61,6 +62,8 @@ void loadByLibraryAlone(benchmark::State& state)
 struct Start {
     double secondsUntilShown = 0; // 0: it was never shown
     long residentKiB = 0;
+    long residentBeforeArrows = 0;
+    long residentAfterArrows = 0;
 };
 
 // Starts a program and reads what it reports, to its end.
@@ -94,6 +97,8 @@ Start start(const std::string& program, std::vector<std::string> arguments)
             result.secondsUntilShown = time.count();
         }
         std::sscanf(line, "resident %ld", &result.residentKiB);
+        std::sscanf(line, "resident-before-arrows %ld", &result.residentBeforeArrows);
+        std::sscanf(line, "resident-after-arrows %ld", &result.residentAfterArrows);
     }
     std::fclose(reports);
     if (error == 0)
@@ -131,11 +136,35 @@ void startBare(benchmark::State& state)
     timeStarts(state, START_BARE, {"803", "255"});
 }
 
+void startCalls(benchmark::State& state)
+{
+    const char* font = std::getenv("VIRTUAL_KEYBOARD_FONT_PATH");
+    timeStarts(state, START_BARE, {"803", "255", "70", font == nullptr ? "" : font});
+}
+
+// Few keys, as the drawing takes nearly all of an arrow key's time.
+void pressArrows(benchmark::State& state)
+{
+    LayoutFolder folder;
+    bench::writeLayout(folder, 4);
+    for (auto _ : state) {
+        const Start one = start(START_KEYBOARD, {std::to_string(state.range(0))});
+        if (one.residentBeforeArrows <= 0 || one.residentAfterArrows <= 0) {
+            state.SkipWithError("the program did not come to its end");
+            break;
+        }
+        state.counters["before_KiB"] = static_cast<double>(one.residentBeforeArrows);
+        state.counters["after_KiB"] = static_cast<double>(one.residentAfterArrows);
+    }
+}
+
 } // namespace
 
 BENCHMARK(loadByKeyboard)->Arg(70)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(loadByLibraryAlone)->Arg(70)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(startKeyboard)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(startCalls)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(startBare)->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(pressArrows)->Arg(100000)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 BENCHMARK_MAIN();
