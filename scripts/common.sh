@@ -1,0 +1,22 @@
+# shellcheck shell=bash
+# What every script here shares; to be sourced.
+set -euo pipefail
+
+# The top folder of the sources.
+# shellcheck disable=SC2034 # used by the scripts that source this
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+say() { printf '%s\n' "$*"; }
+
+# die MESSAGE [WHAT TO DO]...
+die() {
+    printf '%s: %s\n' "$(basename "$0")" "$1" >&2
+    shift
+    (($# == 0)) || printf '  %s\n' "$@" >&2
+    exit 1
+}
+
+# True when version $1 is at least version $2.
+version_at_least() {
+    [ "$(printf '%s\n' "$2" "$1" | sort -V | head -n 1)" = "$2" ]
+}
