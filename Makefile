@@ -1,0 +1,44 @@
+# The door: every command for people stands here. CMake does the building behind it
+# (CMakePresets.json), and the scripts in scripts/ do the rest.
+
+PREFIX ?= /usr/local
+DESTDIR ?=
+export PREFIX DESTDIR
+
+.PHONY: help run run-screen test install format coverage bench test-arm clean keyboard everything
+
+help: ## This list
+	@sed -n 's/^\([a-z-]*\):.*## /\1 - /p' Makefile | while IFS= read -r line; do \
+		printf '  make %-12s %s\n' "$${line%% - *}" "$${line#* - }"; done
+
+run: keyboard ## Try the keyboard; without a terminal, a tour with pictures in build/run/
+	@scripts/run
+
+run-screen: keyboard ## The keyboard on a 1920 by 1080 screen, with the test driver's loop
+	@scripts/run-screen
+
+test: everything ## Build everything and run all tests
+	@scripts/test default
+
+install: keyboard ## Install to PREFIX (/usr/local) below DESTDIR; layouts to their fixed path
+	@scripts/install
+
+format: ## Format the C++ sources
+	@scripts/install-packages test
+	@scripts/format
+
+coverage: ## Which lines of src/os_keyboard the tests run; fails below all
+	@scripts/install-packages build run tools examples test
+	@scripts/build coverage
+	@scripts/coverage
+
+clean: ## Delete everything that was built
+	rm -rf build
+
+keyboard:
+	@scripts/install-packages build run
+	@scripts/build keyboard
+
+everything:
+	@scripts/install-packages build run tools examples test
+	@scripts/build default
