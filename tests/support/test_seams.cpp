@@ -1,8 +1,10 @@
 // Replaces a few calls of the C library, so that a test can give a program its own layout files
-// and fonts, make a file unreadable, and let it sleep in no time. README.md lists the variables.
+// and fonts, make a file unreadable, let it sleep in no time and stop its clock. README.md lists
+// the variables.
 
 #include <cerrno>
 #include <cstdarg>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -10,6 +12,8 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/auxv.h>
+#include <time.h>
 #include <unistd.h>
 
 namespace
@@ -77,21 +81,47 @@ mode_t modeArgument(int flags, va_list arguments)
     return (flags & (O_CREAT | __O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
 }
 
-bool sleepIsReplaced(const char* call, unsigned int amount)
+// Pauses and clock readings of the libraries are left alone: DirectFB has its own.
+bool calledByProgram(const void* return_address)
+{
+    Dl_info caller = {};
+    Dl_info program = {};
+    return ::dladdr(return_address, &caller) != 0 &&
+           ::dladdr(reinterpret_cast<const void*>(::getauxval(AT_ENTRY)), &program) != 0 &&
+           caller.dli_fbase == program.dli_fbase;
+}
+
+// The file for the record when it is asked for, otherwise null.
+const char* recordFile(const void* return_address)
 {
     const char* file = std::getenv("VKB_TEST_SLEEPS");
-    if (file == nullptr)
-        return false;
+    return file != nullptr && calledByProgram(return_address) ? file : nullptr;
+}
 
+// One write per line, so that a line stays whole also among the lines of another writer.
+void record(const char* file, const std::string& what)
+{
+    const std::string line = what + "\n";
     const int descriptor = next<int(int, const char*, int, ...)>("openat")(
-        AT_FDCWD, file, O_WRONLY | O_CREAT | O_APPEND, 0644);
-    if (descriptor < 0 || ::dprintf(descriptor, "%s %u\n", call, amount) < 0) {
+        AT_FDCWD, file, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
+    if (descriptor < 0 ||
+        ::write(descriptor, line.data(), line.size()) != static_cast<ssize_t>(line.size())) {
         std::fprintf(stderr, "VKB_TEST_SLEEPS: %s: cannot be written: %s\n", file,
                      std::strerror(errno));
         std::abort();
     }
     ::close(descriptor);
-    return true;
+}
+
+// What a stopped clock shows: any time will do, and only recorded sleeps move it.
+timespec g_stopped_clock = {1000, 0};
+
+void recordSleep(const char* file, const char* call, unsigned int amount, int64_t nanoseconds)
+{
+    const int64_t sum = g_stopped_clock.tv_nsec + nanoseconds;
+    g_stopped_clock.tv_sec += static_cast<time_t>(sum / 1000000000);
+    g_stopped_clock.tv_nsec = static_cast<long>(sum % 1000000000);
+    record(file, std::string(call) + " " + std::to_string(amount));
 }
 
 } // namespace
@@ -147,15 +177,31 @@ int access(const char* path, int mode) noexcept
 
 int usleep(useconds_t microseconds)
 {
-    if (sleepIsReplaced("usleep", microseconds))
-        return 0;
-    return next<int(useconds_t)>("usleep")(microseconds);
+    const char* file = recordFile(__builtin_return_address(0));
+    if (file == nullptr)
+        return next<int(useconds_t)>("usleep")(microseconds);
+    recordSleep(file, "usleep", microseconds, int64_t(microseconds) * 1000);
+    return 0;
 }
 
 unsigned int sleep(unsigned int seconds)
 {
-    if (sleepIsReplaced("sleep", seconds))
-        return 0;
-    return next<unsigned int(unsigned int)>("sleep")(seconds);
+    const char* file = recordFile(__builtin_return_address(0));
+    if (file == nullptr)
+        return next<unsigned int(unsigned int)>("sleep")(seconds);
+    recordSleep(file, "sleep", seconds, int64_t(seconds) * 1000000000);
+    return 0;
+}
+
+int clock_gettime(clockid_t clock, timespec* now) noexcept
+{
+    const char* file = std::getenv("VKB_TEST_CLOCK") != nullptr && clock == CLOCK_MONOTONIC
+                           ? recordFile(__builtin_return_address(0))
+                           : nullptr;
+    if (file == nullptr)
+        return next<int(clockid_t, timespec*)>("clock_gettime")(clock, now);
+    record(file, "clock");
+    *now = g_stopped_clock;
+    return 0;
 }
 }

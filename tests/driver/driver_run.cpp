@@ -1,0 +1,113 @@
+#include "driver_run.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+
+#include <json/json.h>
+
+#include "grid_layout.h"
+
+using test_process::Command;
+
+namespace
+{
+
+const char* const kDisplay = "system=dummy,mode=1920x1080,quiet,no-cursor";
+
+// Another build of the driver can be put in its place: the fault tests do.
+std::string driverProgram()
+{
+    const char* other = std::getenv("VKB_TEST_OTHER_DRIVER");
+    return other != nullptr ? other : VKB_TEST_DRIVER;
+}
+
+Json::Value shippedCatalogue()
+{
+    const std::string file = shippedFile("Language_Name.json");
+    std::ifstream stream(file);
+    Json::Value catalogue;
+    Json::CharReaderBuilder reader;
+    std::string errors;
+    if (!Json::parseFromStream(reader, stream, &catalogue, &errors))
+        throw std::runtime_error(file + ": " + errors);
+    return catalogue;
+}
+
+} // namespace
+
+void TestPlace::putGridLayouts(const std::vector<std::string>& names)
+{
+    m_folder.writeCatalogue(grid_layout::catalogue(names));
+    for (const std::string& name : names)
+        m_folder.writeKeyMap(name, grid_layout::keyMap(name));
+}
+
+void TestPlace::putShippedLayouts(const std::string& first)
+{
+    std::vector<std::string> names = shippedLayoutNames();
+    std::rotate(names.begin(), std::find(names.begin(), names.end(), first), names.end());
+
+    Json::Value catalogue = shippedCatalogue();
+    catalogue["language"] = Json::Value(Json::arrayValue);
+    for (const std::string& name : names) {
+        catalogue["language"].append(name);
+        m_folder.linkFile(test_support::LayoutFolder::keyMapPath(name),
+                          shippedFile("Language_" + name + ".json"));
+    }
+    m_folder.writeCatalogue(catalogue.toStyledString());
+}
+
+void TestPlace::putFonts()
+{
+    for (const char* folder : {"/usr/local/opt/font", "/opt/font"})
+        m_folder.linkFile(std::string(folder) + "/TarvoL2700.ttf", testFont());
+}
+
+std::string testFont()
+{
+    return VKB_TEST_FONT;
+}
+
+std::string shippedFile(const std::string& name)
+{
+    return std::string(VKB_TEST_LAYOUTS) + "/" + name;
+}
+
+std::vector<std::string> shippedLayoutNames()
+{
+    std::vector<std::string> names;
+    const Json::Value catalogue = shippedCatalogue();
+    for (const Json::Value& name : catalogue["language"])
+        names.push_back(name.asString());
+    return names;
+}
+
+Command driverCommandInRealTime(const TestPlace& place, const std::vector<std::string>& arguments)
+{
+    Command command;
+    command.words = {driverProgram()};
+    command.words.insert(command.words.end(), arguments.begin(), arguments.end());
+    command.environment = {{"DFBARGS", kDisplay}, {"VKB_TEST_ROOT", place.root()}};
+    command.preload = {VKB_TEST_SEAMS};
+    return command;
+}
+
+Command driverCommand(const TestPlace& place, const std::vector<std::string>& arguments)
+{
+    Command command = driverCommandInRealTime(place, arguments);
+    command.environment["VKB_TEST_SLEEPS"] = "/dev/stdout";
+    command.environment["VKB_TEST_CLOCK"] = "1";
+    return command;
+}
+
+Command driverCommandTraced(const TestPlace& place, const std::vector<std::string>& arguments,
+                            const std::string& failing_call, int number)
+{
+    Command command = driverCommand(place, arguments);
+    command.preload.push_back(VKB_TEST_TRACE_LIBRARY);
+    if (!failing_call.empty())
+        command.environment["VKB_TEST_FAIL"] = failing_call + " " + std::to_string(number);
+    return command;
+}

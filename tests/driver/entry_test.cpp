@@ -1,0 +1,247 @@
+// The driver's entry: arguments, usage texts, the display it opens and closes.
+
+#include <sstream>
+
+#include <gmock/gmock.h>
+
+#include "driver_run.h"
+#include "transcript.h"
+
+using namespace transcript;
+using test_process::Process;
+using test_process::Result;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace
+{
+
+const int kExitOfMinusOne = 255;
+
+// A display that is not told to be quiet says that it starts.
+test_process::Command talkingDriver(const TestPlace& place, const std::vector<std::string>& words)
+{
+    test_process::Command command = driverCommand(place, words);
+    command.environment["DFBARGS"] = "system=dummy,mode=1920x1080,no-cursor";
+    return command;
+}
+
+Result runDriver(const std::vector<std::string>& words)
+{
+    TestPlace place;
+    return test_process::run(talkingDriver(place, words));
+}
+
+Lines traceOf(const std::string& output)
+{
+    Lines lines;
+    std::istringstream stream(output);
+    for (std::string line; std::getline(stream, line);)
+        if (line.rfind("dfb ", 0) == 0)
+            lines.push_back(line);
+    return lines;
+}
+
+std::string head(int count, int line, const std::string& mode)
+{
+    return mainLine(56, "argc:" + std::to_string(count)) + "\n" + mainLine(line, "mod:" + mode) +
+           "\n";
+}
+
+} // namespace
+
+TEST(Entry, NoArgumentsPrintsGeneralUsageWithoutTouchingTheDisplay)
+{
+    const Result result = runDriver({});
+    EXPECT_EQ(result.out, mainLine(56, "argc:1") + "\n" + generalUsage());
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
+}
+
+TEST(Entry, FiveArgumentsPrintGeneralUsage)
+{
+    const Result result = runDriver({"kb", "left", "3", "4"});
+    EXPECT_EQ(result.out, mainLine(56, "argc:5") + "\n" + generalUsage());
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
+}
+
+TEST(Entry, MoreThanFiveArgumentsPrintGeneralUsage)
+{
+    const Result result = runDriver({"kb", "left", "3", "4", "5", "6"});
+    EXPECT_EQ(result.out, mainLine(56, "argc:7") + "\n" + generalUsage());
+    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
+}
+
+TEST(Entry, LoneKbPrintsKbUsage)
+{
+    const Result result = runDriver({"kb"});
+    EXPECT_EQ(result.out, head(2, 61, "kb") + kbUsage("main_test.cpp", 34, "printusage_kb"));
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
+}
+
+TEST(Entry, LoneKbuiPrintsRendererUsage)
+{
+    const Result result = runDriver({"kbui"});
+    EXPECT_EQ(result.out, head(2, 61, "kbui") + uiUsage());
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
+}
+
+TEST(Entry, UsageExitsWithTheLogSwitchedOff)
+{
+    TestPlace place;
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{}, {"kb"}, {"kbui"}, {"a", "b", "c", "d"}}) {
+        test_process::Command command = talkingDriver(place, words);
+        command.environment["CSP_DEBUG_LEVEL"] = "0";
+        const Result result = test_process::run(command);
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.exit_status, kExitOfMinusOne);
+    }
+}
+
+TEST(Entry, LoneUnknownModeOpensTheDisplayAndRunsNoTest)
+{
+    const Result result = runDriver({"xyz"});
+    EXPECT_EQ(result.out, head(2, 61, "xyz"));
+    EXPECT_THAT(result.err, HasSubstr("DirectFB")) << "the display does not say that it starts";
+    EXPECT_EQ(result.exit_status, 0);
+}
+
+TEST(Entry, UnknownModeWithCommandRunsNoTest)
+{
+    const Result result = runDriver({"xyz", "show"});
+    EXPECT_EQ(result.out, head(3, 73, "xyz"));
+    EXPECT_EQ(result.exit_status, 0);
+}
+
+TEST(Entry, UnknownModeWithCommandAndParameterRunsNoTest)
+{
+    const Result result = runDriver({"xyz", "left", "3"});
+    EXPECT_EQ(result.out, head(4, 79, "xyz"));
+    EXPECT_EQ(result.exit_status, 0);
+}
+
+TEST(Entry, ModesAreCaseSensitiveAndMatchedWhole)
+{
+    for (const std::string mode : {"KB", "Kbui", "kbu", "kb ", ""}) {
+        const Result result = runDriver({mode});
+        EXPECT_EQ(result.out, head(2, 61, mode));
+        EXPECT_EQ(result.exit_status, 0);
+    }
+}
+
+TEST(Entry, ThreeArgumentsLogTheModeAtTheirOwnLine)
+{
+    const Result result = runDriver({"kbui", "unknown"});
+    EXPECT_THAT(reduce(result.out), ElementsAre(mainLine(56, "argc:3"), mainLine(73, "mod:kbui"),
+                                                kbUiLine("kb_ui_test", "cmd:unknown,param:")));
+    EXPECT_EQ(result.exit_status, 0);
+}
+
+TEST(Entry, FourArgumentsLogTheModeAtTheirOwnLine)
+{
+    const Result result = runDriver({"kbui", "unknown", "x y"});
+    EXPECT_THAT(reduce(result.out), ElementsAre(mainLine(56, "argc:4"), mainLine(79, "mod:kbui"),
+                                                kbUiLine("kb_ui_test", "cmd:unknown,param:x y")));
+    EXPECT_EQ(result.exit_status, 0);
+}
+
+TEST(Entry, WindowIsOpenedStepByStepThenClosed)
+{
+    TestPlace place;
+    const Result result = test_process::run(driverCommandTraced(place, {"xyz"}));
+    EXPECT_THAT(traceOf(result.out),
+                ElementsAre("dfb DirectFBInit 2", "dfb DirectFBInit left 2", "dfb DirectFBCreate",
+                            "dfb GetDisplayLayer 0", "dfb SetCooperativeLevel 2",
+                            "dfb CreateWindow flags 0x237 caps 3 size 800x600 at 100,100 stacking "
+                            "1; not flagged: format 0x00418C04 surface caps 0x15",
+                            "dfb SetCooperativeLevel 2", "dfb GetSurface", "dfb SetOpacity 0xFF",
+                            "dfb RequestFocus", "dfb RaiseToTop", "dfb layer Release",
+                            "dfb dfb Release"));
+    EXPECT_EQ(result.exit_status, 0);
+}
+
+TEST(Entry, WaitsForOneCharacterBeforeItReleasesTheDisplay)
+{
+    TestPlace place;
+    Process driver(driverCommandTraced(place, {"xyz"}));
+    ASSERT_TRUE(driver.waitForOutput("dfb RaiseToTop\n"));
+    EXPECT_FALSE(driver.waitForOutput("dfb layer Release\n", 1, test_process::Milliseconds(300)));
+    ASSERT_TRUE(driver.write("\n"));
+    EXPECT_TRUE(driver.waitForOutput("dfb dfb Release\n"));
+    ASSERT_TRUE(driver.waitForEnd());
+    EXPECT_EQ(driver.exitStatus(), 0);
+}
+
+TEST(Entry, DirectFBOptionsCountAsArguments)
+{
+    TestPlace place;
+    // Three arguments for the choice of the mode, two of them left once DirectFB took its own.
+    const Result result = test_process::run(driverCommandTraced(place, {"kb", "--dfb:no-cursor"}));
+    EXPECT_THAT(reduce(result.out), testing::Contains(mainLine(56, "argc:3")));
+    EXPECT_THAT(reduce(result.out), testing::Contains(mainLine(73, "mod:kb")));
+    EXPECT_THAT(reduce(result.out),
+                testing::Contains(kbLine(307, "kb_test", "cmd:--dfb:no-cursor,param:")));
+    EXPECT_THAT(result.out, HasSubstr("dfb DirectFBInit 3\ndfb DirectFBInit left 2\n"));
+    EXPECT_EQ(result.exit_status, 0);
+}
+
+TEST(Entry, DirectFBOptionsCanMakeTooManyArguments)
+{
+    const Result result = runDriver({"kb", "left", "3", "--dfb:no-cursor"});
+    EXPECT_EQ(result.out, mainLine(56, "argc:5") + "\n" + generalUsage());
+    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
+}
+
+struct DisplayCall {
+    const char* name;
+    int number;
+    const char* text; // printed when it fails
+};
+
+// In the order in which the driver makes them.
+const DisplayCall kDisplayCalls[] = {
+    {"DirectFBInit", 1, "DirectFBInit(&argc, &argv)"},
+    {"DirectFBCreate", 1, "DirectFBCreate(&dfb)"},
+    {"GetDisplayLayer", 1, "dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &layer)"},
+    {"SetCooperativeLevel", 1, "layer->SetCooperativeLevel(layer, DLSCL_ADMINISTRATIVE)"},
+    {"CreateWindow", 1, "layer->CreateWindow( layer, &win_desc, &window )"},
+    {"SetCooperativeLevel", 2, "layer->SetCooperativeLevel(layer, DLSCL_ADMINISTRATIVE)"},
+    {"GetSurface", 1, "window->GetSurface(window,&surface)"},
+    {"SetOpacity", 1, "window->SetOpacity(window, 0xFF)"},
+    {"RequestFocus", 1, "window->RequestFocus(window)"},
+    {"RaiseToTop", 1, "window->RaiseToTop(window)"},
+};
+
+class EntryFailure : public testing::TestWithParam<DisplayCall>
+{
+};
+
+TEST_P(EntryFailure, EndsTheProcessWithTheCallsText)
+{
+    const DisplayCall& call = GetParam();
+    TestPlace place;
+    const Result result =
+        test_process::run(driverCommandTraced(place, {"kbui", "show"}, call.name, call.number));
+
+    const std::string line = std::string("directfb do: '") + call.text + "' failed!\n";
+    EXPECT_EQ(result.err.find(line), 0u) << result.err;
+    EXPECT_THAT(result.err.substr(line.size()), HasSubstr(std::string("[") + call.text + "]"))
+        << "DirectFBErrorFatal reports the same text";
+    ASSERT_FALSE(traceOf(result.out).empty());
+    EXPECT_THAT(traceOf(result.out).back(), HasSubstr(call.name)) << "nothing follows it";
+    EXPECT_THAT(result.out, Not(HasSubstr("kb_ui_test.cpp"))) << "no test runs";
+    EXPECT_EQ(result.signal, 0);
+    EXPECT_NE(result.exit_status, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Calls, EntryFailure, testing::ValuesIn(kDisplayCalls),
+                         [](const testing::TestParamInfo<DisplayCall>& test) {
+                             return std::string(test.param.name) +
+                                    std::to_string(test.param.number);
+                         });

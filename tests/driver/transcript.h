@@ -1,0 +1,43 @@
+#ifndef TRANSCRIPT_H
+#define TRANSCRIPT_H
+
+#include <string>
+#include <vector>
+
+// What a run of the driver printed, reduced to the lines that a test of its scripts looks at.
+namespace transcript
+{
+
+using Lines = std::vector<std::string>;
+
+// A log line of the driver, whole: line is the number that testers' tools look for.
+std::string logLine(const std::string& file, int line, const std::string& function,
+                    const std::string& message);
+std::string mainLine(int line, const std::string& message);
+std::string kbLine(int line, const std::string& function, const std::string& message);
+// The renderer tests' lines have no fixed numbers.
+std::string kbUiLine(const std::string& function, const std::string& message);
+
+// The usage texts, whole, with the newline at their end.
+std::string generalUsage();
+std::string kbUsage(const std::string& file, int line, const std::string& function);
+std::string uiUsage();
+
+// The driver's own lines whole, those of kb_ui_test without their numbers; the seams' lines
+// ("usleep 500000", "clock", ...) as they are; and of the keyboard: "key K" for a received key
+// code, "result TEXT CODE" for a key result, "show", "hide", "layout NAME", "mode FUNCTION N" for
+// Shift and Alt. Each usage line of the kb mode is one line, "usage LINE".
+Lines reduce(const std::string& output);
+
+// The same for the renderer tests, with each line of the renderer as "ui FUNCTION MESSAGE".
+Lines reduceWithRenderer(const std::string& output);
+
+// One line each: strings of several lines are compared with a readable difference.
+std::string text(const Lines& lines);
+
+Lines operator+(Lines left, const Lines& right);
+Lines operator*(int times, const Lines& lines);
+
+} // namespace transcript
+
+#endif
