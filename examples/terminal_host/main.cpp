@@ -18,6 +18,7 @@
 #include "planner.h"
 #include "recorder.h"
 #include "session.h"
+#include "standard_input.h"
 #include "terminal_mode.h"
 #include "terminal_view.h"
 
@@ -53,23 +54,26 @@ std::string whyNot(const Plan& plan, const KeyboardModel& model)
            "); install the layout that has it";
 }
 
-// Whether this terminal can be drawn on; says why not.
-bool canDraw(std::string& why)
+// Why the keyboard cannot be shown on this terminal; empty when it can.
+std::string whyNotShown(int terminal, const Options& options)
 {
+    const std::string advice = "; use --type TEXT to type without one";
+    if (options.picture == PictureMode::None)
+        return "--picture none: there is nothing to type with" + advice;
+    if (terminal < 0)
+        return "standard input: found no terminal, expected one to read keys from" + advice;
     const char* kind = std::getenv("TERM");
-    if (kind != nullptr && *kind != '\0' && std::strcmp(kind, "dumb") != 0)
-        return true;
-    why = std::string("TERM: found ") +
-          (kind == nullptr ? "nothing" : "'" + std::string(kind) + "'") +
-          ", expected a terminal that can move its cursor, such as xterm; "
-          "use --type TEXT to type without one";
-    return false;
+    if (kind == nullptr || *kind == '\0' || std::strcmp(kind, "dumb") == 0)
+        return std::string("TERM: found ") +
+               (kind == nullptr ? "nothing" : "'" + std::string(kind) + "'") +
+               ", expected a terminal that can move its cursor, such as xterm" + advice;
+    return "";
 }
 
 // The terminal that keys come from, to draw on; -1 when standard input is none.
 int openTerminal()
 {
-    const char* name = ::ttyname(STDIN_FILENO);
+    const char* name = startedWithInput() ? ::ttyname(STDIN_FILENO) : nullptr;
     return name == nullptr ? -1 : ::open(name, O_RDWR | O_NOCTTY | O_CLOEXEC);
 }
 
@@ -122,9 +126,8 @@ int run(const Options& options)
         return printPlan(plan);
 
     const int terminal = openTerminal();
-    std::string why = "standard input: found no terminal, expected one to read keys from; "
-                      "use --type TEXT to type without one";
-    const bool isSeen = terminal >= 0 && canDraw(why) && options.picture != PictureMode::None;
+    const std::string why = whyNotShown(terminal, options);
+    const bool isSeen = why.empty();
     if (!isSeen && !options.type)
         return fail(why);
     const std::string font = chooseFont();
