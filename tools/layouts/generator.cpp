@@ -184,17 +184,11 @@ bool isLetterKey(const Position& position)
     return position.keyCode >= 'A' && position.keyCode <= 'Z' && position.role == Role::Printing;
 }
 
-bool bothIn(const KeySet& keys, const Pair& pair)
-{
-    return keys.has(pair.plain) && keys.has(pair.shifted);
-}
-
 class SymbolSet
 {
 public:
     SymbolSet(const Language& language, const Catalogue& catalogue, const KeySet& defaults)
-        : m_language(language), m_cells(catalogue.cells), m_defaults(defaults),
-          m_spare(defaults.size(), false)
+        : m_language(language), m_cells(catalogue.cells), m_defaults(defaults)
     {
         placeUsKeyboard();
     }
@@ -221,7 +215,7 @@ public:
     {
         for (const Pair& letter : letters) {
             const size_t home = homeOf(letter.plain);
-            if (isLetterKey(positions()[home]) && m_keys.isEmpty(home))
+            if (isLetterKey(positions()[home]) && m_keys.isEmpty(home) && !m_keys.has(letter.plain))
                 m_keys.set(home, letter);
         }
         for (const Pair& letter : letters) {
@@ -248,8 +242,9 @@ public:
 private:
     void placeUsKeyboard()
     {
-        const bool needsLatin = !canType("abcdefghijklmnopqrstuvwxyz", m_defaults.texts()) ||
-                                !canType("ABCDEFGHIJKLMNOPQRSTUVWXYZ", m_defaults.texts());
+        const Speller defaults(m_defaults.texts());
+        const bool needsLatin = !defaults.canType("abcdefghijklmnopqrstuvwxyz") ||
+                                !defaults.canType("ABCDEFGHIJKLMNOPQRSTUVWXYZ");
         for (size_t i = 0; i < m_keys.size(); ++i) {
             const Position& position = positions()[i];
             const Pair pair = {position.text, position.shiftedText};
@@ -257,7 +252,6 @@ private:
                 (isLetterKey(position) && !needsLatin))
                 continue;
             m_keys.set(i, pair);
-            m_spare[i] = bothIn(m_defaults, pair);
         }
     }
 
@@ -290,37 +284,67 @@ private:
 
     bool placeNear(const Pair& letter)
     {
+        return letter.shifted.empty() ? placeOne(letter.plain) : placePair(letter);
+    }
+
+    bool placePair(const Pair& letter)
+    {
         const size_t home = homeOf(letter.plain);
-        if (letter.shifted.empty()) {
-            const size_t half = nearest(home, [&](size_t i) {
-                return !m_keys.at(i).plain.empty() && m_keys.at(i).shifted.empty();
-            });
-            if (half < m_keys.size()) {
-                m_keys.setShifted(half, letter.plain);
-                return true;
-            }
-        }
         size_t place = nearest(home, [&](size_t i) { return m_keys.isEmpty(i); });
         if (place == m_keys.size())
-            place = nearest(home, [&](size_t i) { return m_spare[i]; });
+            place = nearest(home, [&](size_t i) { return isSpare(i, false) && isSpare(i, true); });
         if (place == m_keys.size())
             return false;
-        m_spare[place] = false;
         m_keys.set(place, letter);
         return true;
+    }
+
+    // A letter without upper case takes one face of a key: the free one of two before a free
+    // key, a free key before what the default set types, too.
+    bool placeOne(const std::string& letter)
+    {
+        const size_t home = homeOf(letter);
+        size_t place = nearest(home, [&](size_t i) {
+            return !m_keys.at(i).plain.empty() && m_keys.at(i).shifted.empty();
+        });
+        bool shifted = place < m_keys.size();
+        if (place == m_keys.size())
+            place = nearest(home, [&](size_t i) { return m_keys.isEmpty(i); });
+        for (const bool face : {false, true}) {
+            if (place < m_keys.size())
+                break;
+            shifted = face;
+            place = nearest(home, [&](size_t i) { return isSpare(i, face); });
+        }
+        if (place == m_keys.size())
+            return false;
+        if (shifted)
+            m_keys.setShifted(place, letter);
+        else
+            m_keys.setPlain(place, letter);
+        return true;
+    }
+
+    // Whether the face of the key shows a character of the US keyboard that the default set
+    // has, too.
+    bool isSpare(size_t i, bool shifted) const
+    {
+        const std::string& text = shifted ? m_keys.at(i).shifted : m_keys.at(i).plain;
+        const Position& position = positions()[i];
+        return position.role == Role::Printing && !text.empty() && m_defaults.has(text) &&
+               text == (shifted ? position.shiftedText : position.text);
     }
 
     const Language& m_language;
     const std::vector<Cell>& m_cells;
     const KeySet& m_defaults;
     KeySet m_keys;
-    std::vector<bool> m_spare; // types only what the default set types, too
 };
 
 // The single characters that the letters consist of and that the keys cannot type, each with
 // its upper case.
 std::vector<Pair> missingCharacters(const std::vector<std::string>& letters,
-                                    const Language& language, const std::set<std::string>& keys)
+                                    const Language& language, const Speller& keys)
 {
     std::vector<Pair> missing;
     std::set<std::string> seen;
@@ -329,12 +353,23 @@ std::vector<Pair> missingCharacters(const std::vector<std::string>& letters,
             const Pair pair = {fromCodePoint(c), upperCase(fromCodePoint(c), language.icuName)};
             if (!seen.insert(pair.plain).second)
                 continue;
-            const bool upperMissing = !pair.shifted.empty() && !canType(pair.shifted, keys);
-            if (!canType(pair.plain, keys) || upperMissing)
+            const bool upperMissing = !pair.shifted.empty() && !keys.canType(pair.shifted);
+            if (!keys.canType(pair.plain) || upperMissing)
                 missing.push_back(pair);
         }
     }
     return missing;
+}
+
+// The letters that are typed as base letter and mark.
+std::vector<Pair> composedLetters(const std::vector<std::string>& letters, const Language& language,
+                                  const Speller& keys)
+{
+    std::vector<Pair> composed;
+    for (const std::string& letter : letters)
+        if (singleCodePoint(letter) && keys.spell(letter).size() > 1)
+            composed.push_back({letter, upperCase(letter, language.icuName)});
+    return composed;
 }
 
 std::vector<std::string> decomposed(const std::vector<std::string>& letters)
@@ -348,9 +383,11 @@ std::vector<std::string> decomposed(const std::vector<std::string>& letters)
 KeySet symbolSet(const Language& language, const Catalogue& catalogue, const KeySet& defaults)
 {
     const std::vector<std::string> letters = mainLetters(language.icuName);
-    const std::set<std::string> typed = defaults.texts();
+    const Speller typed(defaults.texts());
     SymbolSet whole(language, catalogue, defaults);
     if (whole.placeLetters(missingCharacters(letters, language, typed))) {
+        // Letters that take two keys so far, then those of names and foreign words.
+        whole.placeForeignLetters(composedLetters(letters, language, typed));
         whole.placeForeignLetters(
             missingCharacters(auxiliaryLetters(language.icuName), language, typed));
         return whole.finished();
@@ -370,6 +407,14 @@ int32_t keyCodeOf(const Position& position, const std::string& text)
     return code ? code : position.keyCode;
 }
 
+Legend legendFor(const std::string& text)
+{
+    const int32_t character = singleCodePoint(text);
+    if (!isJoiner(character))
+        return {text, character};
+    return {character == kJoiner ? "ZWJ" : "ZNJ", character};
+}
+
 Key makeKey(const Language& language, const Position& position, const Pair& pair,
             const Neighbours& around)
 {
@@ -385,8 +430,8 @@ Key makeKey(const Language& language, const Position& position, const Pair& pair
                 position.keyCode,
                 around};
     default:
-        return {{pair.plain, singleCodePoint(pair.plain)},
-                {pair.shifted, singleCodePoint(pair.shifted)},
+        return {legendFor(pair.plain),
+                legendFor(pair.shifted),
                 false,
                 false,
                 keyCodeOf(position, pair.plain),

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "json_file.h"
+#include "text.h"
 
 namespace layouts
 {
@@ -76,6 +77,11 @@ const std::vector<Key>& keysOf(const KeyMap& keyMap, const Face& face)
 const Legend& legendOf(const Key& key, const Face& face)
 {
     return face.shifted ? key.shifted : key.plain;
+}
+
+std::string delivered(const Legend& legend)
+{
+    return legend.character ? fromCodePoint(static_cast<char32_t>(legend.character)) : legend.text;
 }
 
 KeyMap readKeyMap(const std::string& file)

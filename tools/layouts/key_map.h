@@ -16,6 +16,9 @@ struct Legend {
     int32_t character;
 };
 
+// What the host puts into the text field: the character, or the text where there is none.
+std::string delivered(const Legend& legend);
+
 struct Key {
     Legend plain;
     Legend shifted;

@@ -24,6 +24,14 @@ int32_t singleCodePoint(const std::string& text);
 // The upper-case form, or the empty string for what has none in everyday writing.
 std::string upperCase(const std::string& text, const std::string& language);
 
+// The joiners that some scripts type between letters; they have no picture of their own.
+constexpr char32_t kNonJoiner = 0x200C;
+constexpr char32_t kJoiner = 0x200D;
+inline bool isJoiner(int32_t c)
+{
+    return c == kNonJoiner || c == kJoiner;
+}
+
 // U+00E9, for messages about texts that a terminal may not show.
 std::string describe(const std::string& text);
 

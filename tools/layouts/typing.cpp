@@ -1,45 +1,70 @@
 #include "typing.h"
 
 #include <algorithm>
+#include <deque>
+#include <map>
 
 #include "text.h"
 
 namespace layouts
 {
-
-std::vector<std::string> spell(const std::string& text, const std::set<std::string>& keys)
+namespace
 {
-    if (keys.count(text))
+
+// What remains of text, decomposed, when piece has been typed; false when text cannot begin
+// with piece. Marks that do not interact may be typed in any order.
+bool removeFront(const std::string& text, const std::string& piece, std::string& rest)
+{
+    rest = text;
+    for (const char32_t c : codePoints(piece)) {
+        const std::string bytes = fromCodePoint(c);
+        const size_t at = rest.find(bytes);
+        if (at == std::string::npos)
+            return false;
+        rest.erase(at, bytes.size());
+    }
+    return nfd(piece + rest) == text;
+}
+
+} // namespace
+
+Speller::Speller(const std::set<std::string>& keys) : m_keys(keys)
+{
+    for (const std::string& key : keys)
+        if (!key.empty())
+            m_decomposed.emplace_back(nfd(key), key);
+}
+
+std::vector<std::string> Speller::spell(const std::string& text) const
+{
+    if (m_keys.count(text))
         return {text};
 
-    // last[i] is the key whose text ends the fewest keys that give the first i bytes.
-    const std::string wanted = nfd(text);
+    // Breadth first from the whole text; each step types one key off its front.
     struct Step {
-        size_t count;
+        std::string before;
         std::string key;
-        size_t from;
     };
-    constexpr size_t kUnreached = static_cast<size_t>(-1);
-    std::vector<Step> steps(wanted.size() + 1, Step{kUnreached, std::string(), 0});
-    steps[0].count = 0;
-    for (size_t i = 0; i < wanted.size(); ++i) {
-        if (steps[i].count == kUnreached)
-            continue;
-        for (const std::string& key : keys) {
-            const std::string piece = nfd(key);
-            if (piece.empty() || wanted.compare(i, piece.size(), piece) != 0)
-                continue;
-            Step& end = steps[i + piece.size()];
-            if (steps[i].count + 1 < end.count)
-                end = {steps[i].count + 1, key, i};
+    const std::string whole = nfd(text);
+    std::map<std::string, Step> steps = {{whole, {}}};
+    std::deque<std::string> open = {whole};
+    while (!open.empty() && !steps.count(std::string())) {
+        const std::string left = open.front();
+        open.pop_front();
+        for (const auto& piece : m_decomposed) {
+            std::string rest;
+            if (left.find(piece.first[0]) != std::string::npos &&
+                removeFront(left, piece.first, rest) &&
+                steps.insert({rest, {left, piece.second}}).second)
+                open.push_back(rest);
         }
     }
 
     std::vector<std::string> spelling;
-    if (steps.back().count == kUnreached)
+    if (text.empty() || !steps.count(std::string()))
         return spelling;
-    for (size_t i = wanted.size(); i > 0; i = steps[i].from)
-        spelling.push_back(steps[i].key);
+    for (std::string at; at != whole; at = steps.at(at).before)
+        spelling.push_back(steps.at(at).key);
     std::reverse(spelling.begin(), spelling.end());
     return spelling;
 }

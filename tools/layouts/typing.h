@@ -3,19 +3,28 @@
 
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace layouts
 {
 
-// The keys' texts that, typed one after another, give text or something canonically equal to
-// it (a base letter and its mark for a letter with a mark). Empty when the keys cannot give it.
-std::vector<std::string> spell(const std::string& text, const std::set<std::string>& keys);
-
-inline bool canType(const std::string& text, const std::set<std::string>& keys)
+// Knows what can be typed with a set of keys, each given by its text.
+class Speller
 {
-    return !spell(text, keys).empty();
-}
+public:
+    explicit Speller(const std::set<std::string>& keys);
+
+    // The fewest keys that, typed one after another, give text or something canonically equal
+    // to it: a base letter and its marks for a letter with marks. Empty when there are none.
+    std::vector<std::string> spell(const std::string& text) const;
+
+    bool canType(const std::string& text) const { return !spell(text).empty(); }
+
+private:
+    std::set<std::string> m_keys;
+    std::vector<std::pair<std::string, std::string>> m_decomposed; // each with its key
+};
 
 } // namespace layouts
 

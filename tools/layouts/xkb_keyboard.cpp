@@ -3,9 +3,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
-#include <unicode/unistr.h>
 #include <xkbcommon/xkbcommon.h>
 
 #include "positions.h"
@@ -16,18 +14,13 @@ namespace layouts
 namespace
 {
 
-// Arabic keyboards type a few ligatures as one presentation form; text is stored in letters.
-std::string withoutPresentationForms(char32_t c)
+// Arabic keyboards type a few pairs of letters at once, as one presentation form. The letters
+// have keys of their own, and drawn one by one the pair would stand in the wrong order.
+bool isPresentationForm(char32_t c)
 {
     const UBlockCode block = ublock_getCode(static_cast<UChar32>(c));
-    if (block != UBLOCK_ARABIC_PRESENTATION_FORMS_A && block != UBLOCK_ARABIC_PRESENTATION_FORMS_B)
-        return fromCodePoint(c);
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::Normalizer2* form = icu::Normalizer2::getNFKCInstance(status);
-    const icu::UnicodeString letters =
-        form->normalize(icu::UnicodeString(static_cast<UChar32>(c)), status);
-    std::string result;
-    return letters.toUTF8String(result);
+    return block == UBLOCK_ARABIC_PRESENTATION_FORMS_A ||
+           block == UBLOCK_ARABIC_PRESENTATION_FORMS_B;
 }
 
 std::string textOf(xkb_keysym_t symbol)
@@ -43,9 +36,11 @@ std::string textOf(xkb_keysym_t symbol)
         break;
     }
     const uint32_t c = xkb_keysym_to_utf32(symbol);
-    if (c <= 0x20 || u_charType(static_cast<UChar32>(c)) == U_CONTROL_CHAR || c == 0xA0)
-        return std::string();
-    return nfc(withoutPresentationForms(c));
+    const int8_t type = u_charType(static_cast<UChar32>(c));
+    const bool isTyped =
+        isJoiner(static_cast<int32_t>(c)) || (c != 0xA0 && u_isgraph(static_cast<UChar32>(c)) &&
+                                              type != U_FORMAT_CHAR && type != U_PRIVATE_USE_CHAR);
+    return isTyped && !isPresentationForm(c) ? nfc(fromCodePoint(c)) : std::string();
 }
 
 std::string textOf(xkb_keymap* keymap, xkb_keycode_t key, xkb_level_index_t level)

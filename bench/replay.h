@@ -1,0 +1,33 @@
+#ifndef REPLAY_H
+#define REPLAY_H
+
+#include <string>
+#include <vector>
+
+#include <directfb.h>
+
+namespace bench
+{
+
+// One drawing call as the keyboard made it.
+struct Call {
+    enum Kind { CLEAR, SET_COLOR, FILL_RECTANGLE, DRAW_LINE, DRAW_STRING, FLIP } kind;
+    int numbers[4];
+    unsigned int flags;
+    std::string text;
+};
+
+// Has the surface of the next window that is created through dfb remembered. The objects are
+// DirectFB's own; the calls on the way to the surface are passed on.
+void watchForSurface(IDirectFB* dfb);
+IDirectFBSurface* watchedSurface();
+
+// The calls that are made on the surface while action runs; they are carried out too.
+std::vector<Call> recordCalls(IDirectFBSurface* surface, void (*action)(void*), void* context);
+
+// Makes the same calls, with nothing around them.
+void replay(IDirectFBSurface* surface, const std::vector<Call>& calls);
+
+} // namespace bench
+
+#endif

@@ -1,0 +1,66 @@
+// A host as small as can be: opens DirectFB, starts the keyboard and reports when it is shown.
+// The layout files come from the folder in VKB_TEST_ROOT, the font from
+// VIRTUAL_KEYBOARD_FONT_PATH.
+//
+// Usage: start_keyboard [ARROWS]    (reports on file descriptor 3)
+//
+// With ARROWS, that many arrow keys follow, and the memory is reported again. Four arrow keys go
+// ahead of the first report then, one in each direction, so that code which runs for the first
+// time is no part of the difference.
+#include <cstdlib>
+
+#include <directfb.h>
+
+#include "keyboard_core.h"
+#include "process_memory.h"
+#include "report_fd.h"
+
+namespace
+{
+
+void check(DFBResult result, const char* call)
+{
+    if (result != DFB_OK)
+        DirectFBErrorFatal(call, result);
+}
+
+void pressArrows(velmora::browser::vkb::KeyBoardCore& core, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        if (core.onKeyEvent(37 + i % 4) != 0) {
+            std::fprintf(stderr, "start_keyboard: arrow %d was not consumed\n", i);
+            _exit(1);
+        }
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    int no_arguments = 0;
+    IDirectFB* dfb = nullptr;
+    check(DirectFBInit(&no_arguments, nullptr), "DirectFBInit");
+    check(DirectFBCreate(&dfb), "DirectFBCreate");
+
+    auto* core = new velmora::browser::vkb::KeyBoardCore;
+    core->OnIMEStart(dfb, nullptr);
+    if (!core->isShow()) {
+        std::fprintf(stderr, "start_keyboard: the keyboard did not start: is VKB_TEST_ROOT set "
+                             "to a folder with layout files?\n");
+        _exit(1);
+    }
+    bench::report("shown", 1);
+    bench::report("resident", bench::residentKiB());
+    bench::report("width", core->getWidth());
+    bench::report("height", core->getHeight());
+
+    const int arrows = argc > 1 ? std::atoi(argv[1]) : 0;
+    if (arrows > 0) {
+        pressArrows(*core, 4);
+        bench::report("resident-before-arrows", bench::residentKiB());
+        pressArrows(*core, arrows);
+        bench::report("resident-after-arrows", bench::residentKiB());
+    }
+    _exit(0);
+}

@@ -1,0 +1,132 @@
+#include "layout_sample.h"
+
+#include <cstdint>
+
+namespace sample
+{
+
+using test_support::Catalogue;
+using test_support::GridRect;
+using test_support::Key;
+using velmora::browser::vkb::Button_t;
+using velmora::browser::vkb::Rect_t;
+
+Catalogue twoKeyCatalogue()
+{
+    return {{"English"}, 4, 4, 60, 50, {{0, 0, 1, 1}, {1, 0, 2, 1}}};
+}
+
+std::vector<Key> twoDefaultKeys()
+{
+    return {{0, "a", false, false, 65, 97, 1, 1, 0, 0, "A", 65},
+            {1, "Shift", true, false, 0, 0, 0, 0, 1, 1, "NULL", 0}};
+}
+
+std::vector<Key> twoSymbolKeys()
+{
+    return {{0, "1", false, false, 49, 49, 1, 1, 0, 0, "!", 33},
+            {1, "NULL", false, false, 0, 0, 0, 0, 1, 1, "NULL", 0}};
+}
+
+Catalogue allKindsCatalogue()
+{
+    Catalogue catalogue = {{"English", "German", "Greek"}, 4, 6, 60, 50, {}};
+    for (int i = 0; i < kKeys; ++i)
+        catalogue.rects.push_back({i % 4, i / 4, 1, 1});
+    return catalogue;
+}
+
+namespace
+{
+
+// One row of a key's own facts; its neighbours follow from its place.
+struct Kind {
+    const char* text;
+    bool isSpecial;
+    bool isLanguage;
+    int keyCode;
+    int character;
+    const char* shiftText;
+    int shiftCharacter;
+};
+
+std::vector<Key> inOneRow(const std::vector<Kind>& kinds)
+{
+    std::vector<Key> keys;
+    const int count = static_cast<int>(kinds.size());
+    for (int i = 0; i < count; ++i) {
+        const Kind& kind = kinds[static_cast<size_t>(i)];
+        // Left of the first key, right of the last and up from the upper row there is none.
+        keys.push_back({i, kind.text, kind.isSpecial, kind.isLanguage, kind.keyCode, kind.character,
+                        i - 1, i + 1, i - 4, i + 4, kind.shiftText, kind.shiftCharacter});
+    }
+    return keys;
+}
+
+std::vector<Key> allKinds(const Kind& letter, const std::string& layout)
+{
+    return inOneRow({letter,
+                     {"Shift", true, false, 16, 0, "Shift", 0},
+                     {"Alt", true, false, 18, 0, "Alt", 0},
+                     {layout.c_str(), true, true, 0, 0, layout.c_str(), 0},
+                     {"ClearAll", true, false, 46, 127, "ClearAll", 127},
+                     {"Hide", true, false, 27, 0, "Hide", 0},
+                     {"Fn", true, false, 99, 0, "Fn", 0},
+                     {"mute", false, false, -1, 0, "MUTE", 0}});
+}
+
+int16_t lowBits(int value)
+{
+    return static_cast<int16_t>(static_cast<uint16_t>(value));
+}
+
+Rect_t pixels(const Catalogue& catalogue, const GridRect& grid)
+{
+    const int pitchX = catalogue.gapX + catalogue.cellWidth;
+    const int pitchY = catalogue.gapY + catalogue.cellHeight;
+    return {lowBits(catalogue.gapX + grid.column * pitchX),
+            lowBits(catalogue.gapY + grid.row * pitchY),
+            lowBits(grid.columns * pitchX - catalogue.gapX),
+            lowBits(grid.rows * pitchY - catalogue.gapY)};
+}
+
+std::string label(const std::string& text)
+{
+    return text == "NULL" ? "" : text;
+}
+
+} // namespace
+
+std::vector<Key> allKindsDefaultKeys(const std::string& layout)
+{
+    return allKinds({"a", false, false, 65, 97, "A", 65}, layout);
+}
+
+std::vector<Key> allKindsSymbolKeys(const std::string& layout)
+{
+    return allKinds({"1", false, false, 49, 49, "!", 33}, layout);
+}
+
+void writeAllKinds(test_support::LayoutFolder& folder)
+{
+    const Catalogue catalogue = allKindsCatalogue();
+    folder.writeCatalogue(asJson(catalogue));
+    for (const std::string& layout : catalogue.names)
+        folder.writeKeyMap(layout, asJson(allKindsDefaultKeys(layout), allKindsSymbolKeys(layout)));
+}
+
+std::vector<Button_t> buttons(const Catalogue& catalogue, const std::vector<Key>& keys,
+                              bool shifted)
+{
+    std::vector<Button_t> made;
+    for (size_t i = 0; i < keys.size(); ++i) {
+        const Key& key = keys[i];
+        made.push_back({label(shifted ? key.shiftText : key.text),
+                        pixels(catalogue, catalogue.rects[i]), key.id, key.isSpecial,
+                        key.isLanguage, key.keyCode, shifted ? key.shiftCharacter : key.character,
+                        key.left, key.right, key.up, key.down});
+    }
+    return made;
+}
+
+} // namespace sample

@@ -1,0 +1,34 @@
+#ifndef TESTS_UNIT_LAYOUT_SAMPLE_H
+#define TESTS_UNIT_LAYOUT_SAMPLE_H
+
+#include <string>
+#include <vector>
+
+#include "keyboard_types.h"
+#include "layout_folder.h"
+
+// Small layouts with a place for every kind of key.
+
+namespace sample
+{
+
+// Two keys, the second two cells wide, in the layout "English".
+test_support::Catalogue twoKeyCatalogue();
+std::vector<test_support::Key> twoDefaultKeys();
+std::vector<test_support::Key> twoSymbolKeys();
+
+// Places of the keys of the second sample. Its layouts are "English", "German" and "Greek".
+enum Place { kLetter, kShift, kAlt, kLanguage, kClearAll, kHide, kUnknown, kMute, kKeys };
+test_support::Catalogue allKindsCatalogue();
+std::vector<test_support::Key> allKindsDefaultKeys(const std::string& layout);
+std::vector<test_support::Key> allKindsSymbolKeys(const std::string& layout);
+void writeAllKinds(test_support::LayoutFolder& folder);
+
+// What the keyboard makes of a list of key objects.
+std::vector<velmora::browser::vkb::Button_t> buttons(const test_support::Catalogue& catalogue,
+                                                     const std::vector<test_support::Key>& keys,
+                                                     bool shifted);
+
+} // namespace sample
+
+#endif
