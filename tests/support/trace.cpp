@@ -51,10 +51,4 @@ Lines callsOf(const Lines& trace)
     return pick(trace, false);
 }
 
-Lines operator+(Lines first, const Lines& second)
-{
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
-}
-
 } // namespace test_support

@@ -21,8 +21,6 @@ Lines takeTrace();
 Lines logLinesOf(const Lines& trace);
 Lines callsOf(const Lines& trace);
 
-Lines operator+(Lines first, const Lines& second);
-
 } // namespace test_support
 
 #endif
