@@ -82,7 +82,11 @@ std::string keyMapFile(const std::string& folder, const std::string& name)
 
 Catalogue readCatalogue(const std::string& file)
 {
-    const Json::Value root = readJson(file);
+    return catalogueOf(readJson(file));
+}
+
+Catalogue catalogueOf(const Json::Value& root)
+{
     Catalogue catalogue = {};
     for (const Json::Value& name : root["language"])
         catalogue.names.push_back(name.asString());

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <json/json.h>
+
 namespace layouts
 {
 
@@ -32,6 +34,7 @@ int keyHeight(const Catalogue& catalogue, const Cell& cell);
 
 // Throws std::runtime_error when the file is missing or is no catalogue.
 Catalogue readCatalogue(const std::string& file);
+Catalogue catalogueOf(const Json::Value& root); // of a file that its schema allows
 std::string writeCatalogue(const Catalogue& catalogue);
 
 // The files of a set.

@@ -57,7 +57,10 @@ public:
     bool hasPlain(const std::string& text) const { return m_plain.count(text) != 0; }
     bool hasShifted(const std::string& text) const { return m_shifted.count(text) != 0; }
     bool has(const std::string& text) const { return hasPlain(text) || hasShifted(text); }
-    bool isEmpty(size_t i) const { return m_keys[i].plain.empty() && m_keys[i].shifted.empty(); }
+    bool isEmpty(size_t i) const
+    {
+        return isFree(i) && m_keys[i].plain.empty() && m_keys[i].shifted.empty();
+    }
 
     void setPlain(size_t i, const std::string& text) { change(m_keys[i].plain, m_plain, text); }
     void setShifted(size_t i, const std::string& text)
@@ -201,8 +204,10 @@ public:
         std::vector<Pair> others;
         for (const Pair& letter : letters) {
             const size_t home = homeOf(letter.plain);
+            if (m_keys.has(letter.plain) && (letter.shifted.empty() || m_keys.has(letter.shifted)))
+                continue;
             if (m_keys.isEmpty(home))
-                m_keys.set(home, letter);
+                place(home, letter);
             else
                 others.push_back(letter);
         }
@@ -216,14 +221,14 @@ public:
         for (const Pair& letter : letters) {
             const size_t home = homeOf(letter.plain);
             if (isLetterKey(positions()[home]) && m_keys.isEmpty(home) && !m_keys.has(letter.plain))
-                m_keys.set(home, letter);
+                place(home, letter);
         }
         for (const Pair& letter : letters) {
-            const size_t place = nearest(homeOf(letter.plain), [&](size_t i) {
+            const size_t near = nearest(homeOf(letter.plain), [&](size_t i) {
                 return isLetterKey(positions()[i]) && m_keys.isEmpty(i);
             });
-            if (place < m_keys.size() && !m_keys.has(letter.plain))
-                m_keys.set(place, letter);
+            if (near < m_keys.size() && !m_keys.has(letter.plain))
+                place(near, letter);
         }
     }
 
@@ -287,15 +292,24 @@ private:
         return letter.shifted.empty() ? placeOne(letter.plain) : placePair(letter);
     }
 
+    // Two letters can have one upper case between them; it stands once.
+    void place(size_t i, const Pair& letter)
+    {
+        m_keys.setPlain(i, letter.plain);
+        if (!m_keys.hasShifted(letter.shifted))
+            m_keys.setShifted(i, letter.shifted);
+    }
+
     bool placePair(const Pair& letter)
     {
         const size_t home = homeOf(letter.plain);
-        size_t place = nearest(home, [&](size_t i) { return m_keys.isEmpty(i); });
-        if (place == m_keys.size())
-            place = nearest(home, [&](size_t i) { return isSpare(i, false) && isSpare(i, true); });
-        if (place == m_keys.size())
+        size_t near = nearest(home, [&](size_t i) { return m_keys.isEmpty(i); });
+        if (near == m_keys.size())
+            near = nearest(home, [&](size_t i) { return isSpare(i, false) && isSpare(i, true); });
+        if (near == m_keys.size())
             return false;
-        m_keys.set(place, letter);
+        m_keys.set(near, {});
+        place(near, letter);
         return true;
     }
 

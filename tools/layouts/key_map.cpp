@@ -86,7 +86,12 @@ std::string delivered(const Legend& legend)
 
 KeyMap readKeyMap(const std::string& file)
 {
-    const Json::Value keys = readJson(file)["Keys"];
+    return keyMapOf(readJson(file));
+}
+
+KeyMap keyMapOf(const Json::Value& root)
+{
+    const Json::Value& keys = root["Keys"];
     return {readKeys(keys["KeyMode_Default"]), readKeys(keys["KeyMode_Symbol"])};
 }
 

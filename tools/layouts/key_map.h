@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <json/json.h>
+
 #include "catalogue.h"
 
 namespace layouts
@@ -48,6 +50,7 @@ const Legend& legendOf(const Key& key, const Face& face);
 
 // Reads a file that has been checked; throws std::runtime_error for one that is no key map.
 KeyMap readKeyMap(const std::string& file);
+KeyMap keyMapOf(const Json::Value& root); // of a file that its schema allows
 
 // One key a line. Flags that are false are left out.
 std::string writeKeyMap(const KeyMap& keyMap);

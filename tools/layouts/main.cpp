@@ -1,72 +1,245 @@
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 
 #include <CLI/CLI.hpp>
 
 #include "catalogue.h"
+#include "checker.h"
+#include "coverage.h"
+#include "font_files.h"
 #include "generator.h"
+#include "install.h"
 #include "json_file.h"
 #include "language.h"
+#include "preview.h"
+#include "text.h"
 
 namespace
 {
 
 using namespace layouts;
 
-struct Options {
-    std::string resources = LAYOUTS_RESOURCES;
-    std::string folder() const { return resources + "/oskeyboard_config"; }
-    std::string table() const { return resources + "/languages.tsv"; }
+// Where the keyboard looks for its files.
+const char kInstalledFolder[] = "/usr/local/opt/nerovista/resources/oskeyboard_config";
+
+struct Resources {
+    std::string path = LAYOUTS_RESOURCES;
+
+    std::string folder() const { return path + "/oskeyboard_config"; }
+    std::string table() const { return path + "/languages.tsv"; }
+    std::string schemas() const { return path + "/schema"; }
 };
 
-std::vector<Language> chosen(const Options& options, const std::vector<std::string>& names)
+std::vector<Language> chosen(const Resources& resources, const std::vector<std::string>& names)
 {
-    const std::vector<Language> all = readLanguages(options.table());
+    const std::vector<Language> all = readLanguages(resources.table());
     if (names.empty())
         return all;
     std::vector<Language> result;
     for (const std::string& name : names) {
         const Language* language = findLanguage(all, name);
         if (!language)
-            throw std::runtime_error(name + ": not in " + options.table() +
+            throw std::runtime_error(name + ": not in " + resources.table() +
                                      "; add a line for it there");
         result.push_back(*language);
     }
     return result;
 }
 
-void runGenerate(const Options& options, const std::vector<std::string>& names,
-                 const std::string& to)
+int runGenerate(const Resources& resources, const std::vector<std::string>& names,
+                const std::string& to)
 {
-    const Catalogue grid = readCatalogue(catalogueFile(options.folder()));
-    for (const Language& language : chosen(options, names))
-        writeFile(keyMapFile(to.empty() ? options.folder() : to, language.name),
+    const Catalogue grid = readCatalogue(catalogueFile(resources.folder()));
+    for (const Language& language : chosen(resources, names))
+        writeFile(keyMapFile(to.empty() ? resources.folder() : to, language.name),
                   writeKeyMap(generate(language, grid)));
+    return 0;
+}
+
+struct CheckArguments {
+    std::string folder;
+    std::string font;
+    bool ownFonts = false;
+    std::string screen = "1920x1080";
+};
+
+void parseScreen(const std::string& text, CheckOptions& options)
+{
+    char rest = 0;
+    if (std::sscanf(text.c_str(), "%dx%d%c", &options.screenWidth, &options.screenHeight, &rest) !=
+        2)
+        throw CLI::ValidationError("--screen", "found " + text + ", expected WxH, as in 1920x1080");
+}
+
+int report(const Findings& findings)
+{
+    for (const Finding& finding : findings)
+        std::printf("%s\n", asLine(finding).c_str());
+    return findings.empty() ? 0 : 1;
+}
+
+int runCheck(const Resources& resources, const CheckArguments& arguments)
+{
+    const LayoutSet set = readLayoutSet(arguments.folder);
+    CheckOptions options;
+    parseScreen(arguments.screen, options);
+    std::vector<Language> languages = readLanguages(resources.table());
+    // A catalogue of a few, with the key maps of all languages beside it.
+    if (std::filesystem::equivalent(arguments.folder, resources.folder()))
+        for (const Language& language : languages)
+            options.known.insert(language.name);
+
+    FontCache fonts;
+    if (!arguments.font.empty())
+        options.font = [&](const std::string&) { return &fonts.open(arguments.font); };
+    else if (arguments.ownFonts)
+        options.font = [&](const std::string& layout) -> const Font* {
+            const Language* language = findLanguage(languages, layout);
+            return language ? &fonts.open(language->font) : nullptr;
+        };
+    const Findings findings = Checker(resources.schemas()).check(set, options);
+    std::fprintf(stderr, "%zu files checked, %zu findings\n", set.size(), findings.size());
+    return report(findings);
+}
+
+std::string shownPlaces(const Spelling& spelling)
+{
+    std::string text;
+    for (const Place& place : spelling.keys)
+        text += (text.empty() ? "" : ", then ") + std::string(place.face->name);
+    return text;
+}
+
+int runCoverage(const Resources& resources, const std::vector<std::string>& names,
+                const std::string& folder, bool each)
+{
+    int missing = 0;
+    for (const Language& language : chosen(resources, names)) {
+        const KeyMap keyMap = readKeyMap(keyMapFile(folder, language.name));
+        std::map<std::string, int> counts; // letters by face
+        int combined = 0;
+        int letters = 0;
+        for (const Spelling& spelling : spellAll(keyMap, neededTexts(language.icuName))) {
+            const std::string name = spelling.text + " (" + describe(spelling.text) + ")";
+            if (spelling.keys.empty()) {
+                std::printf("%s: %s: cannot be typed\n", language.name.c_str(), name.c_str());
+                ++missing;
+            } else if (each) {
+                std::printf("%s: %s: %s\n", language.name.c_str(), name.c_str(),
+                            shownPlaces(spelling).c_str());
+            }
+            letters += 1;
+            if (spelling.keys.size() > 1)
+                ++combined;
+            else if (!spelling.keys.empty())
+                ++counts[spelling.keys[0].face->name];
+        }
+        std::printf("%s: %d letters and ASCII characters:", language.name.c_str(), letters);
+        for (const Face& face : kFaces)
+            std::printf(" %d %s,", counts[face.name], face.name);
+        std::printf(" %d with several keys\n", combined);
+    }
+    return missing ? 1 : 0;
+}
+
+int runPreview(const Resources& resources, const std::string& name, const std::string& folder,
+               const std::string& font, const std::string& output)
+{
+    const std::vector<Language> languages = readLanguages(resources.table());
+    const Language* language = findLanguage(languages, name);
+    if (!language && font.empty())
+        throw std::runtime_error(name + ": not in " + resources.table() +
+                                 ", so its font is not known; give --font");
+    writePreview(readKeyMap(keyMapFile(folder, name)), readCatalogue(catalogueFile(folder)),
+                 findFontFile(font.empty() ? language->font : font),
+                 output.empty() ? name + ".png" : output);
+    return 0;
+}
+
+int runInstall(const Resources& resources, const std::vector<std::string>& names,
+               const std::string& to)
+{
+    const LayoutSet set = selectLayouts(readLayoutSet(resources.folder()), names);
+    const Findings findings = Checker(resources.schemas()).check(set, CheckOptions());
+    if (!findings.empty()) {
+        std::fprintf(stderr, "nothing installed, as the set has faults:\n");
+        return report(findings);
+    }
+    installSet(set, to);
+    return 0;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    Options options;
-    CLI::App app("Makes, checks and shows keyboard layouts", "layouts");
+    Resources resources;
+    CLI::App app("Makes, checks and shows keyboard layouts; docs/layouts.md is the manual",
+                 "layouts");
     app.require_subcommand(1);
-    app.add_option("--resources", options.resources,
-                   "Folder with languages.tsv and oskeyboard_config/")
+    app.add_option("--resources", resources.path,
+                   "Folder with languages.tsv, oskeyboard_config/ and schema/")
         ->check(CLI::ExistingDirectory);
+    int status = 0;
 
     std::vector<std::string> names;
-    bool all = false;
     std::string to;
+    bool all = false;
     CLI::App* generate = app.add_subcommand("generate", "Write the key maps of languages");
     generate->add_option("LANGUAGE", names, "Names from the language table");
     generate->add_flag("--all", all, "Every language of the table");
-    generate->add_option("--to", to, "Folder to write to instead of the shipped one");
+    generate->add_option("--to", to, "Folder to write to instead of the shipped one")
+        ->check(CLI::ExistingDirectory);
     generate->callback([&] {
         if (names.empty() != all)
             throw CLI::ValidationError("generate", "name languages or give --all");
-        runGenerate(options, names, to);
+        status = runGenerate(resources, names, to);
     });
+
+    CheckArguments check;
+    CLI::App* checkCommand =
+        app.add_subcommand("check", "Say everything that is wrong in a folder of layout files");
+    checkCommand->add_option("DIR", check.folder, "Folder with Language_Name.json")
+        ->required()
+        ->check(CLI::ExistingDirectory);
+    CLI::Option* font = checkCommand->add_option(
+        "--font", check.font, "Measure the labels with this font, a file or its name");
+    checkCommand
+        ->add_flag("--fonts", check.ownFonts,
+                   "Measure each layout's labels with the font that the language table names")
+        ->excludes(font);
+    checkCommand->add_option("--screen", check.screen, "Size of the screen in pixels")
+        ->capture_default_str();
+    checkCommand->callback([&] { status = runCheck(resources, check); });
+
+    std::string from;
+    bool each = false;
+    const auto folder = [&] { return from.empty() ? resources.folder() : from; };
+    CLI::App* coverage =
+        app.add_subcommand("coverage", "Say which letters of a language can be typed");
+    coverage->add_option("LANGUAGE", names, "Names from the language table; all without any");
+    coverage->add_option("--from", from, "Folder with the key maps")->check(CLI::ExistingDirectory);
+    coverage->add_flag("--each", each, "Say on which face each letter lies");
+    coverage->callback([&] { status = runCoverage(resources, names, folder(), each); });
+
+    std::string name;
+    std::string previewFont;
+    std::string output;
+    CLI::App* preview = app.add_subcommand("preview", "Draw the four faces of a layout as a PNG");
+    preview->add_option("NAME", name, "Name of the layout")->required();
+    preview->add_option("-o,--output", output, "The picture; NAME.png without it");
+    preview->add_option("--font", previewFont, "Font file; without it, the language table's");
+    preview->add_option("--from", from, "Folder with catalogue and key map")
+        ->check(CLI::ExistingDirectory);
+    preview->callback([&] { status = runPreview(resources, name, folder(), previewFont, output); });
+
+    std::string target = kInstalledFolder;
+    CLI::App* install =
+        app.add_subcommand("install", "Install just these layouts, the first one first");
+    install->add_option("NAME", names, "Names of layouts")->required();
+    install->add_option("--to", target, "Folder to install to")->capture_default_str();
+    install->callback([&] { status = runInstall(resources, names, target); });
 
     try {
         app.parse(argc, argv);
@@ -76,5 +249,5 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "layouts: %s\n", error.what());
         return 1;
     }
-    return 0;
+    return status;
 }

@@ -1,0 +1,48 @@
+#include "layout_set.h"
+
+#include <filesystem>
+#include <stdexcept>
+
+#include "json_file.h"
+
+namespace layouts
+{
+namespace
+{
+
+const std::string kPrefix = "Language_";
+const std::string kSuffix = ".json";
+
+} // namespace
+
+const char kCatalogueName[] = "Language_Name.json";
+
+std::string keyMapName(const std::string& layout)
+{
+    return kPrefix + layout + kSuffix;
+}
+
+std::string layoutOf(const std::string& fileName)
+{
+    const size_t around = kPrefix.size() + kSuffix.size();
+    if (fileName == kCatalogueName || fileName.size() < around ||
+        fileName.compare(0, kPrefix.size(), kPrefix) != 0 ||
+        fileName.compare(fileName.size() - kSuffix.size(), kSuffix.size(), kSuffix) != 0)
+        return std::string();
+    return fileName.substr(kPrefix.size(), fileName.size() - around);
+}
+
+LayoutSet readLayoutSet(const std::string& folder)
+{
+    if (!std::filesystem::is_directory(folder))
+        throw std::runtime_error(folder + ": no such folder, expected one with " + kCatalogueName);
+    LayoutSet set;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        const std::string name = entry.path().filename().string();
+        if (name == kCatalogueName || !layoutOf(name).empty() || name == kPrefix + kSuffix)
+            set[name] = readFile(entry.path().string());
+    }
+    return set;
+}
+
+} // namespace layouts
