@@ -9,6 +9,7 @@
 #include <memory>
 #include <new>
 
+#include <poll.h>
 #include <unistd.h>
 
 namespace
@@ -43,6 +44,14 @@ long threshold()
     return value;
 }
 
+// The host may have set standard output to return at once when it is full; a line waits for its
+// reader all the same.
+void wait_for_room()
+{
+    pollfd output = {STDOUT_FILENO, POLLOUT, 0};
+    ::poll(&output, 1, -1);
+}
+
 // Standard output may be a pipe or a terminal that takes a part of a long line, or may be
 // interrupted by a signal; only what is left is written again.
 void write_whole(const char* text, size_t bytes)
@@ -51,6 +60,10 @@ void write_whole(const char* text, size_t bytes)
         const ssize_t written = ::write(STDOUT_FILENO, text, bytes);
         if (written < 0 && errno == EINTR)
             continue;
+        if (written < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) {
+            wait_for_room();
+            continue;
+        }
         if (written <= 0)
             return;
         text += written;
