@@ -20,6 +20,7 @@ namespace
 
 using namespace test_support;
 using namespace velmora::browser::vkb;
+using sample::BadFile;
 using steps::expectTrace;
 using steps::operator+;
 using steps::Steps;
@@ -268,11 +269,6 @@ TEST_F(CatalogueTest, AChangeOfLayoutReadsItsKeys)
 }
 
 // A catalogue that is no JSON document, whatever the reason.
-struct BadFile {
-    const char* what;
-    const char* text;
-};
-
 const BadFile kNoJson[] = {
     {"Empty", ""},
     {"OnlyBlanks", " \n"},

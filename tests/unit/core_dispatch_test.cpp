@@ -1,6 +1,7 @@
 // What the remote control's keys do: key results, Shift, Alt, language, clear-all and hide.
 
 #include <functional>
+#include <ostream>
 #include <string>
 
 #include "core_fixture.h"
@@ -513,6 +514,11 @@ struct SpecialWord {
     int result;
     const char* handler; // that logs, or nothing but the error
 };
+
+std::ostream& operator<<(std::ostream& stream, const SpecialWord& word)
+{
+    return stream << word.what;
+}
 
 const SpecialWord kWords[] = {
     {"shift", "shift", 0, "shiftButtonHandle"},

@@ -91,8 +91,11 @@ Steps Core::layoutChange(const std::string& name)
 
 } // namespace steps
 
+bool LayerAskedFor::inThisProcess = false;
+
 LayerAskedFor::LayerAskedFor()
 {
+    inThisProcess = true;
     test_support::RecordingDisplay display;
     KeyBoardCore core;
     core.CreateDFBWindow(display.dfb(), nullptr);

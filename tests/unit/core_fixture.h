@@ -62,6 +62,7 @@ private:
 // whether or not another test ran before it in the same process.
 struct LayerAskedFor {
     LayerAskedFor();
+    static bool inThisProcess;
 };
 
 // A core on a recording display, with three layouts that have a key of each kind. The host's

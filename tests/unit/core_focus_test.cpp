@@ -1,5 +1,6 @@
 // The focus: which key has it, where the arrow keys move it, and what the renderer is told.
 
+#include <ostream>
 #include <string>
 
 #include "core_fixture.h"
@@ -186,6 +187,11 @@ struct Move {
     int code;
     int to; // from the place 1, with the neighbours of the test below
 };
+
+std::ostream& operator<<(std::ostream& stream, const Move& move)
+{
+    return stream << move.procedure;
+}
 
 const int kLeft = 3, kRight = 4, kUp = 5, kDown = 6;
 const Move kMoves[] = {{"LeftMoveProc", &KeyBoardCore::LeftMoveProc, 37, kLeft},

@@ -750,6 +750,16 @@ TEST_F(CoreBadInput, WithoutAFontTheKeyboardStartsAndShowsOnlyTheFrame)
 // --- The layer, in a process that has not asked for it yet. The child processes of death tests
 // are such: the suites whose names end in DeathTest run before all others.
 
+class LayerDeathTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (LayerAskedFor::inThisProcess)
+            GTEST_SKIP() << "this process has asked for the layer: run the test in its own";
+    }
+};
+
 void endWithResult()
 {
     std::exit(testing::Test::HasFailure() ? 1 : 0);
@@ -769,7 +779,7 @@ void askForTheLayerTwice()
     endWithResult();
 }
 
-TEST(LayerDeathTest, IsAskedForOncePerProcess)
+TEST_F(LayerDeathTest, IsAskedForOncePerProcess)
 {
     EXPECT_EXIT(askForTheLayerTwice(), ExitedWithCode(0), "");
 }
@@ -793,13 +803,13 @@ void failToGetTheLayer()
     endWithResult();
 }
 
-TEST(LayerDeathTest, AFailureToGetItIsReportedAndFatal)
+TEST_F(LayerDeathTest, AFailureToGetItIsReportedAndFatal)
 {
     EXPECT_EXIT(failToGetTheLayer(), ExitedWithCode(0),
                 HasSubstr("directfb do: '" + std::string(kLayerCall) + "' failed!\n"));
 }
 
-TEST(LayerDeathTest, AFailureToGetItEndsTheProcess)
+TEST_F(LayerDeathTest, AFailureToGetItEndsTheProcess)
 {
     RecordingDisplay display;
     KeyBoardCore core;

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -22,6 +23,7 @@ namespace
 
 using namespace test_support;
 using namespace velmora::browser::vkb;
+using sample::BadFile;
 using steps::expectTrace;
 using steps::Keys;
 using steps::operator+;
@@ -66,6 +68,11 @@ struct Face {
     const char* what;
     bool shift, alt;
 };
+
+std::ostream& operator<<(std::ostream& stream, const Face& face)
+{
+    return stream << face.what;
+}
 
 const Face kFaces[] = {{"Default", false, false},
                        {"DefaultShift", true, false},
@@ -406,11 +413,6 @@ TEST_F(KeyMapTest, WithoutKeysTheFileIsReadAndTheSetsAreEmpty)
         expectNoKeys();
     }
 }
-
-struct BadFile {
-    const char* what;
-    const char* text;
-};
 
 const BadFile kNoJson[] = {
     {"Empty", ""}, {"Text", "keys"}, {"CutOff", "{\"Keys\": {\"KeyMode_Default\": [{\"id\": 0"}};

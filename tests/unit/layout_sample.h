@@ -1,6 +1,7 @@
 #ifndef TESTS_UNIT_LAYOUT_SAMPLE_H
 #define TESTS_UNIT_LAYOUT_SAMPLE_H
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,13 @@ void writeAllKinds(test_support::LayoutFolder& folder);
 std::vector<velmora::browser::vkb::Button_t> buttons(const test_support::Catalogue& catalogue,
                                                      const std::vector<test_support::Key>& keys,
                                                      bool shifted);
+
+// A file that cannot be read as it should, and a word for a test's name.
+struct BadFile {
+    const char* what;
+    const char* text;
+};
+std::ostream& operator<<(std::ostream& stream, const BadFile& file);
 
 } // namespace sample
 
