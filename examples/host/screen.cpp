@@ -87,6 +87,30 @@ Picture pictureOf(IDirectFBSurface* surface)
     return picture;
 }
 
+std::string noFontMessage()
+{
+    return std::string(kFontVariable) +
+           ": found no font file, expected the path of a TrueType font; install the package "
+           "fonts-dejavu-core or set another";
+}
+
+std::string noLayoutsMessage()
+{
+    return "/usr/local/opt/nerovista/resources/oskeyboard_config/Language_Name.json: found no "
+           "layouts, expected a catalogue that lists them; `make install` puts it there, "
+           "scripts/with-layouts COMMAND runs without";
+}
+
+IDirectFBFont* loadFont(IDirectFB* dfb, const std::string& file, int size)
+{
+    DFBFontDescription description = {};
+    description.flags = DFDESC_HEIGHT;
+    description.height = size;
+    IDirectFBFont* font = nullptr;
+    checkDirectFB(dfb->CreateFont(dfb, file.c_str(), &description, &font), file.c_str());
+    return font;
+}
+
 std::string chooseFont()
 {
     const char* chosen = std::getenv(kFontVariable);

@@ -45,6 +45,13 @@ Picture pictureOf(IDirectFBSurface* surface);
 // exists, DejaVu Sans, which is then put into the environment. Empty when there is none.
 std::string chooseFont();
 
+// The fonts and layouts that a host cannot do without are missing: what was looked for, what to do.
+std::string noFontMessage();
+std::string noLayoutsMessage();
+
+// Owned by the caller. A font that DirectFB cannot load ends the process with its message.
+IDirectFBFont* loadFont(IDirectFB* dfb, const std::string& file, int size);
+
 } // namespace host
 
 #endif

@@ -2,13 +2,11 @@
 
 #include <algorithm>
 
-#include "directfb_check.h"
+#include "screen.h"
 #include "text_line.h"
 
 namespace host
 {
-
-using velmora::browser::vkb::checkDirectFB;
 
 namespace
 {
@@ -20,16 +18,6 @@ const int kBoxTop = 40;
 const int kBoxHeight = 72;
 const int kInset = 16;
 const int kCaretWidth = 3;
-
-IDirectFBFont* loadFont(IDirectFB* dfb, const std::string& file, int size)
-{
-    DFBFontDescription description = {};
-    description.flags = DFDESC_HEIGHT;
-    description.height = size;
-    IDirectFBFont* font = nullptr;
-    checkDirectFB(dfb->CreateFont(dfb, file.c_str(), &description, &font), file.c_str());
-    return font;
-}
 
 void fill(IDirectFBSurface* surface, const DFBRectangle& area, u8 grey)
 {
@@ -62,7 +50,6 @@ void TextField::draw(IDirectFBSurface* surface, const TextLine& line, int y, boo
 {
     int width = 0;
     surface->GetSize(surface, &width, nullptr);
-    fill(surface, {0, y, width, kHeight}, 0x00);
     surface->SetColor(surface, 0xB0, 0xB0, 0xB0, 0xFF);
     write(surface, m_small, m_label, kMargin, y + kMargin);
 

@@ -21,7 +21,8 @@ public:
     // cannot load ends the process with its message.
     TextField(IDirectFB* dfb, const std::string& font, const std::string& label);
 
-    // Draws kHeight pixels of the surface's whole width from y on; does not flip.
+    // Draws over the surface's whole width, kHeight pixels from y on; the background shows
+    // around the box. Does not flip.
     void draw(IDirectFBSurface* surface, const TextLine& line, int y, bool entered) const;
 
 private:

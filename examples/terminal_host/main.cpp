@@ -30,8 +30,6 @@ namespace
 const int kGivenUp = 1;
 const int kCannotRun = 2;
 
-const char kCatalogue[] = "/usr/local/opt/nerovista/resources/oskeyboard_config/Language_Name.json";
-
 int fail(const std::string& message)
 {
     std::fprintf(stderr, "terminal_host: %s\n", message.c_str());
@@ -116,12 +114,8 @@ int run(const Options& options)
         if (!plan.possible)
             return fail(whyNot(plan, model));
     }
-    const std::string noLayouts =
-        std::string(kCatalogue) +
-        ": found no layouts, expected a catalogue that lists them; "
-        "`make install` puts it there, scripts/terminal_host runs without";
     if (model.layouts().empty())
-        return fail(noLayouts);
+        return fail(noLayoutsMessage());
     if (options.plan)
         return printPlan(plan);
 
@@ -132,15 +126,14 @@ int run(const Options& options)
         return fail(why);
     const std::string font = chooseFont();
     if (font.empty())
-        return fail("VIRTUAL_KEYBOARD_FONT_PATH: found no font file, expected the path of a "
-                    "TrueType font; install the package fonts-dejavu-core or set another");
+        return fail(noFontMessage());
 
     std::unique_ptr<Recorder> recorder;
     if (!options.record.empty())
         recorder = makeRecorder(options.record);
     KeyboardHost keyboard;
     if (!keyboard.start())
-        return fail(noLayouts);
+        return fail(noLayoutsMessage());
 
     bool submitted = false;
     std::string text;

@@ -87,6 +87,7 @@ void Session::record(int milliseconds)
         return;
     const Picture keyboard = m_keyboard.picture();
     IDirectFBSurface* page = m_keyboard.screen().createSurface(keyboard.width, TextField::kHeight);
+    page->Clear(page, 0, 0, 0, 0xFF);
     m_field.draw(page, m_line, 0, true);
     const Picture field = pictureOf(page);
     page->Release(page);
