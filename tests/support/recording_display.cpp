@@ -325,8 +325,11 @@ DFBResult layerCreateWindow(IDirectFBDisplayLayer* self, const DFBWindowDescript
                             IDirectFBWindow** window)
 {
     const DFBResult result = called(self, "CreateWindow", fields(*wanted));
-    if (result == DFB_OK)
-        *window = addWindow(wanted->width, wanted->height);
+    if (result != DFB_OK)
+        return result;
+    if (wanted->width < 1 || wanted->height < 1)
+        return DFB_INVARG; // as DirectFB's own does
+    *window = addWindow(wanted->width, wanted->height);
     return result;
 }
 

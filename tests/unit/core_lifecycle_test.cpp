@@ -89,17 +89,21 @@ Steps windowShown(const std::string& window)
     return {call(window + ".SetOpacity(255)"), call(window + ".RaiseToTop()")};
 }
 
-Steps windowMade(const std::string& window, int width, int height)
+Steps windowWanted(int width, int height)
 {
     const std::string size =
         " width=" + std::to_string(width) + " height=" + std::to_string(height);
-    const Steps making = {call("layer.CreateWindow({flags=0x237 caps=0x3" + size +
-                               " pixelformat=0x418C04 posx=600 posy=600 surface_caps=0x15"
-                               " stacking=1})"),
-                          call("layer.SetCooperativeLevel(ADMINISTRATIVE)"),
-                          call(window + ".GetSurface()")};
-    return coreLogged(kDetail, "CreateDFBWindow", "CreateDFBWindow!\n\n") + making +
-           windowShown(window);
+    const Steps calls = {call("layer.CreateWindow({flags=0x237 caps=0x3" + size +
+                              " pixelformat=0x418C04 posx=600 posy=600 surface_caps=0x15"
+                              " stacking=1})"),
+                         call("layer.SetCooperativeLevel(ADMINISTRATIVE)")};
+    return coreLogged(kDetail, "CreateDFBWindow", "CreateDFBWindow!\n\n") + calls;
+}
+
+Steps windowMade(const std::string& window, int width, int height)
+{
+    const Steps surface = {call(window + ".GetSurface()")};
+    return windowWanted(width, height) + surface + windowShown(window);
 }
 
 Steps namesRead(int count)
@@ -609,50 +613,93 @@ protected:
                m_renderer.construction(width, height);
     }
 
-    Steps noNames() { return coreLogged(kTrace, "enter", "Read language name error! \n"); }
+    // What a parser does that finds no catalogue: the key map's reading looks for it once more.
+    static Steps catalogueMissed()
+    {
+        return parserLogged("ParseLayout", "called\n") +
+               parserLogged("ParseCurrentLayoutKeyMaps", "called\n") +
+               parserLogged("ParseLayout", "called\n");
+    }
+
+    // enter, when the list is empty with the catalogue read or not.
+    static Steps noNames(bool catalogueIsRead)
+    {
+        const Steps success = parserLogged("ParseLayout", "Layout Parse Successfully !\n");
+        return coreLogged(kTrace, "enter", "enter the VKB!\n\n") +
+               parserLogged("getLayoutsName", "called\n") +
+               parserLogged("ParseLayout", "called\n") + (catalogueIsRead ? success : Steps()) +
+               coreLogged(kTrace, "enter", "language num :0 \n") +
+               coreLogged(kTrace, "enter", "Read language name error! \n");
+    }
+
+    static std::string withoutNames()
+    {
+        Catalogue catalogue = sample::allKindsCatalogue();
+        catalogue.names.clear();
+        return asJson(catalogue);
+    }
 };
 
 TEST_F(CoreBadInput, AnEmptyLayoutListLeavesTheKeyboardNotStarted)
 {
-    Catalogue catalogue = sample::allKindsCatalogue();
-    catalogue.names.clear();
-    m_folder.writeCatalogue(asJson(catalogue));
+    m_folder.writeCatalogue(withoutNames());
     startNew();
-    expectTrace(
-        begun(parserMade(), kWidth, kHeight) + coreLogged(kTrace, "enter", "enter the VKB!\n\n") +
-        parserLogged("getLayoutsName", "called\n") + parserLogged("ParseLayout", "called\n") +
-        parserLogged("ParseLayout", "Layout Parse Successfully !\n") +
-        coreLogged(kTrace, "enter", "language num :0 \n") + noNames());
+    expectTrace(begun(parserMade(), kWidth, kHeight) + noNames(true));
     expectNotStarted();
 }
 
-TEST_F(CoreBadInput, AMissingCatalogueGivesAWindowOfNoSizeAndNoKeyboard)
+TEST_F(CoreBadInput, AStartAfterAnEmptyListBuildsAgainInTheSameWindowAndReleasesNothing)
 {
-    m_folder.removeCatalogue();
-    startNew();
-    const Steps nothingRead = parserLogged("ParseLayout", "called\n") +
-                              parserLogged("ParseCurrentLayoutKeyMaps", "called\n") +
-                              parserLogged("ParseLayout", "called\n");
-    expectTrace(begun(nothingRead, 0, 0) + coreLogged(kTrace, "enter", "enter the VKB!\n\n") +
-                parserLogged("getLayoutsName", "called\n") +
-                parserLogged("ParseLayout", "called\n") +
-                coreLogged(kTrace, "enter", "language num :0 \n") + noNames());
-    expectNotStarted();
-}
-
-TEST_F(CoreBadInput, AStartAfterAFailedOneBuildsAgainInTheSameWindowAndReleasesNothing)
-{
-    const std::string catalogue = asJson(sample::allKindsCatalogue());
-    m_folder.removeCatalogue();
+    m_folder.writeCatalogue(withoutNames());
     const LeavesBehind parserAndRenderer;
     startNew();
+    sample::writeAllKinds(m_folder);
     takeTrace();
-    m_folder.writeCatalogue(catalogue);
     startAgain();
-    // The window keeps the size that it was made with.
     expectTrace(imeStarts(false) + parserMade() + windowShown("window1") +
-                m_renderer.construction(0, 0) + entered("English"));
+                m_renderer.construction(kWidth, kHeight) + entered("English"));
     EXPECT_TRUE(m_core->isKeyBoardEnable());
+}
+
+TEST_F(CoreBadInput, AMissingCatalogueGivesNoWindowAndNoKeyboard)
+{
+    m_folder.removeCatalogue();
+    startNew();
+    expectTrace(imeStarts(false) + catalogueMissed() + windowWanted(0, 0) + noNames(false));
+    EXPECT_EQ(m_display.liveWindows(), 0u);
+    expectNotStarted();
+    m_core->Show();
+    EXPECT_FALSE(m_core->isShow()) << "there is no renderer";
+}
+
+TEST_F(CoreBadInput, AMalformedCatalogueIsAsGoodAsNone)
+{
+    m_folder.writeCatalogue("{\"language\": [\"English\"");
+    startNew();
+    expectTrace(imeStarts(false) + catalogueMissed() + windowWanted(0, 0) + noNames(false));
+    expectNotStarted();
+}
+
+TEST_F(CoreBadInput, AStartAfterAMissingCatalogueFindsTheOneThatCameMeanwhile)
+{
+    m_folder.removeCatalogue();
+    const LeavesBehind parser;
+    startNew();
+    sample::writeAllKinds(m_folder);
+    takeTrace();
+    startAgain();
+    expectTrace(firstStart());
+    EXPECT_TRUE(m_core->isKeyBoardEnable());
+}
+
+TEST_F(CoreBadInput, AWindowThatCannotBeMadeLeavesTheKeyboardNotStarted)
+{
+    m_display.failEvery("CreateWindow", DFB_NOVIDEOMEMORY);
+    startNew();
+    expectTrace(imeStarts(false) + parserMade() + windowWanted(kWidth, kHeight) + namesRead(3) +
+                m_expected.layoutChange("English") + coreLogged(kError, "updateKeyMap", kNoUi) +
+                coreLogged(kError, "enter", kNoUi));
+    expectNotStarted();
 }
 
 TEST_F(CoreBadInput, AMissingKeyMapStartsAKeyboardWithoutKeys)
