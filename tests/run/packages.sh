@@ -1,0 +1,140 @@
+# shellcheck shell=bash disable=SC2154,SC2016
+# Tests of scripts/install-packages.
+
+install=$scripts/install-packages
+
+# Nothing here may really install.
+no_apt() { fake apt-get 'echo "apt-get was called: $*"; exit 99'; }
+
+# A package that is not installed, known to apt as the file "known" says.
+missing_package() {
+    fake dpkg-query 'shift 2; for p; do [ "$p" = ninja-build ] || echo "installed $p"; done'
+    fake apt-cache '[ -f known ] && echo "  Candidate: 1.0" || echo "  Candidate: (none)"'
+    fake id 'echo 0'
+}
+
+test_nothing_missing_calls_no_apt() {
+    no_apt
+    run "$install" build run tools examples test
+    expect_status 0
+    expect_said 'Packages: all'
+}
+
+test_a_check_takes_less_than_a_second() {
+    no_apt
+    local start=${EPOCHREALTIME/./}
+    run "$install" build run tools examples test
+    expect_status 0
+    (((${EPOCHREALTIME/./} - start) < 1000000)) || fail "the check took too long"
+}
+
+test_says_what_is_missing_and_why_then_installs_only_that() {
+    missing_package
+    touch known
+    fake apt-get 'echo "$*" >>calls'
+    run "$install" build
+    expect_status 0
+    expect_said '1 of 6 are missing'
+    expect_said 'ninja-build - the generator that the CMake presets name'
+    [ "$(cat calls)" = 'install -y --no-install-recommends -q ninja-build' ] || fail "$(cat calls)"
+}
+
+test_unknown_to_old_lists_fetches_them_first() {
+    missing_package
+    fake apt-get 'echo "$1" >>calls; [ "$1" != update ] || touch known'
+    run "$install" build
+    expect_status 0
+    [ "$(cat calls)" = $'update\ninstall' ] || fail "$(cat calls)"
+}
+
+test_old_lists_that_name_gone_versions_are_fetched_again() {
+    missing_package
+    touch known
+    fake apt-get 'echo "$1" >>calls
+        case $1 in update) touch fresh ;; install) [ -f fresh ] || { echo "404 Not Found"; exit 100; } ;; esac'
+    run "$install" build
+    expect_status 0
+    [ "$(cat calls)" = $'install\nupdate\ninstall' ] || fail "$(cat calls)"
+}
+
+test_without_network() {
+    missing_package
+    fake apt-get 'echo "Could not resolve"; exit 100'
+    run "$install" build
+    expect_status 1
+    expect_said 'could not be fetched'
+    expect_said 'is there a network?'
+}
+
+test_network_that_fails_during_the_download() {
+    missing_package
+    touch known
+    fake apt-get 'exit 100'
+    run "$install" build
+    expect_status 1
+    expect_said 'apt could not install the packages'
+}
+
+test_package_that_the_system_does_not_have() {
+    missing_package
+    fake apt-get 'exit 0'
+    run "$install" build
+    expect_status 1
+    expect_said "this system's package sources do not have: ninja-build"
+    expect_said 'made for Debian 12 and newer'
+}
+
+test_without_apt() {
+    fake dpkg-query 'exit 1'
+    only bash sed sort tr dirname basename
+    run bash "$install" build
+    expect_status 1
+    expect_said 'this machine has no apt'
+    expect_said 'ninja-build'
+}
+
+test_not_root_and_no_sudo() {
+    missing_package
+    no_apt
+    fake id 'echo 1000'
+    only bash sed sort tr dirname basename comm head grep
+    run bash "$install" build
+    expect_status 1
+    expect_said 'there is no sudo here'
+    expect_said 'as root, run: apt-get install ninja-build'
+    expect_not_said 'apt-get was called'
+}
+
+test_not_root_uses_sudo_and_says_so() {
+    missing_package
+    touch known
+    fake id 'echo 1000'
+    fake sudo 'echo "sudo ran: $*"'
+    run "$install" build
+    expect_status 0
+    expect_said 'sudo will ask for your password: installing packages needs the rights of root'
+    expect_said 'sudo ran: env DEBIAN_FRONTEND=noninteractive apt-get install'
+}
+
+test_unknown_set_is_named() {
+    no_apt
+    run "$install" build kitchen
+    expect_status 1
+    expect_said 'no such set of packages: kitchen'
+}
+
+test_no_set_shows_the_sets() {
+    run "$install"
+    expect_status 1
+    expect_said 'usage: install-packages SET...'
+    expect_said 'build'
+}
+
+# A set with a misspelt package would only be noticed on a fresh machine.
+test_every_listed_package_is_a_name() {
+    local line
+    while IFS= read -r line; do
+        [[ $line =~ ^[a-z0-9][a-z0-9+.-]+([[:space:]]+#.*)?$ || $line =~ ^(#.*)?$ ]] ||
+            fail "not a package: $line"
+    done < <(cat "$scripts"/packages/*.txt)
+}
