@@ -36,7 +36,7 @@ clean: ## Delete everything that was built
 	rm -rf build
 
 keyboard:
-	@scripts/install-packages build run
+	@scripts/install-packages build run examples
 	@scripts/build keyboard
 
 everything:

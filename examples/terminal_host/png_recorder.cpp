@@ -10,7 +10,7 @@ namespace host
 
 void PngRecorder::add(const Picture& frame, int)
 {
-    char number[16];
+    char number[24];
     std::snprintf(number, sizeof number, "-%03d.png", ++m_frames);
     const std::string file = m_prefix + number;
 
