@@ -238,7 +238,9 @@ TEST_P(ShippedLayout, ShiftedLetterCarriesTheShiftModifier)
     place.putFonts();
     setenv("DFBARGS", "system=dummy,mode=1920x1080,quiet,no-cursor", 1);
     IDirectFB* dfb = nullptr;
-    ASSERT_EQ(DirectFBInit(nullptr, nullptr), DFB_OK);
+    int argc = 0;
+    char** argv = nullptr;
+    ASSERT_EQ(DirectFBInit(&argc, &argv), DFB_OK);
     ASSERT_EQ(DirectFBCreate(&dfb), DFB_OK);
 
     KeyBoardCore core;

@@ -1,0 +1,33 @@
+#ifndef PIXEL_DISPLAY_H
+#define PIXEL_DISPLAY_H
+
+#include <directfb.h>
+
+#include "picture.h"
+
+// DirectFB without a screen, opened once for the process and left open.
+class Display
+{
+public:
+    Display();
+
+    IDirectFB* dfb() const { return m_dfb; }
+
+    // A window of this size, as the keyboard and its driver open theirs.
+    IDirectFBSurface* newWindow(int width, int height);
+
+    // The surface of the newest window on the screen, whoever opened it.
+    IDirectFBSurface* newestWindow();
+
+private:
+    IDirectFB* m_dfb = nullptr;
+    IDirectFBDisplayLayer* m_layer = nullptr;
+};
+
+// Before DirectFB starts: no screen, no chatter, no log lines.
+void prepareDisplay();
+
+// What the surface shows: its front buffer.
+Picture shownOn(IDirectFBSurface* surface);
+
+#endif
