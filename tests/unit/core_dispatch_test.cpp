@@ -12,14 +12,7 @@ namespace
 using namespace test_support;
 using namespace velmora::browser::vkb;
 using namespace sample;
-using steps::coreLogged;
-using steps::expectTrace;
-using steps::kError;
-using steps::Keys;
-using steps::kResult;
-using steps::kTrace;
-using steps::operator+;
-using steps::Steps;
+using namespace steps;
 using testing::Contains;
 using testing::IsEmpty;
 using testing::Not;
@@ -33,7 +26,7 @@ Steps trace(const std::string& function, const std::string& message)
     return coreLogged(kTrace, function, message);
 }
 
-Steps entered()
+Steps okPressed()
 {
     return trace("EnterPressProc", "called\n");
 }
@@ -74,7 +67,6 @@ protected:
         EXPECT_EQ(taken.text, text);
     }
 
-    // Brings the keyboard into a mode by pressing its keys, and the expectations with it.
     void pressShift(int times)
     {
         for (int i = 0; i < times; ++i)
@@ -91,15 +83,13 @@ protected:
         const std::string start = "surface2.DrawString(\"";
         bool sunken = false;
         for (const std::string& line : takeTrace()) {
-            if (line.find(".FillRectangle(") != std::string::npos)
-                continue;
             if (line == "surface2.SetColor(25,25,25,255)")
                 sunken = true;
-            if (sunken && line.compare(0, start.size(), start) == 0) {
-                labels.push_back(
-                    line.substr(start.size(), line.find('"', start.size()) - start.size()));
-                sunken = false;
-            }
+            if (!sunken || line.compare(0, start.size(), start) != 0)
+                continue;
+            const size_t end = line.find('"', start.size());
+            labels.push_back(line.substr(start.size(), end - start.size()));
+            sunken = false;
         }
         return labels;
     }
@@ -123,8 +113,7 @@ protected:
 
 TEST_F(CoreDispatch, EveryCodeIsLogged)
 {
-    m_core.reset(new KeyBoardCore);
-    takeTrace();
+    create();
     for (const int code : {0, 13, 37, -5, 1000}) {
         EXPECT_EQ(m_core->onKeyEvent(code), 2);
         expectTrace(trace("onKeyEvent", "Received Keycode: " + std::to_string(code) + "\n"));
@@ -170,7 +159,7 @@ TEST_F(CoreDispatch, OkReachesTheFocusedKey)
 {
     start();
     EXPECT_EQ(m_core->onKeyEvent(13), 1);
-    expectTrace(trace("onKeyEvent", "Received Keycode: 13\n") + entered() + resultMade("41"));
+    expectTrace(trace("onKeyEvent", "Received Keycode: 13\n") + okPressed() + resultMade("41"));
     expectResult(65, 0, 97, "a");
 }
 
@@ -207,7 +196,7 @@ TEST_F(CoreDispatch, ANegativeKeyCodeYieldsNothing)
     press(kLetter);
     EXPECT_EQ(press(kMute), 0);
     const Lines found = takeTrace();
-    EXPECT_EQ(found.back(), steps::linesOf(entered()).back());
+    EXPECT_EQ(found.back(), linesOf(okPressed()).back());
     expectResult(65, 0, 97, "a");
 }
 
@@ -252,7 +241,7 @@ TEST_F(CoreDispatch, ShiftOnceLocksTheKeyAndShowsTheShiftedSet)
     EXPECT_EQ(m_core->EnterPressProc(), 0);
     const Keys shifted = keys("English", true);
     const Keys locked = {keys()[kShift]};
-    expectTrace(entered() + modeWas("shiftButtonHandle", 0) +
+    expectTrace(okPressed() + modeWas("shiftButtonHandle", 0) +
                 m_expected.reload(shifted, locked, shifted[kShift]));
 }
 
@@ -267,7 +256,7 @@ TEST_F(CoreDispatch, ShiftTwiceLocksShiftAndKeepsTheLocks)
     takeTrace();
 
     EXPECT_EQ(m_core->EnterPressProc(), 0);
-    expectTrace(entered() + modeWas("shiftButtonHandle", 1) +
+    expectTrace(okPressed() + modeWas("shiftButtonHandle", 1) +
                 m_expected.reload(shifted, locked, shifted[kShift]));
 }
 
@@ -285,7 +274,7 @@ TEST_F(CoreDispatch, ShiftThreeTimesIsOffAgain)
 
     EXPECT_EQ(m_core->EnterPressProc(), 0);
     const Keys plain = keys();
-    expectTrace(entered() + modeWas("shiftButtonHandle", 1) + unlocked("Shift") +
+    expectTrace(okPressed() + modeWas("shiftButtonHandle", 1) + unlocked("Shift") +
                 m_expected.reloadIn("shiftButtonHandle", plain, m_none, plain[kShift]));
     press(kLetter);
     expectResult(65, 0, 97, "a");
@@ -316,12 +305,12 @@ TEST_F(CoreDispatch, ALetterWithShiftOnceIsShiftedAndReleasesShift)
 
     EXPECT_EQ(m_core->EnterPressProc(), 1);
     const Keys plain = keys();
-    expectTrace(entered() + resultMade("41") + unlocked("Shift") +
+    expectTrace(okPressed() + resultMade("41") + unlocked("Shift") +
                 m_expected.reload(plain, m_none, plain[kLetter]));
     expectResult(65, 2, 65, "A");
 
     EXPECT_EQ(m_core->EnterPressProc(), 1);
-    expectTrace(entered() + resultMade("41"));
+    expectTrace(okPressed() + resultMade("41"));
     expectResult(65, 0, 97, "a");
 }
 
@@ -332,7 +321,7 @@ TEST_F(CoreDispatch, ALetterWithShiftLockedStaysShifted)
     for (int i = 0; i < 2; ++i) {
         focus(kLetter);
         EXPECT_EQ(m_core->EnterPressProc(), 1);
-        expectTrace(entered() + resultMade("41"));
+        expectTrace(okPressed() + resultMade("41"));
         expectResult(65, 2, 65, "A");
     }
 }
@@ -358,7 +347,7 @@ TEST_F(CoreDispatch, ShiftOnceInSmallLettersIsReleasedByALetter)
     press(kShift);
     focus(kLetter);
     EXPECT_EQ(m_core->EnterPressProc(), 1);
-    EXPECT_THAT(takeTrace(), Not(Contains(steps::linesOf(unlocked("Shift")).back())));
+    EXPECT_THAT(takeTrace(), Not(Contains(linesOf(unlocked("Shift")).back())));
     expectResult(65, 2, 65, "A");
     EXPECT_EQ(m_core->EnterPressProc(), 1);
     expectResult(65, 0, 97, "a");
@@ -373,7 +362,7 @@ TEST_F(CoreDispatch, AltShowsTheSymbolSetAndLocksTheKey)
     focus(kAlt);
     EXPECT_EQ(m_core->EnterPressProc(), 0);
     const Keys symbols = keys("English", false, true);
-    expectTrace(entered() + modeWas("altButtonHandle", 0) +
+    expectTrace(okPressed() + modeWas("altButtonHandle", 0) +
                 m_expected.reload(symbols, {keys()[kAlt]}, symbols[kAlt]));
 }
 
@@ -388,7 +377,7 @@ TEST_F(CoreDispatch, AltTwiceIsOffAgain)
 
     EXPECT_EQ(m_core->EnterPressProc(), 0);
     const Keys plain = keys();
-    expectTrace(entered() + modeWas("altButtonHandle", 1) + unlocked("Alt") +
+    expectTrace(okPressed() + modeWas("altButtonHandle", 1) + unlocked("Alt") +
                 m_expected.reloadIn("altButtonHandle", plain, m_none, plain[kAlt]));
 }
 
@@ -439,7 +428,7 @@ TEST_F(CoreDispatch, ClearAllYieldsItsOwnCodes)
     start();
     focus(kClearAll);
     EXPECT_EQ(m_core->EnterPressProc(), 1);
-    expectTrace(entered() + trace("clearButtonHandle", "called\n") + resultMade("2e"));
+    expectTrace(okPressed() + trace("clearButtonHandle", "called\n") + resultMade("2e"));
     expectResult(46, 0, 127, "ClearAll");
 }
 
@@ -458,7 +447,7 @@ TEST_F(CoreDispatch, HideHidesAndKeepsTheKeyboardStarted)
     start();
     focus(kHide);
     EXPECT_EQ(m_core->EnterPressProc(), 0);
-    expectTrace(entered() + trace("Hide", "Hide the VKB!\n\n") + m_renderer.hideShown());
+    expectTrace(okPressed() + trace("Hide", "Hide the VKB!\n\n") + m_renderer.hideShown());
     EXPECT_TRUE(m_core->isKeyBoardEnable());
     EXPECT_FALSE(m_core->isShow());
     EXPECT_EQ(m_core->onKeyEvent(13), 2);
@@ -470,7 +459,7 @@ TEST_F(CoreDispatch, TheLanguageKeyLoadsTheNextLayoutAtTheSameIndex)
     focus(kLanguage);
     EXPECT_EQ(m_core->EnterPressProc(), 0);
     const Keys german = keys("German");
-    expectTrace(entered() + trace("languageButtonHandle", "called\n") +
+    expectTrace(okPressed() + trace("languageButtonHandle", "called\n") +
                 m_expected.layoutChange("German") +
                 m_expected.reload(german, m_none, german[kLanguage]));
 }
@@ -495,7 +484,7 @@ TEST_F(CoreDispatch, TheLanguageKeySwitchesModesAndLocksOff)
     expectResult(65, 0, 97, "a");
     focus(kShift);
     m_core->EnterPressProc();
-    EXPECT_THAT(takeTrace(), Contains(steps::linesOf(modeWas("shiftButtonHandle", 0)).back()));
+    EXPECT_THAT(takeTrace(), Contains(linesOf(modeWas("shiftButtonHandle", 0)).back()));
 }
 
 TEST_F(CoreDispatch, AnUnknownSpecialKeyIsNotHandled)
@@ -503,7 +492,8 @@ TEST_F(CoreDispatch, AnUnknownSpecialKeyIsNotHandled)
     start();
     focus(kUnknown);
     EXPECT_EQ(m_core->EnterPressProc(), 2);
-    expectTrace(entered() + coreLogged(kError, "specialButtonHandle", "Maybe not special key!\n"));
+    expectTrace(okPressed() +
+                coreLogged(kError, "specialButtonHandle", "Maybe not special key!\n"));
     expectResult(0, 0, 0, "");
 }
 
@@ -577,7 +567,7 @@ TEST_F(CoreDispatch, ASpecialKeyIsHandledWhateverItsKeyCode)
 {
     startWithKey(kLetter, {0, "ClearAll", true, false, -9, 3, 0, 1, 0, 4, "ClearAll", 3});
     EXPECT_EQ(press(kLetter), 1);
-    expectTrace(entered() + trace("clearButtonHandle", "called\n") + resultMade("fffffff7"));
+    expectTrace(okPressed() + trace("clearButtonHandle", "called\n") + resultMade("fffffff7"));
     expectResult(-9, 0, 3, "ClearAll");
 }
 
@@ -672,8 +662,10 @@ TEST_F(CoreDispatch, ASilentSessionEvaluatesNothingForTheLogAndDrawsTheSame)
 {
     const std::function<Lines()> session = [this] {
         start();
-        for (const int place : {kLetter, kShift, kLetter, kAlt, kLanguage, kUnknown})
-            m_core->FocusButtonChangedTo(place), m_core->EnterPressProc();
+        for (const int place : {kLetter, kShift, kLetter, kAlt, kLanguage, kUnknown}) {
+            m_core->FocusButtonChangedTo(place);
+            m_core->EnterPressProc();
+        }
         const Lines calls = callsOf(takeTrace());
         m_core.reset();
         return calls;

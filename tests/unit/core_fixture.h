@@ -3,60 +3,17 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
 
+#include "core_steps.h"
 #include "keyboard_core.h"
 #include "layout_folder.h"
 #include "layout_sample.h"
 #include "log_capture.h"
 #include "recording_display.h"
-#include "renderer_steps.h"
 
 const char kFontVariable[] = "VIRTUAL_KEYBOARD_FONT_PATH";
-const char kUsualFont[] = "/usr/local/opt/font/TarvoL2700.ttf";
-
-namespace steps
-{
-
-Steps coreLogged(uint32_t level, const std::string& function, const std::string& message);
-Steps parserLogged(const std::string& function, const std::string& message);
-
-// What the core does around a change of keys or focus. It counts the fonts that were loaded, as
-// each reload of the keys loads another one, and remembers which locks the renderer knows, as a
-// reload repaints with those before it sends the new ones.
-class Core
-{
-public:
-    explicit Core(Renderer renderer) : m_renderer(std::move(renderer)) {}
-
-    std::string lastFont() const { return "font" + std::to_string(m_fonts); }
-    void countFont() { ++m_fonts; }
-
-    Steps updateKeyMap(const Keys& keys, const std::string& fontPath = kUsualFont);
-    Steps focusChange(const Keys& keys, const Keys& locked, int id, const vkb::Button_t& focused);
-    Steps refusedFocusChange(const Keys& keys, const Keys& locked, int id,
-                             const vkb::Button_t& focused);
-
-    // updateKeyBoardUI, and the same written out in a handler of its own.
-    Steps reload(const Keys& keys, const Keys& locked, const vkb::Button_t& focused);
-    Steps reloadIn(const std::string& handler, const Keys& keys, const Keys& locked,
-                   const vkb::Button_t& focused);
-
-    // The change to a layout that has a key map.
-    static Steps layoutChange(const std::string& name);
-
-private:
-    Steps repaint(const Keys& keys);
-    Steps marks(const Keys& keys, const Keys& locked, const vkb::Button_t& focused);
-
-    Renderer m_renderer;
-    Keys m_shownLocks;
-    int m_fonts = 0;
-};
-
-} // namespace steps
 
 // The window belongs to the process; this asks for its layer, so that a test sees the same calls
 // whether or not another test ran before it in the same process.
@@ -73,8 +30,18 @@ protected:
     CoreTest();
     ~CoreTest() override;
 
-    // Makes a core, starts it, and forgets what that did.
+    // Makes a core, starts the one that is there, or does both at once. Only startIt leaves a
+    // trace.
+    void create();
+    void startIt();
     void start();
+
+    // The first start of a core, and what it does from enter on.
+    steps::Steps firstStart();
+    steps::Steps entered(const std::string& layout);
+
+    // A core whose renderer could not be made: the parser and the window are there.
+    void startWithoutRenderer();
 
     static steps::Keys keys(const std::string& layout = "English", bool shift = false,
                             bool alt = false);
@@ -83,6 +50,10 @@ protected:
 
     // Focuses a key and presses OK on it; the trace holds the press alone.
     int press(int place);
+
+    // The whole size of the sample's keyboard: four columns and two rows.
+    static constexpr int kWidth = 4 * 64 + 4;
+    static constexpr int kHeight = 2 * 56 + 6;
 
     LayerAskedFor m_layerAskedFor;
     test_support::LayoutFolder m_folder;

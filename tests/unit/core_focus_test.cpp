@@ -11,13 +11,7 @@ namespace
 using namespace test_support;
 using namespace velmora::browser::vkb;
 using namespace sample;
-using steps::coreLogged;
-using steps::expectTrace;
-using steps::kError;
-using steps::Keys;
-using steps::kTrace;
-using steps::operator+;
-using steps::Steps;
+using namespace steps;
 
 const char kNoUi[] = "Can not find Keboard UI!\n";
 const char kNoTarget[] = "Target keybutton is error,no need to change focus!\n";
@@ -121,8 +115,7 @@ TEST_F(CoreFocus, SendingReachesTheRenderer)
 
 TEST_F(CoreFocus, SendingWithoutARendererFails)
 {
-    m_core.reset(new KeyBoardCore);
-    takeTrace();
+    create();
     EXPECT_EQ(m_core->sendFocusButtonToUI(), 0);
     EXPECT_EQ(m_core->sendLockButtonToUI(), 0);
     expectTrace(coreLogged(kError, "sendFocusButtonToUI", kNoUi) +
@@ -261,8 +254,7 @@ TEST_P(CoreMove, TowardsNoNeighbourStillTellsTheRenderer)
 
 TEST_P(CoreMove, WithoutARendererFails)
 {
-    m_core.reset(new KeyBoardCore);
-    takeTrace();
+    create();
     EXPECT_EQ(move(), 2);
     expectTrace(called() + unseenFocusChange("Target button num is 0\n") +
                 coreLogged(kError, GetParam().procedure, "Failed to handle the key!\n"));

@@ -1,0 +1,247 @@
+// Bad layout files and a missing font, as the keyboard's host meets them.
+
+#include <cstdlib>
+#include <string>
+
+#include "core_fixture.h"
+
+// Of the leak checker, in programs that are built with it.
+extern "C" {
+void __lsan_disable() __attribute__((weak));
+void __lsan_enable() __attribute__((weak));
+}
+
+namespace
+{
+
+using namespace test_support;
+using namespace velmora::browser::vkb;
+using namespace steps;
+using sample::kKeys;
+using sample::kLanguage;
+using testing::Contains;
+using testing::HasSubstr;
+using testing::Not;
+
+// An unsuccessful start leaves its parser and renderer behind, as it is meant to.
+class LeavesBehind
+{
+public:
+    LeavesBehind()
+    {
+        if (__lsan_disable != nullptr)
+            __lsan_disable();
+    }
+    ~LeavesBehind()
+    {
+        if (__lsan_enable != nullptr)
+            __lsan_enable();
+    }
+};
+
+class CoreBadInput : public CoreTest
+{
+protected:
+    void startNew()
+    {
+        create();
+        startIt();
+    }
+
+    void expectNotStarted()
+    {
+        EXPECT_FALSE(m_core->isKeyBoardEnable());
+        EXPECT_FALSE(m_core->isShow());
+        takeTrace();
+        EXPECT_EQ(m_core->onKeyEvent(13), 2);
+        expectTrace(coreLogged(kTrace, "onKeyEvent", "Received Keycode: 13\n"));
+    }
+
+    // What every start does before it reads the names.
+    Steps begun(const Steps& parser, int width, int height)
+    {
+        return imeStarts(false) + parser + windowMade("window1", width, height) +
+               m_renderer.construction(width, height);
+    }
+
+    // What a parser does that finds no catalogue: the key map's reading looks for it once more.
+    static Steps catalogueMissed()
+    {
+        return parserLogged("ParseLayout", "called\n") +
+               parserLogged("ParseCurrentLayoutKeyMaps", "called\n") +
+               parserLogged("ParseLayout", "called\n");
+    }
+
+    // enter, when the list is empty with the catalogue read or not.
+    static Steps noNames(bool catalogueIsRead)
+    {
+        const Steps success = parserLogged("ParseLayout", "Layout Parse Successfully !\n");
+        return coreLogged(kTrace, "enter", "enter the VKB!\n\n") +
+               parserLogged("getLayoutsName", "called\n") +
+               parserLogged("ParseLayout", "called\n") + (catalogueIsRead ? success : Steps()) +
+               coreLogged(kTrace, "enter", "language num :0 \n") +
+               coreLogged(kTrace, "enter", "Read language name error! \n");
+    }
+
+    static std::string withoutNames()
+    {
+        Catalogue catalogue = sample::allKindsCatalogue();
+        catalogue.names.clear();
+        return asJson(catalogue);
+    }
+};
+
+TEST_F(CoreBadInput, AnEmptyLayoutListLeavesTheKeyboardNotStarted)
+{
+    m_folder.writeCatalogue(withoutNames());
+    startNew();
+    expectTrace(begun(parserMade(), kWidth, kHeight) + noNames(true));
+    expectNotStarted();
+}
+
+TEST_F(CoreBadInput, AStartAfterAnEmptyListBuildsAgainInTheSameWindowAndReleasesNothing)
+{
+    m_folder.writeCatalogue(withoutNames());
+    const LeavesBehind parserAndRenderer;
+    startNew();
+    sample::writeAllKinds(m_folder);
+    takeTrace();
+    startIt();
+    expectTrace(imeStarts(false) + parserMade() + windowShown("window1") +
+                m_renderer.construction(kWidth, kHeight) + entered("English"));
+    EXPECT_TRUE(m_core->isKeyBoardEnable());
+}
+
+TEST_F(CoreBadInput, AMissingCatalogueGivesNoWindowAndNoKeyboard)
+{
+    m_folder.removeCatalogue();
+    startNew();
+    expectTrace(imeStarts(false) + catalogueMissed() + windowWanted(0, 0) + noNames(false));
+    EXPECT_EQ(m_display.liveWindows(), 0u);
+    expectNotStarted();
+    m_core->Show();
+    EXPECT_FALSE(m_core->isShow()) << "there is no renderer";
+}
+
+TEST_F(CoreBadInput, AMalformedCatalogueIsAsGoodAsNone)
+{
+    m_folder.writeCatalogue("{\"language\": [\"English\"");
+    startNew();
+    expectTrace(imeStarts(false) + catalogueMissed() + windowWanted(0, 0) + noNames(false));
+    expectNotStarted();
+}
+
+TEST_F(CoreBadInput, AStartAfterAMissingCatalogueFindsTheOneThatCameMeanwhile)
+{
+    m_folder.removeCatalogue();
+    const LeavesBehind parser;
+    startNew();
+    sample::writeAllKinds(m_folder);
+    takeTrace();
+    startIt();
+    expectTrace(firstStart());
+    EXPECT_TRUE(m_core->isKeyBoardEnable());
+}
+
+TEST_F(CoreBadInput, AWindowThatCannotBeMadeLeavesTheKeyboardNotStarted)
+{
+    m_display.failEvery("CreateWindow", DFB_NOVIDEOMEMORY);
+    startNew();
+    expectTrace(imeStarts(false) + parserMade() + windowWanted(kWidth, kHeight) + namesRead(3) +
+                m_expected.layoutChange("English") + coreLogged(kError, "updateKeyMap", kNoUi) +
+                coreLogged(kError, "enter", kNoUi));
+    expectNotStarted();
+}
+
+TEST_F(CoreBadInput, AMissingKeyMapStartsAKeyboardWithoutKeys)
+{
+    m_folder.removeKeyMap("English");
+    startNew();
+    const Button_t nothing{};
+    Steps loading = parserLogged("getKeyMap", "called\n") +
+                    parserLogged("ParseCurrentLayoutKeyMaps", "called\n") +
+                    m_renderer.setLayoutData(0, kUsualFont, "font1");
+    expectTrace(begun(parserMade(), kWidth, kHeight) + namesRead(3) +
+                coreLogged(kTrace, "onLayoutChanged", "language name :English \n") +
+                parserLogged("onLayoutchanged", "Current Layout is :English \n") +
+                parserLogged("ParseCurrentLayoutKeyMaps", "called\n") + loading +
+                m_renderer.showHidden(m_none, m_none) +
+                m_expected.refusedFocusChange(m_none, m_none, 0, nothing));
+    EXPECT_TRUE(m_core->isKeyBoardEnable());
+    EXPECT_EQ(m_core->onKeyEvent(39), 0) << "a move on an empty key set is used up";
+}
+
+TEST_F(CoreBadInput, AMalformedKeyMapStartsAKeyboardWithoutKeys)
+{
+    m_folder.writeKeyMap("English", "{\"Keys\": {\"KeyMode_Default\": [");
+    startNew();
+    EXPECT_TRUE(m_core->isKeyBoardEnable());
+    EXPECT_THAT(logLinesOf(takeTrace()), Not(Contains(HasSubstr("LayoutKeyMap Parse Success"))));
+    EXPECT_EQ(focused().text, "");
+}
+
+TEST_F(CoreBadInput, ALayoutWithoutAKeyMapAmongOthersKeepsTheFocusedKey)
+{
+    m_folder.removeKeyMap("German");
+    start();
+    EXPECT_EQ(press(kLanguage), 0);
+    EXPECT_EQ(focused().text, "English") << "there is no key to take its place";
+    EXPECT_EQ(m_core->onKeyEvent(13), 0) << "so the language key leads on";
+    EXPECT_EQ(focused().text, "Greek");
+}
+
+TEST_F(CoreBadInput, ACatalogueWithoutPositionsThrowsOutOfTheStart)
+{
+    m_folder.writeCatalogue("{\"language\": [\"English\"]}");
+    create();
+    EXPECT_ANY_THROW(startIt());
+    expectTrace(imeStarts(false) + parserLogged("ParseLayout", "called\n") +
+                parserLogged("ParseLayout", "Layout Parse Successfully !\n"));
+    EXPECT_EQ(m_display.liveWindows(), 0u);
+    expectNotStarted();
+
+    sample::writeAllKinds(m_folder);
+    startIt();
+    EXPECT_TRUE(m_core->isKeyBoardEnable());
+}
+
+TEST_F(CoreBadInput, AKeyThatCannotBeConvertedThrowsOutOfTheStart)
+{
+    m_folder.writeKeyMap("English", "{\"Keys\": {\"KeyMode_Default\": [{\"id\": \"x\"}]}}");
+    m_core.reset(new KeyBoardCore);
+    EXPECT_ANY_THROW(startIt());
+    expectNotStarted();
+    m_core->OnIMECancelled();
+    EXPECT_EQ(m_display.liveWindows(), 0u);
+}
+
+TEST_F(CoreBadInput, AKeyWithoutARectangleIsDrawnAtTheOriginWithNoSize)
+{
+    Catalogue catalogue = sample::allKindsCatalogue();
+    catalogue.rects.pop_back();
+    m_folder.writeCatalogue(asJson(catalogue));
+    startNew();
+    EXPECT_THAT(takeTrace(), Contains("surface2.FillRectangle(0,0,1,1)"));
+    EXPECT_TRUE(m_core->isKeyBoardEnable());
+    EXPECT_EQ(m_core->getTargetButtonByButtonId(kKeys - 1).text, "mute");
+}
+
+TEST_F(CoreBadInput, WithoutAFontTheKeyboardStartsAndShowsOnlyTheFrame)
+{
+    ::setenv(kFontVariable, "/opt/font/missing.ttf", 1);
+    startNew();
+    const Keys shown = keys();
+    expectTrace(begun(parserMade(), kWidth, kHeight) + namesRead(3) +
+                m_expected.layoutChange("English") + parserLogged("getKeyMap", "called\n") +
+                Renderer::setLayoutDataWithoutFile(kKeys) + Renderer::showShown() +
+                Renderer::drawWithoutFont() +
+                coreLogged(kTrace, "FocusButtonChangedTo", "called\n") +
+                coreLogged(kTrace, "getTargetButtonByButtonId", "Target button num is 0\n") +
+                coreLogged(kTrace, "FocusButtonChangedTo", "focus button:a\n") +
+                m_renderer.setLockedWithoutFont() + m_renderer.setfocusWithoutFont(shown[0]));
+    EXPECT_TRUE(m_core->isShow());
+    EXPECT_EQ(m_core->onKeyEvent(13), 1) << "keys work all the same";
+    EXPECT_EQ(m_core->getKeyBoardButton(), 65);
+}
+
+} // namespace

@@ -1,0 +1,111 @@
+// The change of layouts, and the loading of a layout's keys into the renderer.
+
+#include <string>
+
+#include "core_fixture.h"
+
+namespace
+{
+
+using namespace test_support;
+using namespace velmora::browser::vkb;
+using namespace steps;
+using sample::kLanguage;
+
+// The one way to see the layout's name, which no operation gives away.
+template <class Tag, typename Tag::type kMember> struct Expose {
+    friend typename Tag::type member(Tag) { return kMember; }
+};
+struct LayoutName {
+    using type = std::string KeyBoardCore::*;
+    friend type member(LayoutName);
+};
+template struct Expose<LayoutName, &KeyBoardCore::m_layout_name>;
+
+class CoreLayouts : public CoreTest
+{
+};
+
+TEST_F(CoreLayouts, EachLayoutChangeTakesTheNextNameAndWraps)
+{
+    start();
+    for (const char* layout : {"German", "Greek", "English", "German"}) {
+        m_core->onLayoutChanged();
+        expectTrace(m_expected.layoutChange(layout));
+    }
+}
+
+TEST_F(CoreLayouts, ALayoutChangeDoesNotRedrawUntilTheKeysAreFetched)
+{
+    start();
+    m_core->onLayoutChanged();
+    takeTrace();
+    EXPECT_EQ(m_core->getTargetButtonByButtonId(kLanguage).text, "English");
+    takeTrace();
+    m_core->updateKeyMap();
+    expectTrace(m_expected.updateKeyMap(keys("German")));
+    EXPECT_EQ(m_core->getTargetButtonByButtonId(kLanguage).text, "German");
+}
+
+TEST_F(CoreLayouts, UpdateKeyBoardUIReloadsRedrawsAndFocusesTheSameIndex)
+{
+    start();
+    focus(kLanguage);
+    m_core->onLayoutChanged();
+    takeTrace();
+    EXPECT_EQ(m_core->updateKeyBoardUI(), 1);
+    const Keys german = keys("German");
+    expectTrace(m_expected.reload(german, m_none, german[kLanguage]));
+}
+
+TEST_F(CoreLayouts, ALayoutChangeWithoutAParserStillChangesTheName)
+{
+    start();
+    m_core->OnIMECancelled();
+    takeTrace();
+    m_core->onLayoutChanged();
+    expectTrace(coreLogged(kTrace, "onLayoutChanged", "language name :English \n") +
+                coreLogged(kError, "onLayoutChanged", kNoParser));
+    m_core->onLayoutChanged();
+    expectTrace(coreLogged(kTrace, "onLayoutChanged", "language name :German \n") +
+                coreLogged(kError, "onLayoutChanged", kNoParser));
+}
+
+TEST_F(CoreLayouts, AnEmptyLayoutNameBecomesEnglishAtTheNextUpdate)
+{
+    create();
+    m_core->updateKeyMap();
+    expectTrace(coreLogged(kError, "updateKeyMap", kNoParser));
+    EXPECT_EQ((*m_core).*member(LayoutName()), "English");
+}
+
+TEST_F(CoreLayouts, AnEmptyNameInTheCatalogueShowsTheUnnamedKeyMap)
+{
+    Catalogue catalogue = sample::allKindsCatalogue();
+    catalogue.names = {""};
+    m_folder.writeCatalogue(asJson(catalogue));
+    m_folder.writeKeyMap("", asJson(sample::allKindsDefaultKeys("Unnamed"), {}));
+    m_core.reset(new KeyBoardCore);
+    startIt();
+    EXPECT_EQ((*m_core).*member(LayoutName()), "English");
+    EXPECT_EQ(m_core->getTargetButtonByButtonId(kLanguage).text, "Unnamed");
+}
+
+TEST_F(CoreLayouts, WithoutARendererTheKeysAreNotFetched)
+{
+    startWithoutRenderer();
+    m_core->updateKeyMap();
+    expectTrace(coreLogged(kError, "updateKeyMap", kNoUi));
+}
+
+TEST_F(CoreLayouts, WithoutARendererEnterLeavesTheKeyboardNotStarted)
+{
+    startWithoutRenderer();
+    m_core->enter();
+    expectTrace(namesRead(3) + m_expected.layoutChange("English") +
+                coreLogged(kError, "updateKeyMap", kNoUi) + coreLogged(kError, "enter", kNoUi));
+    EXPECT_FALSE(m_core->isKeyBoardEnable());
+    EXPECT_FALSE(m_core->isShow());
+}
+
+} // namespace

@@ -1,0 +1,160 @@
+// The keyboard's window, which all cores of a process share, and the layer that it is on.
+
+#include <cstdlib>
+#include <string>
+
+#include "core_fixture.h"
+#include "fatal_trap.h"
+
+namespace
+{
+
+using namespace test_support;
+using namespace velmora::browser::vkb;
+using namespace steps;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::ExitedWithCode;
+using testing::HasSubstr;
+using testing::Not;
+
+class CoreWindow : public CoreTest
+{
+};
+
+TEST_F(CoreWindow, IsAtItsPlaceWhateverItsSize)
+{
+    create();
+    m_core->CreateDFBWindow(m_display.dfb(), m_hostSurface);
+    // Without a parser each side is asked for with an error line of its own.
+    EXPECT_EQ(callsOf(takeTrace()), callsOf(linesOf(windowMade("window1", 805, 255))));
+}
+
+TEST_F(CoreWindow, OnceMadeItIsOnlyShownAndRaised)
+{
+    start();
+    m_core->CreateDFBWindow(m_display.dfb(), m_hostSurface);
+    expectTrace(windowShown("window1"));
+    EXPECT_EQ(m_display.liveWindows(), 1u);
+}
+
+TEST_F(CoreWindow, HideDFBWindowTouchesTheWindowAlone)
+{
+    start();
+    m_core->HideDFBWindow();
+    expectTrace({call("window1.SetOpacity(0)"), call("window1.LowerToBottom()")});
+    EXPECT_TRUE(m_core->isShow());
+}
+
+TEST_F(CoreWindow, AllCoresShareOneWindow)
+{
+    start();
+    KeyBoardCore second;
+    takeTrace();
+    second.OnIMEStart(m_display.dfb(), m_hostSurface);
+    const Lines calls = callsOf(takeTrace());
+    EXPECT_THAT(calls, Not(Contains(HasSubstr("CreateWindow"))));
+    EXPECT_THAT(calls, Contains("window1.RaiseToTop()"));
+    EXPECT_THAT(calls, Contains("surface2.GetSize()"));
+
+    m_core->OnIMECancelled();
+    EXPECT_EQ(m_display.liveWindows(), 0u);
+    takeTrace();
+    second.OnIMECancelled();
+    EXPECT_THAT(takeTrace(), Not(Contains("window1.Destroy()"))) << "the other core destroyed it";
+}
+
+TEST_F(CoreWindow, FailuresAroundTheWindowAreIgnored)
+{
+    for (const char* method : {"SetCooperativeLevel", "SetOpacity", "RaiseToTop", "LowerToBottom"})
+        m_display.failEvery(method, DFB_ACCESSDENIED);
+    create();
+    startIt();
+    expectTrace(firstStart());
+    EXPECT_TRUE(m_core->isKeyBoardEnable());
+    m_core->HideDFBWindow();
+}
+
+TEST_F(CoreWindow, AWindowThatFailsToBeDestroyedIsForgotten)
+{
+    start();
+    m_display.failEvery("Destroy", DFB_FAILURE);
+    m_core->OnIMECancelled();
+    takeTrace();
+    startIt();
+    EXPECT_THAT(takeTrace(), Contains(HasSubstr("layer.CreateWindow(")));
+}
+
+// --- The layer, in a process that has not asked for it yet. The child processes of death tests
+// are such: the suites whose names end in DeathTest run before all others.
+
+class LayerDeathTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (LayerAskedFor::inThisProcess)
+            GTEST_SKIP() << "this process has asked for the layer: run the test in its own";
+    }
+};
+
+void endWithResult()
+{
+    std::exit(testing::Test::HasFailure() ? 1 : 0);
+}
+
+void askForTheLayerTwice()
+{
+    RecordingDisplay display;
+    KeyBoardCore core;
+    core.CreateDFBWindow(display.dfb(), nullptr);
+    Lines expected = callsOf(linesOf(windowMade("window1", 805, 255)));
+    expected.insert(expected.begin(), "dfb.GetDisplayLayer(PRIMARY)");
+    EXPECT_EQ(callsOf(takeTrace()), expected);
+    core.OnIMECancelled();
+    core.CreateDFBWindow(display.dfb(), nullptr);
+    EXPECT_THAT(takeTrace(), Not(Contains(HasSubstr("GetDisplayLayer"))));
+    endWithResult();
+}
+
+TEST_F(LayerDeathTest, IsAskedForOncePerProcess)
+{
+    EXPECT_EXIT(askForTheLayerTwice(), ExitedWithCode(0), "");
+}
+
+const char kLayerCall[] = "dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &os_layer)";
+
+void failToGetTheLayer()
+{
+    RecordingDisplay display;
+    const FatalTrap trap;
+    KeyBoardCore core;
+    display.failEvery("GetDisplayLayer", DFB_IDNOTFOUND);
+    try {
+        core.CreateDFBWindow(display.dfb(), nullptr);
+        ADD_FAILURE() << "it returned";
+    } catch (const FatalError& error) {
+        EXPECT_EQ(error.text, kLayerCall);
+        EXPECT_EQ(error.result, DFB_IDNOTFOUND);
+    }
+    EXPECT_THAT(takeTrace(), ElementsAre("dfb.GetDisplayLayer(PRIMARY)"));
+    endWithResult();
+}
+
+TEST_F(LayerDeathTest, AFailureToGetItIsReportedAndFatal)
+{
+    EXPECT_EXIT(failToGetTheLayer(), ExitedWithCode(0),
+                HasSubstr("directfb do: '" + std::string(kLayerCall) + "' failed!\n"));
+}
+
+TEST_F(LayerDeathTest, AFailureToGetItEndsTheProcess)
+{
+    RecordingDisplay display;
+    KeyBoardCore core;
+    display.failEvery("GetDisplayLayer", DFB_INVARG);
+    EXPECT_EXIT(core.CreateDFBWindow(display.dfb(), nullptr),
+                ExitedWithCode(static_cast<int>(DFB_INVARG) & 0xFF),
+                HasSubstr("DirectFBError [" + std::string(kLayerCall) + "]"));
+}
+
+} // namespace
