@@ -28,3 +28,13 @@ install(FILES "${CMAKE_CURRENT_BINARY_DIR}/velmora_vkb.pc"
 install(DIRECTORY resources/oskeyboard_config/
   DESTINATION /usr/local/opt/nerovista/resources/oskeyboard_config COMPONENT layouts
   FILES_MATCHING PATTERN "Language_*.json")
+
+# What the layouts command works with; the layouts themselves are there but once.
+if(VKB_BUILD_TOOLS)
+  set(VKB_DATA_DIR "${CMAKE_INSTALL_DATADIR}/velmora_vkb")
+  file(CREATE_LINK /usr/local/opt/nerovista/resources/oskeyboard_config
+    "${CMAKE_CURRENT_BINARY_DIR}/oskeyboard_config" SYMBOLIC)
+  install(FILES resources/languages.tsv "${CMAKE_CURRENT_BINARY_DIR}/oskeyboard_config"
+    DESTINATION "${VKB_DATA_DIR}" COMPONENT tools)
+  install(DIRECTORY resources/schema DESTINATION "${VKB_DATA_DIR}" COMPONENT tools)
+endif()
