@@ -1,6 +1,5 @@
 // What the remote control's keys do: key results, Shift, Alt, language, clear-all and hide.
 
-#include <functional>
 #include <ostream>
 #include <string>
 
@@ -656,29 +655,6 @@ TEST_F(CoreDispatch, EveryLineHasItsTagLevelAndALineNumber)
         EXPECT_GT(line.line, 0);
         EXPECT_EQ(line.message.back(), '\n');
     }
-}
-
-TEST_F(CoreDispatch, ASilentSessionEvaluatesNothingForTheLogAndDrawsTheSame)
-{
-    const std::function<Lines()> session = [this] {
-        start();
-        for (const int place : {kLetter, kShift, kLetter, kAlt, kLanguage, kUnknown}) {
-            m_core->FocusButtonChangedTo(place);
-            m_core->EnterPressProc();
-        }
-        const Lines calls = callsOf(takeTrace());
-        m_core.reset();
-        return calls;
-    };
-    const size_t calls = session().size();
-    const size_t namesAsked = m_log.baseNamesAsked();
-    const size_t levelsAsked = m_log.levelsAsked();
-
-    m_log.switchOffAll();
-    EXPECT_EQ(session().size(), calls);
-    EXPECT_EQ(m_log.baseNamesAsked(), namesAsked);
-    EXPECT_EQ(m_log.levelsAsked(), 2 * levelsAsked);
-    EXPECT_GT(namesAsked, 0u);
 }
 
 } // namespace
