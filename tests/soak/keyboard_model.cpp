@@ -1,0 +1,187 @@
+#include "keyboard_model.h"
+
+#include <algorithm>
+
+void KeyboardModel::start()
+{
+    if (m_started) {
+        show();
+        return;
+    }
+    m_has_renderer = true;
+    m_ever_started = true;
+    nextLayout();
+    loadKeys();
+    moveFocusTo(0);
+    m_started = true;
+    m_shown = true;
+}
+
+// Modes, focus, locks and what is shown stay as they are.
+void KeyboardModel::cancel()
+{
+    m_has_renderer = false;
+    m_started = false;
+    m_next_layout = 0;
+}
+
+void KeyboardModel::show()
+{
+    if (!m_has_renderer)
+        return;
+    moveFocusTo(m_focus.key.id);
+    m_shown = true;
+}
+
+void KeyboardModel::hide()
+{
+    if (m_has_renderer)
+        m_shown = false;
+}
+
+void KeyboardModel::layoutChange()
+{
+    nextLayout();
+}
+
+void KeyboardModel::refresh()
+{
+    reload();
+}
+
+void KeyboardModel::replaceLastLock()
+{
+    if (!m_locks.empty())
+        m_locks.pop_back();
+    m_locks.push_back(m_focus);
+}
+
+int KeyboardModel::key(int code)
+{
+    if (!m_started || !m_shown)
+        return 2;
+    switch (code) {
+    case 13:
+        return press();
+    case 37:
+        moveFocusTo(m_focus.key.left);
+        return 0;
+    case 38:
+        moveFocusTo(m_focus.key.up);
+        return 0;
+    case 39:
+        moveFocusTo(m_focus.key.right);
+        return 0;
+    case 40:
+        moveFocusTo(m_focus.key.down);
+        return 0;
+    default:
+        return 2;
+    }
+}
+
+void KeyboardModel::nextLayout()
+{
+    const size_t layout = m_next_layout % m_layouts->size();
+    m_next_layout = layout + 1;
+    if (!m_has_renderer)
+        return; // no parser either: the name alone has changed, and the next start changes it again
+    m_layout = layout;
+    m_shift = Shift::OFF;
+    m_alt = false;
+    m_locks.clear();
+}
+
+void KeyboardModel::loadKeys()
+{
+    const LayoutKeys& layout = (*m_layouts)[m_layout];
+    m_keys.clear();
+    for (const Key& key : m_alt ? layout.symbols : layout.defaults) {
+        if (m_shift == Shift::OFF)
+            m_keys.push_back({key.text, key.character, key});
+        else
+            m_keys.push_back({key.shiftText, key.shiftCharacter, key});
+        if (m_keys.back().text == "NULL")
+            m_keys.back().text = "";
+    }
+}
+
+void KeyboardModel::reload()
+{
+    loadKeys();
+    moveFocusTo(m_focus.key.id);
+}
+
+void KeyboardModel::moveFocusTo(int position)
+{
+    if (position >= 0 && position < static_cast<int>(m_keys.size()))
+        m_focus = m_keys[static_cast<size_t>(position)];
+}
+
+void KeyboardModel::unlock(const char* text)
+{
+    m_locks.erase(std::remove_if(m_locks.begin(), m_locks.end(),
+                                 [=](const Face& lock) { return lock.text == text; }),
+                  m_locks.end());
+}
+
+void KeyboardModel::takeResult()
+{
+    m_result = {m_focus.key.keyCode, m_shift == Shift::OFF ? 0 : 2, m_focus.character,
+                m_focus.text};
+}
+
+int KeyboardModel::press()
+{
+    if (m_focus.key.isSpecial)
+        return pressSpecial();
+    if (m_focus.key.keyCode < 0)
+        return 0;
+    takeResult();
+    if (m_shift == Shift::ONCE) {
+        m_shift = Shift::OFF;
+        unlock("Shift");
+        reload();
+    }
+    return 1;
+}
+
+int KeyboardModel::pressSpecial()
+{
+    const std::string text = m_focus.text;
+    if (text == "shift" || text == "Shift") {
+        if (m_shift == Shift::OFF) {
+            m_shift = Shift::ONCE;
+            m_locks.push_back(m_focus);
+        } else if (m_shift == Shift::ONCE) {
+            m_shift = Shift::LOCKED;
+        } else {
+            m_shift = Shift::OFF;
+            unlock("Shift");
+        }
+        reload();
+        return 0;
+    }
+    if (text == "hide" || text == "Hide") {
+        m_shown = false;
+        return 0;
+    }
+    if (text == "alt" || text == "Alt") {
+        m_alt = !m_alt;
+        if (m_alt)
+            m_locks.push_back(m_focus);
+        else
+            unlock("Alt");
+        reload();
+        return 0;
+    }
+    if (text == "clearall" || text == "ClearAll") {
+        takeResult();
+        return 1;
+    }
+    if (!m_focus.key.isLanguage)
+        return 2;
+    nextLayout();
+    reload();
+    return 0;
+}
