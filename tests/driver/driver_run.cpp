@@ -20,7 +20,7 @@ const char* const kDisplay = "system=dummy,mode=1920x1080,quiet,no-cursor";
 std::string driverProgram()
 {
     const char* other = std::getenv("VKB_TEST_OTHER_DRIVER");
-    return other != nullptr ? other : VKB_TEST_DRIVER;
+    return other != nullptr && *other != '\0' ? other : VKB_TEST_DRIVER;
 }
 
 Json::Value shippedCatalogue()

@@ -218,6 +218,12 @@ const DisplayCall kDisplayCalls[] = {
     {"RaiseToTop", 1, "window->RaiseToTop(window)"},
 };
 
+// Shown beside the test's name.
+void PrintTo(const DisplayCall& call, std::ostream* stream)
+{
+    *stream << call.text;
+}
+
 class EntryFailure : public testing::TestWithParam<DisplayCall>
 {
 };

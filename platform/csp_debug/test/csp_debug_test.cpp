@@ -1,5 +1,6 @@
 #include <csignal>
 #include <cstdint>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -13,43 +14,33 @@
 
 using test_process::Command;
 using test_process::Result;
+using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
 
 namespace
 {
 
-// Standard output as a socket that keeps each write apart, while this lives.
-class WatchedOutput
+// What work writes to standard output, each write apart.
+std::vector<std::string> writesOf(const std::function<void()>& work)
 {
-public:
-    WatchedOutput()
-    {
-        if (socketpair(AF_UNIX, SOCK_SEQPACKET, 0, m_ends) != 0)
-            throw std::runtime_error("socketpair: expected a pair of local sockets");
-        m_before = dup(STDOUT_FILENO);
-        dup2(m_ends[1], STDOUT_FILENO);
-    }
+    int ends[2];
+    if (socketpair(AF_UNIX, SOCK_SEQPACKET, 0, ends) != 0)
+        throw std::runtime_error("socketpair: expected a pair of local sockets");
+    const int before = dup(STDOUT_FILENO);
+    dup2(ends[1], STDOUT_FILENO);
+    work();
+    dup2(before, STDOUT_FILENO);
 
-    ~WatchedOutput()
-    {
-        dup2(m_before, STDOUT_FILENO);
-        for (const int descriptor : {m_ends[0], m_ends[1], m_before})
-            close(descriptor);
-    }
-
-    // The next write, or nothing when there was none.
-    std::string nextWrite()
-    {
-        std::string bytes(1 << 20, '\0');
-        const ssize_t count = recv(m_ends[0], &bytes[0], bytes.size(), MSG_DONTWAIT);
-        bytes.resize(count < 0 ? 0 : static_cast<size_t>(count));
-        return bytes;
-    }
-
-private:
-    int m_ends[2];
-    int m_before;
-};
+    std::vector<std::string> writes;
+    std::string bytes(1 << 20, '\0');
+    ssize_t count = 0;
+    while ((count = recv(ends[0], &bytes[0], bytes.size(), MSG_DONTWAIT)) > 0)
+        writes.push_back(bytes.substr(0, static_cast<size_t>(count)));
+    for (const int descriptor : {ends[0], ends[1], before})
+        close(descriptor);
+    return writes;
+}
 
 Result runWriter(const std::vector<std::string>& arguments, const char* level = nullptr)
 {
@@ -123,47 +114,44 @@ TEST(CspDebugLevel, RecordIsLeftAsItWas)
 {
     uint32_t record[3] = {0x5F0FA0, 7, 9};
     EXPECT_NE(cspDebugCheckLevelGetFrameAndChunk(record), 0);
-    EXPECT_THAT(record, testing::ElementsAre(0x5F0FA0u, 7u, 9u));
+    EXPECT_THAT(record, ElementsAre(0x5F0FA0u, 7u, 9u));
 }
 
 TEST(CspDebugOutput, EachLineIsOneWrite)
 {
-    WatchedOutput output;
-    cspDebugOutput0("[%s] %s:%d:%s(): called %d%%\n", "B-LOG", "a.cpp", 12, "f", 3);
-    cspDebugOutput0("next\n");
-    EXPECT_EQ(output.nextWrite(), "[B-LOG] a.cpp:12:f(): called 3%\n");
-    EXPECT_EQ(output.nextWrite(), "next\n");
-    EXPECT_EQ(output.nextWrite(), "");
+    const auto writes = writesOf([] {
+        cspDebugOutput0("[%s] %s:%d:%s(): called %d%%\n", "B-LOG", "a.cpp", 12, "f", 3);
+        cspDebugOutput0("next\n");
+    });
+    EXPECT_THAT(writes, ElementsAre("[B-LOG] a.cpp:12:f(): called 3%\n", "next\n"));
 }
 
 TEST(CspDebugOutput, LineOfAnyLengthIsOneWrite)
 {
     for (const size_t length : {1022u, 1023u, 1024u, 1025u, 70000u}) {
-        const std::string text(length, 'x');
-        WatchedOutput output;
-        cspDebugOutput0("%s\n", text.c_str());
-        EXPECT_EQ(output.nextWrite(), text + "\n") << length;
-        EXPECT_EQ(output.nextWrite(), "") << length;
+        const std::string line = std::string(length, 'x') + "\n";
+        const auto writes = writesOf([&line] { cspDebugOutput0("%s", line.c_str()); });
+        ASSERT_EQ(writes.size(), 1u);
+        EXPECT_TRUE(writes[0] == line)
+            << "expected " << line.size() << " bytes, found " << writes[0].size();
     }
 }
 
 TEST(CspDebugOutput, VeryLongLineComesWholeThroughAPipe)
 {
-    EXPECT_EQ(runWriter({"long", "3000000"}).out, std::string(3000000, 'x') + "\n");
+    const Result result = runWriter({"long", "3000000"});
+    EXPECT_TRUE(result.out == std::string(3000000, 'x') + "\n") << result.out.size() << " bytes";
 }
 
 TEST(CspDebugOutput, NullStringPrintsAsNull)
 {
-    WatchedOutput output;
-    cspDebugOutput0("[%s] and %s\n", g_null, "text");
-    EXPECT_EQ(output.nextWrite(), "[(null)] and text\n");
+    EXPECT_THAT(writesOf([] { cspDebugOutput0("[%s] and %s\n", g_null, "text"); }),
+                ElementsAre("[(null)] and text\n"));
 }
 
 TEST(CspDebugOutput, EmptyLineWritesNothing)
 {
-    WatchedOutput output;
-    cspDebugOutput0("%s", "");
-    EXPECT_EQ(output.nextWrite(), "");
+    EXPECT_THAT(writesOf([] { cspDebugOutput0("%s", ""); }), IsEmpty());
 }
 
 TEST(CspDebugOutput, NothingIsLostWhenTheProcessAborts)
@@ -182,7 +170,8 @@ TEST(CspDebugOutput, NothingIsLostWhenTheProcessIsKilled)
 
 TEST(CspDebugOutput, OutputThatRefusesToBlockLosesNothing)
 {
-    EXPECT_EQ(runWriter({"nonblocking", "3000000"}).out, std::string(3000000, 'x') + "\n");
+    const Result result = runWriter({"nonblocking", "3000000"});
+    EXPECT_TRUE(result.out == std::string(3000000, 'x') + "\n") << result.out.size() << " bytes";
 }
 
 TEST(CspDebugBaseName, IsThePartBehindTheLastSlash)

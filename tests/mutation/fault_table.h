@@ -1,0 +1,18 @@
+#ifndef FAULT_TABLE_H
+#define FAULT_TABLE_H
+
+#include <vector>
+
+struct Fault {
+    const char* name;
+    const char* file;        // the one with the fault
+    const char* source;      // what is compiled: the file itself, or a source that includes it
+    const char* text;        // stands in the file once
+    const char* replacement; // without the right text
+    const char* suite;       // driver, unit, pixels or log
+    const char* test;        // by its full name
+};
+
+extern const std::vector<Fault> kFaults;
+
+#endif
