@@ -244,4 +244,13 @@ TEST_F(CoreBadInput, WithoutAFontTheKeyboardStartsAndShowsOnlyTheFrame)
     EXPECT_EQ(m_core->getKeyBoardButton(), 65);
 }
 
+TEST_F(CoreBadInput, ACheckedCallThatFailsWhileTheKeyboardStartsEndsTheProcess)
+{
+    create();
+    m_display.failEvery("FillRectangle", DFB_INVARG);
+    EXPECT_EXIT(startIt(), testing::ExitedWithCode(static_cast<int>(DFB_INVARG) & 0xFF),
+                HasSubstr("directfb do: 'm_surface->FillRectangle(m_surface,x,y,w+1,h+1)' "
+                          "failed!\n"));
+}
+
 } // namespace
