@@ -14,9 +14,9 @@ namespace test_support
 
 // A DirectFB that shows nothing: its objects are of DirectFB's own types, and each call adds a
 // line to the trace. Names in the lines: `dfb`, `layer`, and `window1`, `surface1`, `font1` in the
-// order of their making. A window's surface is made with the window and has its number only as
-// long as no other surface was made. A slot that no keyboard code uses ends the process with a
-// message when it is called. A window of no size is refused, as DirectFB's own does.
+// order of their making; a window's surface is made when it is first asked for. A window of no
+// size is refused, as DirectFB's own does. A slot that no keyboard code uses ends the process
+// with a message when it is called.
 //
 // One display at a time. Its objects stay valid for the life of the process, as the keyboard
 // keeps some of them in variables of its own; a new display starts the names anew.
