@@ -85,7 +85,7 @@ test_screen_that_does_not_start_shows_its_words() {
 }
 
 test_run_at_a_terminal_starts_the_driver_loop() {
-    printf 'getkey\nquit \n\n' | script -qefc "'$scripts/run-screen'" typed >/dev/null ||
+    printf 'getkey\nquit \n\n' | timeout 30 script -qefc "'$scripts/run-screen'" typed >/dev/null ||
         fail "run-screen ended with status $?: $(tail -n 5 typed)"
     output=$(cat typed)
     expect_said 'There is no display here'
