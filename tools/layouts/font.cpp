@@ -46,23 +46,17 @@ bool Font::hasGlyph(char32_t codePoint) const
 
 Font::Extent Font::measure(const std::string& text) const
 {
-    // The same whole pixels and kerning as the display library's text drawing.
+    // Whole pixels and no kerning, as the display library advances.
     const FT_Face face = m_library->face;
     Extent extent = {0, 0, 0};
-    FT_UInt before = 0;
     for (const char32_t c : codePoints(text)) {
         const FT_UInt glyph = FT_Get_Char_Index(face, c);
-        FT_Vector kerning = {0, 0};
-        if (before && glyph)
-            FT_Get_Kerning(face, before, glyph, FT_KERNING_DEFAULT, &kerning);
-        extent.advance += static_cast<int>(kerning.x >> 6);
         if (FT_Load_Glyph(face, glyph, FT_LOAD_RENDER))
             continue;
         const int left = extent.advance + face->glyph->bitmap_left;
         extent.left = std::min(extent.left, left);
         extent.right = std::max(extent.right, left + static_cast<int>(face->glyph->bitmap.width));
         extent.advance += static_cast<int>(face->glyph->advance.x >> 6);
-        before = glyph;
     }
     extent.right = std::max(extent.right, extent.advance);
     return extent;

@@ -1,0 +1,145 @@
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <fstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "json_file.h"
+#include "shipped.h"
+
+using testing::HasSubstr;
+
+namespace
+{
+
+struct Outcome {
+    int status;
+    std::string output; // standard output and standard error
+};
+
+Outcome call(const std::string& arguments)
+{
+    const std::string command = std::string(LAYOUTS_COMMAND) + " " + arguments + " 2>&1";
+    FILE* pipe = popen(command.c_str(), "r");
+    std::string output;
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe))
+        output += static_cast<char>(c);
+    return {WEXITSTATUS(pclose(pipe)), output};
+}
+
+std::string bad(const std::string& name)
+{
+    return std::string(BAD_SETS) + "/" + name;
+}
+
+TEST(Command, ChecksTheShippedFolder)
+{
+    const Outcome run = call("check " + shippedFolder());
+    EXPECT_EQ(run.status, 0) << run.output;
+    EXPECT_THAT(run.output, HasSubstr(" files checked, 0 findings\n"));
+}
+
+TEST(Command, CheckFailsWithTheFindingOnALine)
+{
+    const Outcome run = call("check " + bad("neighbour-minus-one"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.output,
+                HasSubstr("Language_English.json: Keys.KeyMode_Default[0].left_button: found -1, "
+                          "expected the id of a key, 0 to 8 [neighbour]\n"));
+}
+
+TEST(Command, CheckTakesFontAndScreen)
+{
+    EXPECT_EQ(call("check " + bad("glyph-not-in-the-font")).status, 0);
+    EXPECT_THAT(call("check --font DejaVuSans.ttf " + bad("glyph-not-in-the-font")).output,
+                HasSubstr("[glyph]"));
+    EXPECT_THAT(call("check --screen 1000x1000 " + bad("screen-too-narrow")).output,
+                HasSubstr("[screen]"));
+    EXPECT_THAT(call("check --screen wide " + bad("screen-too-narrow")).output,
+                HasSubstr("--screen: found wide, expected WxH"));
+    EXPECT_THAT(call("check --font none.ttf " + bad("screen-too-narrow")).output,
+                HasSubstr("font none.ttf: not below"));
+}
+
+TEST(Command, CoverageFailsWhereALetterIsMissing)
+{
+    TemporaryFolder folder;
+    std::string text = layouts::readFile(shippedFolder() + "/Language_German.json");
+    const std::string key = R"("text": "ö", "shift_text": "Ö", "keyCode": 186, "character": 246)";
+    const size_t at = text.find(key);
+    ASSERT_NE(at, std::string::npos);
+    text.replace(at, key.size(),
+                 R"("text": "ő", "shift_text": "Ö", "keyCode": 186, "character": 337)");
+    std::ofstream(folder.path("Language_German.json")) << text;
+    const Outcome run = call("coverage German --from " + folder.path());
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.output, HasSubstr("German: ö (U+00F6): cannot be typed\n"));
+    EXPECT_EQ(call("coverage German").status, 0);
+}
+
+TEST(Command, CoverageSaysWhereEachLetterLies)
+{
+    const Outcome run = call("coverage --each Vietnamese French");
+    EXPECT_THAT(run.output, HasSubstr("Vietnamese: ệ (U+1EC7): default, then default\n"));
+    EXPECT_THAT(run.output, HasSubstr("French: œ (U+0153): symbol\n"));
+}
+
+TEST(Command, GeneratesTheSameBytesAgain)
+{
+    TemporaryFolder folder;
+    const Outcome run = call("generate Thai --to " + folder.path());
+    EXPECT_EQ(run.status, 0) << run.output;
+    EXPECT_EQ(layouts::readFile(folder.path("Language_Thai.json")),
+              layouts::readFile(shippedFolder() + "/Language_Thai.json"));
+}
+
+TEST(Command, GenerateWantsNamesOrAll)
+{
+    EXPECT_THAT(call("generate").output, HasSubstr("name languages or give --all"));
+    EXPECT_NE(call("generate").status, 0);
+    EXPECT_THAT(call("generate Klingon").output, HasSubstr("Klingon: not in "));
+}
+
+TEST(Command, InstallsAndChecks)
+{
+    TemporaryFolder folder;
+    EXPECT_EQ(call("install French German --to " + folder.path("set")).status, 0);
+    EXPECT_EQ(call("check " + folder.path("set")).status, 0);
+}
+
+TEST(Command, InstallRefusesABadSetAndTouchesNothing)
+{
+    TemporaryFolder folder;
+    std::filesystem::copy(resource("schema"), folder.path("schema"));
+    std::filesystem::copy(resource("languages.tsv"), folder.path("languages.tsv"));
+    std::filesystem::copy(bad("duplicate-plain"), folder.path("oskeyboard_config"));
+    const Outcome run =
+        call("--resources " + folder.path() + " install English --to " + folder.path("set"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.output, HasSubstr("nothing installed"));
+    EXPECT_THAT(run.output, HasSubstr("[duplicate]"));
+    EXPECT_FALSE(std::filesystem::exists(folder.path("set")));
+}
+
+TEST(Command, PreviewDrawsTheFourFaces)
+{
+    TemporaryFolder folder;
+    const Outcome run = call("preview English -o " + folder.path("english.png"));
+    EXPECT_EQ(run.status, 0) << run.output;
+    EXPECT_EQ(run.output, "");
+    const std::string picture = layouts::readFile(folder.path("english.png"));
+    ASSERT_GT(picture.size(), 24u);
+    EXPECT_EQ(picture.substr(1, 3), "PNG");
+    const auto number = [&](size_t at) {
+        int value = 0;
+        for (size_t i = 0; i < 4; ++i)
+            value = value * 256 + static_cast<unsigned char>(picture[at + i]);
+        return value;
+    };
+    EXPECT_EQ(number(16), 2 * 1302 + 12);
+    EXPECT_EQ(number(20), 2 * 456 + 12);
+}
+
+} // namespace

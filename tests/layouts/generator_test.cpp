@@ -1,0 +1,114 @@
+#include <fstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "generator.h"
+#include "json_file.h"
+#include "shipped.h"
+#include "text.h"
+#include "typing.h"
+
+using namespace layouts;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::ThrowsMessage;
+
+namespace
+{
+
+TEST(Generator, WritesTheShippedFiles)
+{
+    const Catalogue grid = shippedCatalogue();
+    std::string stale;
+    for (const Language& language : languages())
+        if (writeKeyMap(generate(language, grid)) !=
+            readFile(keyMapFile(shippedFolder(), language.name)))
+            stale += " " + language.name;
+    EXPECT_EQ(stale, "") << "update the files with: layouts generate" << stale;
+}
+
+TEST(Generator, WritesTheCatalogueAsItReadsIt)
+{
+    EXPECT_EQ(writeCatalogue(shippedCatalogue()), readFile(catalogueFile(shippedFolder())));
+}
+
+TEST(Generator, RefusesAKeyboardThatIsNotThere)
+{
+    Language language = languageOf("English");
+    language.xkbLayout = "nowhere";
+    EXPECT_THAT([&] { generate(language, shippedCatalogue()); },
+                ThrowsMessage<std::runtime_error>(
+                    HasSubstr("keyboard nowhere(): not in the keyboard database")));
+}
+
+TEST(Generator, RefusesAnotherGrid)
+{
+    Catalogue grid = shippedCatalogue();
+    grid.cells.pop_back();
+    EXPECT_THAT([&] { generate(languageOf("English"), grid); },
+                ThrowsMessage<std::runtime_error>(
+                    HasSubstr("the catalogue's grid has 66 keys, expected 67")));
+}
+
+TEST(Generator, SaysWhenThereAreTooManyLetters)
+{
+    Language amharic = {"am", "Amharic", "AM", "us", "", "FreeSerif.ttf"};
+    EXPECT_THAT([&] { generate(amharic, shippedCatalogue()); },
+                ThrowsMessage<std::runtime_error>(
+                    HasSubstr("Amharic: its letters are too many for four faces")));
+}
+
+TEST(LanguageTable, SaysWhichLineIsWrong)
+{
+    TemporaryFolder folder;
+    std::ofstream(folder.path("table")) << "# comment\n\nen\tEnglish\tEN\tus\n";
+    EXPECT_THAT(
+        [&] { readLanguages(folder.path("table")); },
+        ThrowsMessage<std::runtime_error>(HasSubstr("table: line 3: found 4 columns, expected 5")));
+}
+
+TEST(Speller, TakesMarksInEitherOrder)
+{
+    const Speller speller({"e", "ê", "\u0323", "\u0302"});
+    EXPECT_THAT(speller.spell("ệ"), ElementsAre("ê", "\u0323"));
+    EXPECT_THAT(speller.spell("ẹ"), ElementsAre("e", "\u0323"));
+    EXPECT_THAT(speller.spell("ẽ"), IsEmpty());
+    EXPECT_THAT(speller.spell(""), IsEmpty());
+}
+
+TEST(UpperCase, FollowsTheLanguage)
+{
+    EXPECT_EQ(upperCase("i", "en"), "I");
+    EXPECT_EQ(upperCase("i", "tr"), "İ");
+    EXPECT_EQ(upperCase("ά", "el"), "Ά");
+    EXPECT_EQ(upperCase("dž", "hr"), "DŽ");
+    EXPECT_EQ(upperCase("ა", "ka"), "") << "no word begins with a Georgian capital";
+    EXPECT_EQ(upperCase("ह", "hi"), "");
+}
+
+TEST(Neighbours, LieUnderTheCentreAndWrap)
+{
+    // 0: 0-2, 1: 2-4, 2: 4-6; below 3: 0-3, 4: 3-6
+    const std::vector<Cell> cells = {
+        {0, 0, 2, 1}, {2, 0, 2, 1}, {4, 0, 2, 1}, {0, 1, 3, 1}, {3, 1, 3, 1}};
+    const std::vector<Neighbours> around = neighbours(cells);
+    EXPECT_EQ(around[0].left, 2);
+    EXPECT_EQ(around[2].right, 0);
+    EXPECT_EQ(around[0].down, 3);
+    EXPECT_EQ(around[1].down, 3) << "the centre is on the line between two: the left one";
+    EXPECT_EQ(around[2].down, 4);
+    EXPECT_EQ(around[0].up, 3) << "wraps";
+    EXPECT_EQ(around[3].up, 0);
+    EXPECT_EQ(around[4].up, 2);
+}
+
+TEST(Neighbours, OnALineBetweenTwoTakeTheNearerCentre)
+{
+    // The centre of 0 is at 4, between the wide key 1 (0-4) and the narrow key 2 (4-5).
+    const std::vector<Cell> cells = {{0, 0, 8, 1}, {0, 1, 4, 1}, {4, 1, 1, 1}, {5, 1, 3, 1}};
+    EXPECT_EQ(neighbours(cells)[0].down, 2);
+}
+
+} // namespace

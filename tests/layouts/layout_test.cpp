@@ -1,0 +1,106 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core_walk.h"
+#include "font_files.h"
+#include "json_file.h"
+#include "shipped.h"
+#include "text.h"
+
+using namespace layouts;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+namespace
+{
+
+// Each shipped key map gets these tests, whether or not anybody thought of it.
+class Layout : public testing::TestWithParam<std::string>
+{
+};
+
+std::string result(const Legend& legend, const Key& key)
+{
+    return legend.text + "/" + std::to_string(key.keyCode);
+}
+
+TEST_P(Layout, HasNoFindingWithItsFont)
+{
+    Catalogue catalogue = shippedCatalogue();
+    catalogue.names = {GetParam()};
+    const LayoutSet alone = {
+        {kCatalogueName, writeCatalogue(catalogue)},
+        {keyMapName(GetParam()), readFile(keyMapFile(shippedFolder(), GetParam()))}};
+    FontCache fonts;
+    CheckOptions options;
+    options.font = [&](const std::string& layout) { return &fonts.open(languageOf(layout).font); };
+    EXPECT_THAT(lines(Checker(resource("schema")).check(alone, options)), IsEmpty());
+}
+
+TEST_P(Layout, CoversItsAlphabetAndAscii)
+{
+    const KeyMap keyMap = shippedKeyMap(GetParam());
+    std::string missing;
+    const std::string icuName = languageOf(GetParam()).icuName;
+    ASSERT_THAT(mainLetters(icuName), Not(IsEmpty()));
+    for (const Spelling& spelling : spellAll(keyMap, neededTexts(icuName)))
+        if (spelling.keys.empty())
+            missing += spelling.text + " (" + describe(spelling.text) + ") ";
+    EXPECT_EQ(missing, "");
+}
+
+TEST_P(Layout, LetsTheDriversScriptsReachTheirKeys)
+{
+    CoreWalk keyboard(GetParam());
+    const KeyMap keyMap = shippedKeyMap(GetParam());
+    const auto plain = [&](size_t key) {
+        return result(keyMap.defaults[key].plain, keyMap.defaults[key]);
+    };
+    const auto shifted = [&](size_t key) {
+        return result(keyMap.defaults[key].shifted, keyMap.defaults[key]);
+    };
+    const auto symbol = [&](size_t key) {
+        return result(keyMap.symbols[key].plain, keyMap.symbols[key]);
+    };
+    EXPECT_THAT(runScript(keyboard, "clear", ""), ElementsAre("Back/8"));
+    EXPECT_THAT(runScript(keyboard, "clear-all", ""), ElementsAre("ClearAll/12"));
+    EXPECT_THAT(runScript(keyboard, "submit", ""), ElementsAre("Enter/13"));
+    EXPECT_THAT(runScript(keyboard, "space", ""), ElementsAre(" /32"));
+    EXPECT_THAT(runScript(keyboard, "shift", ""), ElementsAre("Shift", "Shift"));
+    EXPECT_THAT(runScript(keyboard, "shift-right", "1"), ElementsAre("Shift", shifted(45)));
+    EXPECT_THAT(runScript(keyboard, "shift-lock", "2"), ElementsAre("Shift", "Shift", shifted(46)));
+    EXPECT_THAT(runScript(keyboard, "alt", ""), ElementsAre("Alt", "Alt"));
+    EXPECT_THAT(runScript(keyboard, "alt-right", "1"), ElementsAre("Alt", symbol(31)));
+    EXPECT_THAT(runScript(keyboard, "alt-shift", ""), ElementsAre("Alt", "Shift"));
+    EXPECT_THAT(runScript(keyboard, "language", "2"), ElementsAre("language", "language"));
+    EXPECT_THAT(runScript(keyboard, "show", ""), ElementsAre(plain(3), plain(3)));
+    EXPECT_THAT(runScript(keyboard, "hide", ""), ElementsAre("hidden"));
+    EXPECT_THAT(runScript(keyboard, "right", "3"), ElementsAre(plain(3)));
+    EXPECT_THAT(runScript(keyboard, "left", "1"), ElementsAre(plain(15)));
+    EXPECT_THAT(runScript(keyboard, "down", "1"), ElementsAre(plain(16)));
+    EXPECT_THAT(runScript(keyboard, "up", "1"), ElementsAre(plain(58)));
+    EXPECT_THAT(runScript(keyboard, "loop-left", ""), ElementsAre("language"));
+    EXPECT_THAT(runScript(keyboard, "loop-right", ""), ElementsAre(plain(15)));
+    EXPECT_THAT(runScript(keyboard, "loop-up", ""), ElementsAre(plain(58)));
+    EXPECT_THAT(runScript(keyboard, "loop-down", ""), ElementsAre(plain(16)));
+}
+
+TEST_P(Layout, TypesItsAlphabetWithArrowsAndOk)
+{
+    CoreWalk keyboard(GetParam());
+    const KeyMap keyMap = shippedKeyMap(GetParam());
+    for (const Spelling& spelling : spellAll(keyMap, neededTexts(languageOf(GetParam()).icuName))) {
+        ASSERT_FALSE(spelling.keys.empty()) << spelling.text;
+        ASSERT_EQ(nfc(keyboard.type(spelling.keys)), spelling.text) << describe(spelling.text);
+    }
+}
+
+std::string nameOf(const testing::TestParamInfo<std::string>& info)
+{
+    return info.param;
+}
+
+INSTANTIATE_TEST_SUITE_P(Shipped, Layout, testing::ValuesIn(shippedLayouts()), nameOf);
+
+} // namespace
