@@ -62,7 +62,7 @@ const std::vector<Fault> kFaults = {
      "unit", "CoreDispatch.ALetterWithShiftOnceIsShiftedAndReleasesShift"},
     {"OnlyTheFirstLayout", "keyboard_core.cpp", "keyboard_core.cpp",
      "if (m_layout_index >= m_layout_names.size())", "if (m_layout_index > 0)",
-     "unit", "CoreLifecycle.EachLayoutChangeTakesTheNextNameAndWraps"},
+     "unit", "CoreLayouts.EachLayoutChangeTakesTheNextNameAndWraps"},
     {"WrongLineAfterAModeGoesOff", "keyboard_core.cpp", "keyboard_core.cpp",
      "VKB_LOG_FORMAT(LOG_TRACE, __LINE__, handler,", "VKB_LOG_FORMAT(LOG_TRACE, __LINE__, __func__,",
      "unit", "CoreDispatch.ShiftThreeTimesIsOffAgain"},
