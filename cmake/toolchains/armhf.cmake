@@ -35,6 +35,10 @@ foreach(kind IN ITEMS EXE SHARED MODULE)
   set(CMAKE_${kind}_LINKER_FLAGS_INIT "${library_folders}")
 endforeach()
 
+# Everything is built by this one compiler: that an old one passed some arguments differently is
+# no news here.
+set(CMAKE_CXX_FLAGS_INIT "-Wno-psabi")
+
 # pkg-config must not see this machine's own packages.
 set(ENV{PKG_CONFIG_PATH} "")
 set(ENV{PKG_CONFIG_DIR} "")

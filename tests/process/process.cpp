@@ -39,7 +39,7 @@ std::vector<std::string> emulator()
 {
     std::vector<std::string> words;
     std::istringstream list(VKB_TEST_EMULATOR);
-    for (std::string word; std::getline(list, word, ';');)
+    for (std::string word; std::getline(list, word, '|');)
         words.push_back(word);
     return words;
 }
