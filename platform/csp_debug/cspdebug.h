@@ -1,7 +1,8 @@
 #ifndef CSPDEBUG_H
 #define CSPDEBUG_H
 
-/*
+/**
+ * \file
  * The three calls of the television's debug-log library. Ours writes to standard
  * output; on the television its own library stands in the same place.
  *
@@ -17,7 +18,7 @@
 extern "C" {
 #endif
 
-/*
+/**
  * Tells whether a line is to be written.
  *
  * record: three 32-bit words, lent for the call; the low 16 bits of the first are
@@ -28,14 +29,14 @@ extern "C" {
  */
 int cspDebugCheckLevelGetFrameAndChunk(void* record);
 
-/*
+/**
  * Formats as printf does and writes the result, whatever its length, to standard
  * output with one write, so that a line is whole in a pipe and is not lost when the
  * process dies. A null string prints as "(null)". Errors of the output are ignored.
  */
 void cspDebugOutput0(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
-/*
+/**
  * Returns the part of path behind its last slash: a pointer into path itself, valid
  * as long as path is; null for null.
  */

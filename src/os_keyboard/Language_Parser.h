@@ -17,38 +17,46 @@ namespace browser
 namespace vkb
 {
 
-// Reads the layout files, and is their only reader: the catalogue (names, key grid) and one key
-// map per layout. Files are read in the call, on the caller's thread. A missing or malformed
-// file leaves empty lists and is no error here; what the JSON library throws for a value that
-// it cannot convert is not caught.
+/// Reads the layout files, and is their only reader: the catalogue (names, key grid) and one key
+/// map per layout, at fixed paths.
+///
+/// Files are read in the call, on the caller's thread. A missing or malformed file leaves empty
+/// lists and is no error here: only the line of success is missing from the log. What the JSON
+/// library throws for a value that it cannot convert, or for a catalogue without key positions, is
+/// not caught.
 class LanguageParser
 {
 public:
-    // Reads the catalogue. The key sets stay empty until the first onLayoutchanged.
+    /// Reads the catalogue. The key sets stay empty until the first onLayoutchanged.
     LanguageParser();
 
-    // Reads the catalogue anew. Returns whether the file was read and is JSON.
+    /// Reads the catalogue anew.
+    /// \return whether the file was read and is JSON.
     bool ParseLayout();
 
-    // Reads the current layout's key map into the four key sets, all emptied first. Returns
-    // whether the file was read and is JSON.
+    /// Reads the current layout's key map into the four key sets, all emptied first.
+    /// \return whether the file was read and is JSON.
     bool ParseCurrentLayoutKeyMaps();
 
-    // The names in the order of the catalogue, read again while there are none. The parser
-    // keeps the list; the caller copies it.
+    /// The names in the order of the catalogue, read again while there are none.
+    /// \return a list that the parser keeps; the caller copies it.
     std::vector<std::string>& getLayoutsName();
 
-    // Makes name the current layout, whether or not the catalogue lists it, and reads its keys.
+    /// Makes name the current layout, whether or not the catalogue lists it, and reads its keys.
+    /// The name is logged.
     void onLayoutchanged(std::string& name);
 
-    // One of the current layout's four key sets, read again while it is empty. The set belongs
-    // to the layout last given to onLayoutchanged, whatever name says. The parser keeps the
-    // list; the caller copies it.
+    /// One of the current layout's four key sets, read again while it is empty.
+    /// \param name not used: the set is that of the layout last given to onLayoutchanged.
+    /// \param shift the shifted faces.
+    /// \param alt the symbol set.
+    /// \return a list that the parser keeps and fills anew at the next layout; the caller copies
+    /// it.
     std::vector<Button_t>& getKeyMap(std::string& name, bool shift, bool alt);
 
-    // Pixels of the whole keyboard, its outer gaps included; 0 before the catalogue is read.
+    /// Pixels of the whole keyboard, its outer gaps included; 0 before the catalogue is read.
     int32_t keyboardWidth() const { return m_keyboard_width; }
-    int32_t keyboardHeight() const { return m_keyboard_height; }
+    int32_t keyboardHeight() const { return m_keyboard_height; } ///< See keyboardWidth.
 
 private:
     void readKeys(Json::Value& keys, std::vector<Button_t>& plain,

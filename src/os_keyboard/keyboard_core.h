@@ -19,81 +19,158 @@ namespace vkb
 class KeyBoardUI;
 class LanguageParser;
 
-// The keyboard as its host sees it: started when a text field wants input, then fed with the
-// remote control's keys. One thread; nothing is reported to the caller but by result codes and
-// log lines. All cores of a process share one window.
+/// The keyboard as its host sees it: started when a text field wants input, then fed with the
+/// remote control's keys.
+///
+/// One thread, the host's; nothing runs beside it. No operation throws or returns an error of its
+/// own: what goes wrong is a line in the log. A DirectFB call that is needed for drawing and fails
+/// ends the process through DirectFBErrorFatal; what the JSON library throws for a layout file
+/// with values of impossible types passes through. All cores of a process share one window on the
+/// primary layer, at (600, 600) and as large as the catalogue says.
 class KeyBoardCore
 {
 public:
-    // The font is the file named by the environment variable VIRTUAL_KEYBOARD_FONT_PATH, or the
-    // television's own.
+    /// The font is the file named by the environment variable VIRTUAL_KEYBOARD_FONT_PATH; without
+    /// it, the television's own, and an error line says so. Nothing is opened yet.
     KeyBoardCore();
+
+    /// Does what OnIMECancelled does. The host deletes the core that it made.
     ~KeyBoardCore();
     KeyBoardCore(const KeyBoardCore&) = delete;
     KeyBoardCore& operator=(const KeyBoardCore&) = delete;
 
-    // Text input begins: the first start builds the window and shows the first layout with the
-    // focus on key 0, a later one shows the keyboard as it was. dfb is lent for the core's life.
-    // The keyboard opens a window of its own; the surface is not drawn on.
+    /// Text input begins. The first start reads the layouts, opens the window and shows the first
+    /// layout with the focus on key 0; a later one shows the keyboard as it was. Ask
+    /// isKeyBoardEnable whether it worked: without layouts or window the keyboard is not started,
+    /// and the next call tries anew.
+    /// \param dfb lent until the cancel; the host never releases it while a core is started.
+    /// \param surface the page's own; not used, the keyboard draws on its window.
     void OnIMEStart(IDirectFB* dfb, IDirectFBSurface* surface);
 
-    // Text input ends: the window is destroyed. The next start begins at the first layout.
+    /// Text input ends: the window is destroyed, renderer and layouts are deleted. The next start
+    /// begins at the first layout. isShow keeps its value.
     void OnIMECancelled();
 
+    /// The second half of the first start, after window and renderer: layouts, first layout, focus
+    /// on key 0. To be called between OnIMEStart and OnIMECancelled only. Logs "Read language name
+    /// error! " when there is no layout.
     void enter();
+
+    /// For hosts that call it on leaving a text field; only logs. Use Hide or OnIMECancelled.
     void leave();
+
+    /// Shows the keyboard with the focus where it was, or hides it by making its window's pixels
+    /// transparent. Hidden, it stays started and answers every key with 2. Without a renderer both
+    /// only log an error line.
     void Show();
-    void Hide();
+    void Hide(); ///< See Show.
+
+    /// Whether the keyboard is shown: true from a start or Show until a Hide, whoever asked for
+    /// it; also the layout's own hide key ends it.
     bool isShow();
+
+    /// Whether the keyboard is started, shown or not.
     bool isKeyBoardEnable();
 
-    // Pixels of the keyboard; those of the usual layout before the first start.
+    /// Size of the keyboard in pixels, from the catalogue; 805 by 255 and an error line while the
+    /// keyboard is not started.
     int getWidth();
-    int getHeight();
+    int getHeight(); ///< See getWidth.
 
+    /// For hosts that tell the system's language; does nothing, the viewer chooses the layout.
     void notifySysLanguage(std::string language);
 
-    // Takes one key of the remote control, as the browser's key event code: 13 OK, 37 left, 38
-    // up, 39 right, 40 down. Returns 0 when the keyboard used it up, 1 when a key result is
-    // ready, 2 when it did nothing with it (not started, hidden, no such key).
+    /// Takes one key of the remote control and redraws what it changes. Every code is logged.
+    /// \param keyCode the browser's key event code: 13 OK, 37 left, 38 up, 39 right, 40 down.
+    /// \return 0 used up by the keyboard; 1 a key result is ready for getKeyBoardButton; 2 not
+    /// handled: not started, hidden, another code, or a special key that is none.
     int onKeyEvent(int keyCode);
 
-    // The last key result, whole or its key code alone. It stays until the next one.
+    /// Copies the last key result. It stays until the next one, and is all zero and empty before
+    /// the first. Its code is logged.
     void getKeyBoardButton(OsButton_t& out);
+
+    /// The key code alone of the last key result; 0 before the first.
     int getKeyBoardButton();
 
-    // The window alone; the keyboard's own state is not touched.
+    /// Opens the window unless there is one, and makes it opaque and topmost; part of OnIMEStart.
+    /// The window belongs to the process and goes with the cancel. A failing GetDisplayLayer ends
+    /// the process; a window that cannot be made is left out.
+    /// \param dfb lent for the call.
+    /// \param surface not used.
     void CreateDFBWindow(IDirectFB* dfb, IDirectFBSurface* surface);
+
+    /// Makes the window transparent and puts it lowest. For started keyboards only; the keyboard's
+    /// own state is not touched, so that CreateDFBWindow brings it back as it was.
     void HideDFBWindow();
 
-    // Steps to the next layout, with Shift and Alt off; does not redraw.
+    /// Steps to the next layout's keys, the first one behind the last, with Shift and Alt off and
+    /// nothing locked. Does not redraw. For started keyboards only.
     void onLayoutChanged();
+
+    /// Takes the keys of layout, Shift and Alt as they are now and hands them to the renderer.
+    /// Does not redraw. Without renderer or layouts it only logs an error line.
     void updateKeyMap();
+
+    /// updateKeyMap, a full redraw and the focus again. For started keyboards only.
+    /// \return as of FocusButtonChangedTo.
     int updateKeyBoardUI();
 
-    // Focus. An id is a position in the key set; one outside it leaves the focus where it is.
-    // Results: 1 done, 0 no renderer; for the moves 0 done, 2 no renderer.
+    /// Makes the key at this position the focused one, without drawing.
+    /// \param id a position in the key set; one outside it changes nothing and logs an error line.
+    /// \return a copy of the key that is focused now.
     Button_t getTargetButtonByButtonId(int id);
-    int FocusButtonChangedTo(int id);
-    int sendFocusButtonToUI();
-    int sendLockButtonToUI();
-    int LeftMoveProc();
-    int RightMoveProc();
-    int UpMoveProc();
-    int DownMoveProc();
 
-    // OK on the focused key, and what it does on each kind of key. Results as of onKeyEvent.
+    /// Moves the focus and redraws, locked keys before the focus frame.
+    /// \param id as of getTargetButtonByButtonId.
+    /// \return 1, or 0 and an error line without a renderer.
+    int FocusButtonChangedTo(int id);
+
+    /// Redraws with the focus frame on the focused key. Result as of FocusButtonChangedTo.
+    int sendFocusButtonToUI();
+
+    /// Redraws with the locked keys and without a focus frame. Result as of FocusButtonChangedTo.
+    int sendLockButtonToUI();
+
+    /// Moves the focus to the focused key's neighbour. A side without a neighbour is handled too:
+    /// the focus stays, an error line is logged, and the page does not get the key.
+    /// \return 0, or 2 and an error line without a renderer.
+    int LeftMoveProc();
+    int RightMoveProc(); ///< See LeftMoveProc.
+    int UpMoveProc();    ///< See LeftMoveProc.
+    int DownMoveProc();  ///< See LeftMoveProc.
+
+    /// OK on the focused key. An ordinary key gives a key result and ends a Shift for one key; one
+    /// with a negative code gives nothing.
+    /// \return as of onKeyEvent.
     int EnterPressProc();
+
+    /// OK on a focused special key, known by its text: "Shift", "Hide", "Alt" or "ClearAll", or the
+    /// same in small letters; else by isLanguage. Logs an error line for one that is none of these.
+    /// \return as of onKeyEvent.
     int specialButtonHandle();
+
+    /// Shift goes from off to on for one key, to locked, to off. Always 0. For started keyboards
+    /// only, as the three below.
     int shiftButtonHandle();
-    int altButtonHandle();
-    int hideButtonHandle();
-    int languageButtonHandle();
+    int altButtonHandle();      ///< Alt goes on or off: the symbol set. Always 0.
+    int hideButtonHandle();     ///< As Hide. Always 0.
+    int languageButtonHandle(); ///< The next layout, the focus at the same position. Always 0.
+
+    /// Makes the clear-all key's own codes the key result; the host clears its field. Shift for
+    /// one key stays. Always 1.
     int clearButtonHandle();
+
+    /// Makes the focused key the key result, with modifier 2 while Shift is on, and logs its code.
+    /// Always true.
     bool setKeyBoardButton();
 
-    // Keys drawn as locked.
+    /// Takes every key with exactly this text from those drawn as locked; does not redraw. Each is
+    /// logged.
     void removeLockButton(std::string text);
+
+    /// Puts the focused key in the place of the last locked one; does not redraw. For hosts that
+    /// mark keys of their own.
     void updateLockButton();
 
 private:

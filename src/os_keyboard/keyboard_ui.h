@@ -17,43 +17,60 @@ namespace vkb
 
 struct KeyLook;
 
-// Paints keys on a surface. It knows no layout and remembers no focus: its caller says what to
-// paint and when, on one thread. A DirectFB call that fails while painting ends the process.
+/// Paints keys on a surface. It knows no layout and remembers no focus: its caller says what to
+/// paint and when, on one thread.
+///
+/// Every call is logged. A DirectFB call that fails while painting is named on standard error and
+/// ends the process through DirectFBErrorFatal.
 class KeyBoardUI
 {
 public:
-    // Lends dfb and surface for the renderer's whole life; the surface is cleared to the
-    // background at once. The surface must hold every key that is painted.
+    /// Clears the surface to the background at once.
+    /// \param dfb lent for the renderer's whole life.
+    /// \param surface lent as well; must hold every key that is painted.
     KeyBoardUI(IDirectFB* dfb, IDirectFBSurface* surface);
+
+    /// Releases the font. The surface is left as it is and stays its owner's.
     ~KeyBoardUI();
     KeyBoardUI(const KeyBoardUI&) = delete;
     KeyBoardUI& operator=(const KeyBoardUI&) = delete;
 
-    // Takes the keys to paint from now on and loads the font. buttons is lent: the list stays
-    // alive and in place, and may change between draws. fontSize is in pixels; fontPath names a
-    // TrueType file. Returns false, with the keys taken all the same, when there is no such
-    // file; without a font, draw and show paint nothing.
+    /// Takes the keys to paint from now on and loads the font; paints nothing.
+    /// \param buttons lent, never null: the list stays alive and in place, and may change between
+    /// draws.
+    /// \param fontSize height in pixels.
+    /// \param fontPath a TrueType file, or null for none.
+    /// \return false and an error line, with the keys taken all the same, when there is no such
+    /// file. Without a font draw and show paint nothing. A font loaded before stays in memory.
     bool setLayoutData(std::vector<Button_t>* buttons, int fontSize, const char* fontPath);
 
-    // Fills the surface with one colour, 0xAARRGGBB; with flip, both of its buffers.
+    /// Fills the surface with one colour.
+    /// \param argb 0xAARRGGBB.
+    /// \param flip shows it and fills the surface's other buffer too.
     void clear(unsigned int argb, bool flip);
 
-    // Repaints every key, the locked ones sunken; with flip, makes the result visible.
+    /// Repaints every key, the locked ones sunken, without a focus frame.
+    /// \param flip makes the result visible, with the screen's next refresh.
     void draw(bool flip);
 
-    // Paints the keyboard unless it is painted already; makes it transparent unless it is so.
+    /// Paints the keyboard unless it is painted already.
     void show();
+
+    /// Makes the surface transparent unless it is so.
     void hide();
 
-    // Repaints everything with a frame around key.
+    /// Repaints everything with a frame around key and makes it visible.
     void setfocus(Button_t& key);
 
-    // Paints one key going down and coming up again with the frame around it. Nothing else is
-    // repainted, and only the key's own area is made visible.
+    /// Paints one key going down. Nothing else is repainted, and only the key's own area is made
+    /// visible. There must be a font.
     void press(Button_t key);
+
+    /// Paints one key that came up again, with the focus frame; otherwise as press.
     void pressed(Button_t key);
 
-    // Copies the keys to be shown as locked and repaints everything, without a focus frame.
+    /// Copies the keys to be shown as locked, repaints everything without a focus frame and makes
+    /// it visible.
     void setLocked(std::vector<Button_t>& locked);
 
 private:
