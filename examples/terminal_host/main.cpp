@@ -29,6 +29,7 @@ namespace
 
 const int kGivenUp = 1;
 const int kCannotRun = 2;
+const int kLastFrameMilliseconds = 2500; // of a recording: long enough to read the text
 
 int fail(const std::string& message)
 {
@@ -86,10 +87,12 @@ bool play(const Plan& plan, Session& session, bool isSeen, int delay)
 {
     session.draw();
     session.record(delay);
-    for (const Press press : plan.presses) {
+    for (const Press& press : plan.presses) {
         if (isSeen)
             pause(delay);
-        if (session.press(press, delay) == Session::Progress::Submitted)
+        const bool isLast = &press == &plan.presses.back();
+        if (session.press(press, isLast ? kLastFrameMilliseconds : delay) ==
+            Session::Progress::Submitted)
             return true;
     }
     return false;
