@@ -123,6 +123,13 @@ TEST(Command, InstallRefusesABadSetAndTouchesNothing)
     EXPECT_FALSE(std::filesystem::exists(folder.path("set")));
 }
 
+TEST(Command, InstallRefusesToReplaceWhatItTakesFrom)
+{
+    const Outcome run = call("install English --to " + shippedFolder());
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.output, HasSubstr("is where the layouts come from"));
+}
+
 TEST(Command, PreviewDrawsTheFourFaces)
 {
     TemporaryFolder folder;
@@ -138,8 +145,8 @@ TEST(Command, PreviewDrawsTheFourFaces)
             value = value * 256 + static_cast<unsigned char>(picture[at + i]);
         return value;
     };
-    EXPECT_EQ(number(16), 2 * 1302 + 12);
-    EXPECT_EQ(number(20), 2 * 456 + 12);
+    EXPECT_EQ(number(16), 1302);
+    EXPECT_EQ(number(20), 4 * 456 + 3 * 12);
 }
 
 } // namespace

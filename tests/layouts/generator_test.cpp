@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "coverage.h"
 #include "generator.h"
 #include "json_file.h"
 #include "shipped.h"
@@ -54,10 +55,22 @@ TEST(Generator, RefusesAnotherGrid)
 
 TEST(Generator, SaysWhenThereAreTooManyLetters)
 {
-    Language amharic = {"am", "Amharic", "AM", "us", "", "FreeSerif.ttf"};
+    Language amharic = {"am", "Amharic", "AM", "us", "", "FreeSerif.ttf", ""};
     EXPECT_THAT([&] { generate(amharic, shippedCatalogue()); },
                 ThrowsMessage<std::runtime_error>(
                     HasSubstr("Amharic: its letters are too many for four faces")));
+}
+
+TEST(Generator, WantsLettersThatTheLocaleDataLacks)
+{
+    Language occitan = {"oc", "Occitan", "OC", "fr", "oci", "DejaVuSans.ttf", ""};
+    EXPECT_THAT([&] { generate(occitan, shippedCatalogue()); },
+                ThrowsMessage<std::runtime_error>(
+                    HasSubstr("Occitan: the locale data has no letters for \"oc\"")));
+    occitan.letters = "[a-zœ]";
+    const KeyMap keyMap = generate(occitan, shippedCatalogue());
+    EXPECT_TRUE(placesOf(keyMap).count("œ"));
+    EXPECT_TRUE(placesOf(keyMap).count("Œ"));
 }
 
 TEST(LanguageTable, SaysWhichLineIsWrong)

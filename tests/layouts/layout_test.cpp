@@ -42,9 +42,9 @@ TEST_P(Layout, CoversItsAlphabetAndAscii)
 {
     const KeyMap keyMap = shippedKeyMap(GetParam());
     std::string missing;
-    const std::string icuName = languageOf(GetParam()).icuName;
-    ASSERT_THAT(mainLetters(icuName), Not(IsEmpty()));
-    for (const Spelling& spelling : spellAll(keyMap, neededTexts(icuName)))
+    const Language& language = languageOf(GetParam());
+    ASSERT_THAT(mainLetters(language), Not(IsEmpty()));
+    for (const Spelling& spelling : spellAll(keyMap, neededTexts(language)))
         if (spelling.keys.empty())
             missing += spelling.text + " (" + describe(spelling.text) + ") ";
     EXPECT_EQ(missing, "");
@@ -90,7 +90,7 @@ TEST_P(Layout, TypesItsAlphabetWithArrowsAndOk)
 {
     CoreWalk keyboard(GetParam());
     const KeyMap keyMap = shippedKeyMap(GetParam());
-    for (const Spelling& spelling : spellAll(keyMap, neededTexts(languageOf(GetParam()).icuName))) {
+    for (const Spelling& spelling : spellAll(keyMap, neededTexts(languageOf(GetParam())))) {
         ASSERT_FALSE(spelling.keys.empty()) << spelling.text;
         ASSERT_EQ(nfc(keyboard.type(spelling.keys)), spelling.text) << describe(spelling.text);
     }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "language.h"
 #include "text.h"
 #include "typing.h"
 
@@ -23,16 +22,16 @@ std::map<std::string, Place> placesOf(const KeyMap& keyMap)
     return places;
 }
 
-std::vector<std::string> neededTexts(const std::string& icuName)
+std::vector<std::string> neededTexts(const Language& language)
 {
     std::vector<std::string> texts;
     const auto add = [&](const std::string& text) {
         if (!text.empty() && std::find(texts.begin(), texts.end(), text) == texts.end())
             texts.push_back(text);
     };
-    for (const std::string& letter : mainLetters(icuName)) {
+    for (const std::string& letter : mainLetters(language)) {
         add(letter);
-        add(upperCase(letter, icuName));
+        add(upperCase(letter, language.icuName));
     }
     for (char32_t c = 0x20; c < 0x7F; ++c)
         add(fromCodePoint(c));

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "key_map.h"
+#include "language.h"
 
 namespace layouts
 {
@@ -26,7 +27,7 @@ struct Spelling {
 };
 
 // All that a language needs: the letters of its alphabet in both cases and printable ASCII.
-std::vector<std::string> neededTexts(const std::string& icuName);
+std::vector<std::string> neededTexts(const Language& language);
 
 std::vector<Spelling> spellAll(const KeyMap& keyMap, const std::vector<std::string>& texts);
 

@@ -190,8 +190,8 @@ bool isLetterKey(const Position& position)
 class SymbolSet
 {
 public:
-    SymbolSet(const Language& language, const Catalogue& catalogue, const KeySet& defaults)
-        : m_language(language), m_cells(catalogue.cells), m_defaults(defaults)
+    SymbolSet(const Catalogue& catalogue, const KeySet& defaults)
+        : m_cells(catalogue.cells), m_defaults(defaults)
     {
         placeUsKeyboard();
     }
@@ -349,7 +349,6 @@ private:
                text == (shifted ? position.shiftedText : position.text);
     }
 
-    const Language& m_language;
     const std::vector<Cell>& m_cells;
     const KeySet& m_defaults;
     KeySet m_keys;
@@ -396,18 +395,17 @@ std::vector<std::string> decomposed(const std::vector<std::string>& letters)
 
 KeySet symbolSet(const Language& language, const Catalogue& catalogue, const KeySet& defaults)
 {
-    const std::vector<std::string> letters = mainLetters(language.icuName);
+    const std::vector<std::string> letters = mainLetters(language);
     const Speller typed(defaults.texts());
-    SymbolSet whole(language, catalogue, defaults);
+    SymbolSet whole(catalogue, defaults);
     if (whole.placeLetters(missingCharacters(letters, language, typed))) {
         // Letters that take two keys so far, then those of names and foreign words.
         whole.placeForeignLetters(composedLetters(letters, language, typed));
-        whole.placeForeignLetters(
-            missingCharacters(auxiliaryLetters(language.icuName), language, typed));
+        whole.placeForeignLetters(missingCharacters(auxiliaryLetters(language), language, typed));
         return whole.finished();
     }
     // More letters with marks than keys: the marks get keys of their own.
-    SymbolSet marks(language, catalogue, defaults);
+    SymbolSet marks(catalogue, defaults);
     if (marks.placeLetters(missingCharacters(decomposed(letters), language, typed)))
         return marks.finished();
     throw std::runtime_error(language.name + ": its letters are too many for four faces");

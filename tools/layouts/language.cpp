@@ -18,7 +18,7 @@ namespace layouts
 namespace
 {
 
-constexpr size_t kColumns = 5;
+constexpr size_t kColumns = 5; // and one more for what the locale data lacks
 
 std::vector<std::string> split(const std::string& line)
 {
@@ -36,7 +36,24 @@ Language parse(const std::vector<std::string>& fields)
     const std::string variant = bracket == std::string::npos
                                     ? std::string()
                                     : keyboard.substr(bracket + 1, keyboard.size() - bracket - 2);
-    return {fields[0], fields[1], fields[2], keyboard.substr(0, bracket), variant, fields[4]};
+    return {fields[0],
+            fields[1],
+            fields[2],
+            keyboard.substr(0, bracket),
+            variant,
+            fields[4],
+            fields.size() > kColumns ? fields[kColumns] : std::string()};
+}
+
+std::vector<std::string> lettersOf(const icu::UnicodeSet& set)
+{
+    std::vector<std::string> letters;
+    icu::UnicodeSetIterator each(set);
+    while (each.next()) {
+        std::string letter;
+        letters.push_back(nfc(each.getString().toUTF8String(letter)));
+    }
+    return letters;
 }
 
 std::vector<std::string> exemplars(const std::string& icuName, ULocaleDataExemplarSetType type)
@@ -44,18 +61,14 @@ std::vector<std::string> exemplars(const std::string& icuName, ULocaleDataExempl
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<ULocaleData, void (*)(ULocaleData*)> data(
         ulocdata_open(icuName.c_str(), &status), ulocdata_close);
+    // A language without data of its own would get that of this machine's.
+    if (U_FAILURE(status) || status == U_USING_DEFAULT_WARNING)
+        return std::vector<std::string>();
     const std::unique_ptr<USet, void (*)(USet*)> set(
         ulocdata_getExemplarSet(data.get(), nullptr, 0, type, &status), uset_close);
-    std::vector<std::string> letters;
     if (U_FAILURE(status))
-        return letters;
-
-    icu::UnicodeSetIterator each(*icu::UnicodeSet::fromUSet(set.get()));
-    while (each.next()) {
-        std::string letter;
-        letters.push_back(nfc(each.getString().toUTF8String(letter)));
-    }
-    return letters;
+        return std::vector<std::string>();
+    return lettersOf(*icu::UnicodeSet::fromUSet(set.get()));
 }
 
 } // namespace
@@ -70,7 +83,7 @@ std::vector<Language> readLanguages(const std::string& file)
         if (line.empty() || line[0] == '#')
             continue;
         const std::vector<std::string> fields = split(line);
-        if (fields.size() != kColumns)
+        if (fields.size() < kColumns || fields.size() > kColumns + 1)
             throw std::runtime_error(file + ": line " + std::to_string(number) + ": found " +
                                      std::to_string(fields.size()) + " columns, expected " +
                                      std::to_string(kColumns) +
@@ -89,14 +102,26 @@ const Language* findLanguage(const std::vector<Language>& languages, const std::
     return found == languages.end() ? nullptr : &*found;
 }
 
-std::vector<std::string> mainLetters(const std::string& icuName)
+std::vector<std::string> mainLetters(const Language& language)
 {
-    return exemplars(icuName, ULOCDATA_ES_STANDARD);
+    std::vector<std::string> letters;
+    if (language.letters.empty()) {
+        letters = exemplars(language.icuName, ULOCDATA_ES_STANDARD);
+    } else {
+        UErrorCode status = U_ZERO_ERROR;
+        letters =
+            lettersOf(icu::UnicodeSet(icu::UnicodeString::fromUTF8(language.letters), status));
+    }
+    if (letters.empty())
+        throw std::runtime_error(language.name + ": the locale data has no letters for \"" +
+                                 language.icuName +
+                                 "\", expected them in the table's sixth column, as in [a-zß]");
+    return letters;
 }
 
-std::vector<std::string> auxiliaryLetters(const std::string& icuName)
+std::vector<std::string> auxiliaryLetters(const Language& language)
 {
-    return exemplars(icuName, ULOCDATA_ES_AUXILIARY);
+    return exemplars(language.icuName, ULOCDATA_ES_AUXILIARY);
 }
 
 } // namespace layouts

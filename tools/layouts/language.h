@@ -15,6 +15,7 @@ struct Language {
     std::string xkbLayout;  // in the keyboard database
     std::string xkbVariant; // or empty
     std::string font;       // a font file that has all labels of the layout
+    std::string letters;    // "[a-zß]", for a language that the locale data lacks; else empty
 };
 
 // Throws std::runtime_error with the line that is wrong.
@@ -22,11 +23,11 @@ std::vector<Language> readLanguages(const std::string& file);
 
 const Language* findLanguage(const std::vector<Language>& languages, const std::string& name);
 
-// The letters that the language is written with, lower case, as the locale data has them: the
-// main ones and those that only names and foreign words need. Some are more than one code
-// point long.
-std::vector<std::string> mainLetters(const std::string& icuName);
-std::vector<std::string> auxiliaryLetters(const std::string& icuName);
+// The letters that the language is written with, lower case: the main ones, from the table or
+// the locale data, and those that only names and foreign words need. Some are more than one code
+// point long. Throws std::runtime_error when nobody knows the main ones.
+std::vector<std::string> mainLetters(const Language& language);
+std::vector<std::string> auxiliaryLetters(const Language& language);
 
 } // namespace layouts
 

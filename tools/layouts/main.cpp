@@ -51,9 +51,11 @@ int runGenerate(const Resources& resources, const std::vector<std::string>& name
                 const std::string& to)
 {
     const Catalogue grid = readCatalogue(catalogueFile(resources.folder()));
-    for (const Language& language : chosen(resources, names))
-        writeFile(keyMapFile(to.empty() ? resources.folder() : to, language.name),
-                  writeKeyMap(generate(language, grid)));
+    for (const Language& language : chosen(resources, names)) {
+        const std::string file = keyMapFile(to.empty() ? resources.folder() : to, language.name);
+        writeFile(file, writeKeyMap(generate(language, grid)));
+        std::printf("%s\n", file.c_str());
+    }
     return 0;
 }
 
@@ -120,7 +122,7 @@ int runCoverage(const Resources& resources, const std::vector<std::string>& name
         std::map<std::string, int> counts; // letters by face
         int combined = 0;
         int letters = 0;
-        for (const Spelling& spelling : spellAll(keyMap, neededTexts(language.icuName))) {
+        for (const Spelling& spelling : spellAll(keyMap, neededTexts(language))) {
             const std::string name = spelling.text + " (" + describe(spelling.text) + ")";
             if (spelling.keys.empty()) {
                 std::printf("%s: %s: cannot be typed\n", language.name.c_str(), name.c_str());
@@ -160,6 +162,9 @@ int runPreview(const Resources& resources, const std::string& name, const std::s
 int runInstall(const Resources& resources, const std::vector<std::string>& names,
                const std::string& to)
 {
+    if (std::filesystem::exists(to) && std::filesystem::equivalent(to, resources.folder()))
+        throw std::runtime_error(to + ": is where the layouts come from, and all others would be "
+                                      "lost; give another folder with --to");
     const LayoutSet set = selectLayouts(readLayoutSet(resources.folder()), names);
     const Findings findings = Checker(resources.schemas()).check(set, CheckOptions());
     if (!findings.empty()) {

@@ -27,7 +27,7 @@ struct Picture {
     std::vector<uint32_t> pixels; // ARGB
 
     Picture(int w, int h) : width(w), height(h), pixels(size_t(w) * size_t(h), 0xFF000000u) {}
-    uint32_t* at(int x, int y) { return &pixels[size_t(y) * size_t(width) + size_t(x)]; }
+    uint32_t* line(int y) { return &pixels[size_t(y) * size_t(width)]; }
 };
 
 void require(DFBResult result, const char* what)
@@ -82,27 +82,25 @@ std::vector<Button_t> lockedOf(const std::vector<Button_t>& buttons, const Face&
     return locked;
 }
 
-void copy(IDirectFBSurface* surface, Picture& picture, int x, int y, int width, int height)
+void copy(IDirectFBSurface* surface, Picture& picture, int y, int height)
 {
     void* data = nullptr;
     int pitch = 0; // bytes
     require(surface->Lock(surface, DSLF_READ, &data, &pitch), "reading the picture");
     for (int line = 0; line < height; ++line)
-        std::memcpy(picture.at(x, y + line), static_cast<const char*>(data) + line * pitch,
-                    size_t(width) * sizeof(uint32_t));
+        std::memcpy(picture.line(y + line), static_cast<const char*>(data) + line * pitch,
+                    size_t(picture.width) * sizeof(uint32_t));
     surface->Unlock(surface);
 }
 
 void drawFace(IDirectFB* dfb, const KeyMap& keyMap, const Face& face, const Catalogue& catalogue,
-              const std::string& fontFile, Picture& picture, int x, int y)
+              const std::string& fontFile, Picture& picture, int y, int height)
 {
-    const int width = (picture.width - kSpace) / 2;
-    const int height = (picture.height - kSpace) / 2;
     DFBSurfaceDescription description = {};
     description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_CAPS | DSDESC_WIDTH |
                                                                 DSDESC_HEIGHT | DSDESC_PIXELFORMAT);
     description.caps = DSCAPS_DOUBLE;
-    description.width = width;
+    description.width = picture.width;
     description.height = height;
     description.pixelformat = DSPF_ARGB;
     IDirectFBSurface* surface = nullptr;
@@ -114,7 +112,7 @@ void drawFace(IDirectFB* dfb, const KeyMap& keyMap, const Face& face, const Cata
         KeyBoardUI ui(dfb, surface);
         ui.setLayoutData(&buttons, kFontSize, fontFile.c_str());
         ui.setLocked(locked);
-        copy(surface, picture, x, y, width, height);
+        copy(surface, picture, y, height);
     }
     surface->Release(surface);
 }
@@ -140,11 +138,13 @@ void writePreview(const KeyMap& keyMap, const Catalogue& catalogue, const std::s
         (last.column + last.width) * (catalogue.gapX + catalogue.cellWidth) + catalogue.gapX;
     const int height =
         (last.row + last.height) * (catalogue.gapY + catalogue.cellHeight) + catalogue.gapY;
-    Picture picture(2 * width + kSpace, 2 * height + kSpace);
+    Picture picture(width, 4 * height + 3 * kSpace);
     IDirectFB* dfb = startDirectFB();
-    for (const Face& face : kFaces)
-        drawFace(dfb, keyMap, face, catalogue, fontFile, picture, face.shifted ? width + kSpace : 0,
-                 face.symbol ? height + kSpace : 0);
+    int y = 0;
+    for (const Face& face : kFaces) {
+        drawFace(dfb, keyMap, face, catalogue, fontFile, picture, y, height);
+        y += height + kSpace;
+    }
     writePng(picture, pngFile);
 }
 

@@ -64,6 +64,7 @@ std::map<std::string, KeyTexts> readXkbKeyboard(const std::string& layout,
         xkb_context_new(static_cast<xkb_context_flags>(XKB_CONTEXT_NO_DEFAULT_INCLUDES |
                                                        XKB_CONTEXT_NO_ENVIRONMENT_NAMES)),
         xkb_context_unref);
+    xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL);
     xkb_context_include_path_append(context.get(), "/usr/share/X11/xkb");
     const xkb_rule_names names = {"evdev", "pc105", layout.c_str(), variant.c_str(), ""};
     const std::unique_ptr<xkb_keymap, void (*)(xkb_keymap*)> keymap(
