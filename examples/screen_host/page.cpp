@@ -27,8 +27,8 @@ IDirectFBSurface* openWindow(const Screen& screen)
     DFBWindowDescription description = {};
     description.flags = static_cast<DFBWindowDescriptionFlags>(DWDESC_WIDTH | DWDESC_HEIGHT |
                                                                DWDESC_POSX | DWDESC_POSY);
-    description.width = static_cast<unsigned int>(layerConfig.width);
-    description.height = static_cast<unsigned int>(layerConfig.height);
+    description.width = layerConfig.width;
+    description.height = layerConfig.height;
     IDirectFBWindow* window = nullptr;
     checkDirectFB(layer->CreateWindow(layer, &description, &window), "CreateWindow");
     IDirectFBSurface* surface = nullptr;
