@@ -6,10 +6,13 @@ install=$scripts/install-packages
 # Nothing here may really install.
 no_apt() { fake apt-get 'echo "apt-get was called: $*"; exit 99'; }
 
-# A package that is not installed, known to apt as the file "known" says.
+# A package that is not installed, known to apt as the file "known" says. What apt says about it
+# is longer than a pipe is deep, as with packages of many versions.
 missing_package() {
     fake dpkg-query 'shift 2; for p; do [ "$p" = ninja-build ] || echo "installed $p"; done'
-    fake apt-cache '[ -f known ] && echo "  Candidate: 1.0" || echo "  Candidate: (none)"'
+    fake apt-cache 'echo "ninja-build:"
+        [ -f known ] && echo "  Candidate: 1.0" || echo "  Candidate: (none)"
+        printf "     %s 500\\n" {1..20000}'
     fake id 'echo 0'
 }
 

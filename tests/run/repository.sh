@@ -6,11 +6,6 @@ test_scripts_pass_shellcheck() {
     git grep -lIE '^#!.*(bash|sh)$|^# shellcheck shell=' | xargs shellcheck
 }
 
-test_sources_are_formatted() {
-    run "$scripts/format" --check
-    expect_status 0
-}
-
 # Nothing may name the machine that it was written on, nor where that one gets its packages.
 test_no_place_of_this_machine() {
     local hosts
