@@ -5,7 +5,7 @@ PREFIX ?= /usr/local
 DESTDIR ?=
 export PREFIX DESTDIR
 
-.PHONY: help run run-screen test install format coverage bench test-arm clean keyboard everything
+.PHONY: help run run-screen test layouts fuzz install format coverage bench test-arm clean keyboard everything
 
 help: ## This list
 	@sed -n 's/^\([a-z-]*\):.*## /\1 - /p' Makefile | while IFS= read -r line; do \
@@ -19,6 +19,16 @@ run-screen: keyboard ## The keyboard on a 1920 by 1080 screen, with the test dri
 
 test: everything ## Build everything and run all tests
 	@scripts/test default
+
+layouts: ## Build the layouts command, which makes and checks keyboard layouts
+	@scripts/install-packages build run tools examples test
+	@scripts/build default layouts
+
+fuzz: ## Fuzz the reader and the check of layout files, ten minutes each
+	@scripts/install-packages build run tools test fuzz
+	@scripts/build fuzz
+	@fuzz/run reader 600
+	@fuzz/run checker 600
 
 install: keyboard ## Install to PREFIX (/usr/local) below DESTDIR; layouts to their fixed path
 	@scripts/install

@@ -86,6 +86,12 @@ TEST(Command, CoverageSaysWhereEachLetterLies)
     EXPECT_THAT(run.output, HasSubstr("French: œ (U+0153): symbol\n"));
 }
 
+TEST(Command, ListsTheLanguagesAsTheManualDoes)
+{
+    EXPECT_EQ(call("list").output, layouts::readFile(DOCS "/languages.md"))
+        << "update it with: layouts list > docs/languages.md";
+}
+
 TEST(Command, GeneratesTheSameBytesAgain)
 {
     TemporaryFolder folder;

@@ -102,6 +102,18 @@ const Language* findLanguage(const std::vector<Language>& languages, const std::
     return found == languages.end() ? nullptr : &*found;
 }
 
+std::vector<LeftOut> readLeftOut(const std::string& file)
+{
+    std::vector<LeftOut> result;
+    std::istringstream in(readFile(file));
+    for (std::string line; std::getline(in, line);) {
+        const std::vector<std::string> fields = split(line);
+        if (fields.size() == 2 && line[0] != '#')
+            result.push_back({fields[0], fields[1]});
+    }
+    return result;
+}
+
 std::vector<std::string> mainLetters(const Language& language)
 {
     std::vector<std::string> letters;

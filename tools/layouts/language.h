@@ -23,6 +23,13 @@ std::vector<Language> readLanguages(const std::string& file);
 
 const Language* findLanguage(const std::vector<Language>& languages, const std::string& name);
 
+// What has no layout, and why.
+struct LeftOut {
+    std::string icuName;
+    std::string reason;
+};
+std::vector<LeftOut> readLeftOut(const std::string& file);
+
 // The letters that the language is written with, lower case: the main ones, from the table or
 // the locale data, and those that only names and foreign words need. Some are more than one code
 // point long. Throws std::runtime_error when nobody knows the main ones.

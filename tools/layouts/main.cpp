@@ -28,6 +28,7 @@ struct Resources {
 
     std::string folder() const { return path + "/oskeyboard_config"; }
     std::string table() const { return path + "/languages.tsv"; }
+    std::string leftOut() const { return path + "/left_out.tsv"; }
     std::string schemas() const { return path + "/schema"; }
 };
 
@@ -145,6 +146,25 @@ int runCoverage(const Resources& resources, const std::vector<std::string>& name
     return missing ? 1 : 0;
 }
 
+// As docs/languages.md has it.
+int runList(const Resources& resources)
+{
+    std::printf(
+        "# Languages\n\n`layouts list` writes this page. The font is one that has all labels of "
+        "the layout;\n[layouts.md](layouts.md) names its package.\n\n"
+        "| name | locale | keyboard | font |\n| --- | --- | --- | --- |\n");
+    for (const Language& language : readLanguages(resources.table())) {
+        const std::string variant =
+            language.xkbVariant.empty() ? std::string() : "(" + language.xkbVariant + ")";
+        std::printf("| %s | %s | %s%s | %s |\n", language.name.c_str(), language.icuName.c_str(),
+                    language.xkbLayout.c_str(), variant.c_str(), language.font.c_str());
+    }
+    std::printf("\n## Left out\n\n| locale | why |\n| --- | --- |\n");
+    for (const LeftOut& leftOut : readLeftOut(resources.leftOut()))
+        std::printf("| %s | %s |\n", leftOut.icuName.c_str(), leftOut.reason.c_str());
+    return 0;
+}
+
 int runPreview(const Resources& resources, const std::string& name, const std::string& folder,
                const std::string& font, const std::string& output)
 {
@@ -227,6 +247,10 @@ int main(int argc, char** argv)
     coverage->add_option("--from", from, "Folder with the key maps")->check(CLI::ExistingDirectory);
     coverage->add_flag("--each", each, "Say on which face each letter lies");
     coverage->callback([&] { status = runCoverage(resources, names, folder(), each); });
+
+    app.add_subcommand("list", "List the languages, as in docs/languages.md")->callback([&] {
+        status = runList(resources);
+    });
 
     std::string name;
     std::string previewFont;
