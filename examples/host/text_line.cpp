@@ -28,16 +28,11 @@ std::string normalized(uninorm_t form, const std::string& utf8)
     return result ? std::string(reinterpret_cast<const char*>(result.get()), length) : "";
 }
 
-bool isValid(const std::string& utf8)
-{
-    return u8_check(bytes(utf8), utf8.size()) == nullptr;
-}
-
 } // namespace
 
 void TextLine::insert(const std::string& utf8)
 {
-    if (!isValid(utf8))
+    if (!isUtf8(utf8))
         return;
     const std::string before = composed(m_text.substr(0, m_caret) + utf8);
     m_text = before + m_text.substr(m_caret);
@@ -85,6 +80,11 @@ size_t TextLine::nextCharacter() const
     const uint8_t* start = bytes(m_text);
     const uint8_t* next = u8_grapheme_next(start + m_caret, start + m_text.size());
     return next == nullptr ? m_caret : static_cast<size_t>(next - start);
+}
+
+bool isUtf8(const std::string& text)
+{
+    return u8_check(bytes(text), text.size()) == nullptr;
 }
 
 int columns(const std::string& utf8)

@@ -37,6 +37,8 @@ private:
 // Terminal columns that the text takes.
 int columns(const std::string& utf8);
 
+bool isUtf8(const std::string& text);
+
 // Composed (NFC) and decomposed (NFD) forms; invalid UTF-8 gives an empty string.
 std::string composed(const std::string& utf8);
 std::string decomposed(const std::string& utf8);

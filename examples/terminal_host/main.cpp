@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -10,6 +11,7 @@
 
 #include "host_log.h"
 #include "screen.h"
+#include "text_line.h"
 
 #include "interactive.h"
 #include "keyboard_host.h"
@@ -105,27 +107,50 @@ int printPlan(const Plan& plan)
     return 0;
 }
 
+struct Typed {
+    bool submitted;
+    std::string text;
+};
+
+// terminal: to be shown on, or -1.
+Typed typeText(const Options& options, const Plan& plan, const KeyboardModel& model,
+               const std::string& font, int terminal, KeyboardHost& keyboard, Recorder* recorder)
+{
+    std::unique_ptr<TerminalMode> mode;
+    std::unique_ptr<TerminalView> view;
+    if (terminal >= 0) {
+        mode = std::make_unique<TerminalMode>(terminal);
+        view = std::make_unique<TerminalView>(terminal, options.picture);
+    }
+    Session session(keyboard, model, view.get(), recorder, font);
+    const bool submitted = options.type ? play(plan, session, terminal >= 0, options.delay)
+                                        : typeByHand(terminal, *mode, *view, keyboard, session);
+    return {submitted, session.text()};
+}
+
 int run(const Options& options)
 {
     if (!options.log.empty() && !openLog(options.log))
         return fail(options.log + ": cannot be opened for the log: " + std::strerror(errno));
 
     const KeyboardModel model(installedLayouts());
+    if (model.layouts().empty())
+        return fail(noLayoutsMessage());
     Plan plan;
-    if (options.type && !model.layouts().empty()) {
+    if (options.type) {
+        if (!isUtf8(*options.type))
+            return fail("--type: found bytes that are no UTF-8, expected text in UTF-8; "
+                        "is the terminal's character set another one?");
         plan = planTyping(model, KeyboardState(), *options.type);
         if (!plan.possible)
             return fail(whyNot(plan, model));
     }
-    if (model.layouts().empty())
-        return fail(noLayoutsMessage());
     if (options.plan)
         return printPlan(plan);
 
     const int terminal = openTerminal();
     const std::string why = whyNotShown(terminal, options);
-    const bool isSeen = why.empty();
-    if (!isSeen && !options.type)
+    if (!why.empty() && !options.type)
         return fail(why);
     const std::string font = chooseFont();
     if (font.empty())
@@ -137,27 +162,14 @@ int run(const Options& options)
     KeyboardHost keyboard;
     if (!keyboard.start())
         return fail(noLayoutsMessage());
-
-    bool submitted = false;
-    std::string text;
-    {
-        std::unique_ptr<TerminalMode> mode;
-        std::unique_ptr<TerminalView> view;
-        if (isSeen) {
-            mode = std::make_unique<TerminalMode>(terminal);
-            view = std::make_unique<TerminalView>(terminal, options.picture);
-        }
-        Session session(keyboard, model, view.get(), recorder.get(), font);
-        submitted = options.type ? play(plan, session, isSeen, options.delay)
-                                 : typeByHand(terminal, *mode, *view, keyboard, session);
-        text = session.text();
-    }
+    const Typed typed =
+        typeText(options, plan, model, font, why.empty() ? terminal : -1, keyboard, recorder.get());
     keyboard.cancel();
     if (recorder)
         recorder->finish();
-    if (!submitted)
+    if (!typed.submitted)
         return kGivenUp;
-    std::puts(text.c_str());
+    std::puts(typed.text.c_str());
     return 0;
 }
 

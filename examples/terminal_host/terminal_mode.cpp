@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <system_error>
 
 #include <fcntl.h>
 #include <termios.h>
@@ -115,10 +116,9 @@ void watchSignals()
 
 TerminalMode::TerminalMode(int terminal)
 {
-    if (tcgetattr(terminal, &original_mode) != 0)
-        return;
-    if (::pipe2(redraw_pipe, O_CLOEXEC | O_NONBLOCK) != 0)
-        return;
+    if (tcgetattr(terminal, &original_mode) != 0 ||
+        ::pipe2(redraw_pipe, O_CLOEXEC | O_NONBLOCK) != 0)
+        throw std::system_error(errno, std::generic_category(), "terminal");
     terminal_fd = terminal;
     watchSignals();
     std::atexit(leave);
@@ -128,11 +128,6 @@ TerminalMode::TerminalMode(int terminal)
 TerminalMode::~TerminalMode()
 {
     leave();
-}
-
-bool TerminalMode::isActive() const
-{
-    return is_active != 0;
 }
 
 int TerminalMode::redrawDescriptor() const

@@ -10,14 +10,12 @@ namespace host
 class TerminalMode
 {
 public:
-    // terminal: the file descriptor of a terminal open for reading and writing; lent. Check
-    // isActive(): a descriptor that is no terminal changes nothing.
+    // terminal: the file descriptor of a terminal open for reading and writing; lent. Throws
+    // std::system_error for a descriptor that is none.
     explicit TerminalMode(int terminal);
     ~TerminalMode();
     TerminalMode(const TerminalMode&) = delete;
     TerminalMode& operator=(const TerminalMode&) = delete;
-
-    bool isActive() const;
 
     // Becomes readable when the window has another size or the process goes on after a stop.
     int redrawDescriptor() const;

@@ -323,6 +323,7 @@ INSTANTIATE_TEST_SUITE_P(
             "--type '漢字'",
             {},
             "--type: no way to type '漢', expected characters of the installed layouts (English"},
+        Refusal{"NoUtf8", "--type $'\\xff'", {}, "--type: found bytes that are no UTF-8"},
         Refusal{"WrongOption", "--tipe a", {}, "--tipe"},
         Refusal{"WrongPicture", "--picture vga", {}, "vga"},
         Refusal{"PlanOfNothing", "--plan", {}, "--plan requires --type"},
