@@ -34,7 +34,7 @@ if(VKB_BUILD_TOOLS)
   set(VKB_DATA_DIR "${CMAKE_INSTALL_DATADIR}/velmora_vkb")
   file(CREATE_LINK /usr/local/opt/nerovista/resources/oskeyboard_config
     "${CMAKE_CURRENT_BINARY_DIR}/oskeyboard_config" SYMBOLIC)
-  install(FILES resources/languages.tsv "${CMAKE_CURRENT_BINARY_DIR}/oskeyboard_config"
+  install(FILES resources/languages.tsv resources/left_out.tsv "${CMAKE_CURRENT_BINARY_DIR}/oskeyboard_config"
     DESTINATION "${VKB_DATA_DIR}" COMPONENT tools)
   install(DIRECTORY resources/schema DESTINATION "${VKB_DATA_DIR}" COMPONENT tools)
 endif()

@@ -106,44 +106,61 @@ int runCheck(const Resources& resources, const CheckArguments& arguments)
     return report(findings);
 }
 
-std::string shownPlaces(const Spelling& spelling)
+// Where the letters of a layout lie: by face, or behind several keys, and what is missing.
+struct Coverage {
+    std::map<std::string, std::vector<std::string>> typed;
+    std::vector<std::string> missing;
+};
+
+const char kSeveralKeys[] = "with several keys";
+
+Coverage coverageOf(const KeyMap& keyMap, const Language& language)
 {
-    std::string text;
-    for (const Place& place : spelling.keys)
-        text += (text.empty() ? "" : ", then ") + std::string(place.face->name);
-    return text;
+    Coverage coverage;
+    for (const Spelling& spelling : spellAll(keyMap, neededTexts(language))) {
+        if (spelling.keys.empty())
+            coverage.missing.push_back(spelling.text);
+        else
+            coverage.typed[spelling.keys.size() > 1 ? kSeveralKeys : spelling.keys[0].face->name]
+                .push_back(spelling.text);
+    }
+    return coverage;
+}
+
+void printCoverage(const Language& language, Coverage& coverage, bool each)
+{
+    std::vector<std::string> groups;
+    for (const Face& face : kFaces)
+        groups.push_back(face.name);
+    groups.push_back(kSeveralKeys);
+
+    std::printf("%s:", language.name.c_str());
+    for (const std::string& group : groups)
+        std::printf(" %zu %s,", coverage.typed[group].size(), group.c_str());
+    std::printf(" %zu missing\n", coverage.missing.size());
+    for (const std::string& text : coverage.missing)
+        std::printf("%s: %s (%s) cannot be typed\n", language.name.c_str(), text.c_str(),
+                    describe(text).c_str());
+    for (const std::string& group : groups) {
+        if (!each || coverage.typed[group].empty())
+            continue;
+        std::printf("  %s:", group.c_str());
+        for (const std::string& text : coverage.typed[group])
+            std::printf(" %s", text.c_str());
+        std::printf("\n");
+    }
 }
 
 int runCoverage(const Resources& resources, const std::vector<std::string>& names,
-                const std::string& folder, bool each)
+                const std::string& folder)
 {
-    int missing = 0;
+    bool complete = true;
     for (const Language& language : chosen(resources, names)) {
-        const KeyMap keyMap = readKeyMap(keyMapFile(folder, language.name));
-        std::map<std::string, int> counts; // letters by face
-        int combined = 0;
-        int letters = 0;
-        for (const Spelling& spelling : spellAll(keyMap, neededTexts(language))) {
-            const std::string name = spelling.text + " (" + describe(spelling.text) + ")";
-            if (spelling.keys.empty()) {
-                std::printf("%s: %s: cannot be typed\n", language.name.c_str(), name.c_str());
-                ++missing;
-            } else if (each) {
-                std::printf("%s: %s: %s\n", language.name.c_str(), name.c_str(),
-                            shownPlaces(spelling).c_str());
-            }
-            letters += 1;
-            if (spelling.keys.size() > 1)
-                ++combined;
-            else if (!spelling.keys.empty())
-                ++counts[spelling.keys[0].face->name];
-        }
-        std::printf("%s: %d letters and ASCII characters:", language.name.c_str(), letters);
-        for (const Face& face : kFaces)
-            std::printf(" %d %s,", counts[face.name], face.name);
-        std::printf(" %d with several keys\n", combined);
+        Coverage coverage = coverageOf(readKeyMap(keyMapFile(folder, language.name)), language);
+        printCoverage(language, coverage, !names.empty());
+        complete = complete && coverage.missing.empty();
     }
-    return missing ? 1 : 0;
+    return complete ? 0 : 1;
 }
 
 // As docs/languages.md has it.
@@ -239,14 +256,12 @@ int main(int argc, char** argv)
     checkCommand->callback([&] { status = runCheck(resources, check); });
 
     std::string from;
-    bool each = false;
     const auto folder = [&] { return from.empty() ? resources.folder() : from; };
-    CLI::App* coverage =
-        app.add_subcommand("coverage", "Say which letters of a language can be typed");
+    CLI::App* coverage = app.add_subcommand(
+        "coverage", "Say which letters of a language can be typed, and on which face");
     coverage->add_option("LANGUAGE", names, "Names from the language table; all without any");
     coverage->add_option("--from", from, "Folder with the key maps")->check(CLI::ExistingDirectory);
-    coverage->add_flag("--each", each, "Say on which face each letter lies");
-    coverage->callback([&] { status = runCoverage(resources, names, folder(), each); });
+    coverage->callback([&] { status = runCoverage(resources, names, folder()); });
 
     app.add_subcommand("list", "List the languages, as in docs/languages.md")->callback([&] {
         status = runList(resources);
