@@ -59,7 +59,7 @@ Picture Screen::picture(const DFBRectangle& area) const
 {
     IDirectFBSurface* copy = createSurface(area.w, area.h);
     checkDirectFB(copy->Blit(copy, m_shown, &area, 0, 0), "Blit");
-    const Picture picture = pictureOf(copy);
+    Picture picture = pictureOf(copy);
     copy->Release(copy);
     return picture;
 }
