@@ -70,16 +70,6 @@ int keyHeight(const Catalogue& catalogue, const Cell& cell)
     return cell.height * (catalogue.gapY + catalogue.cellHeight) - catalogue.gapY;
 }
 
-std::string catalogueFile(const std::string& folder)
-{
-    return folder + "/Language_Name.json";
-}
-
-std::string keyMapFile(const std::string& folder, const std::string& name)
-{
-    return folder + "/Language_" + name + ".json";
-}
-
 Catalogue readCatalogue(const std::string& file)
 {
     return catalogueOf(readJson(file));

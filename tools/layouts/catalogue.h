@@ -37,10 +37,6 @@ Catalogue readCatalogue(const std::string& file);
 Catalogue catalogueOf(const Json::Value& root); // of a file that its schema allows
 std::string writeCatalogue(const Catalogue& catalogue);
 
-// The files of a set.
-std::string catalogueFile(const std::string& folder);
-std::string keyMapFile(const std::string& folder, const std::string& name);
-
 struct Neighbours {
     int left;
     int right;

@@ -22,6 +22,16 @@ std::string keyMapName(const std::string& layout)
     return kPrefix + layout + kSuffix;
 }
 
+std::string catalogueFile(const std::string& folder)
+{
+    return folder + "/" + kCatalogueName;
+}
+
+std::string keyMapFile(const std::string& folder, const std::string& layout)
+{
+    return folder + "/" + keyMapName(layout);
+}
+
 std::string layoutOf(const std::string& fileName)
 {
     const size_t around = kPrefix.size() + kSuffix.size();

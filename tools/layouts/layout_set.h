@@ -13,6 +13,10 @@ using LayoutSet = std::map<std::string, std::string>;
 extern const char kCatalogueName[];
 std::string keyMapName(const std::string& layout);
 
+// The same as paths.
+std::string catalogueFile(const std::string& folder);
+std::string keyMapFile(const std::string& folder, const std::string& layout);
+
 // The layout that a key map's file name stands for; empty for other files.
 std::string layoutOf(const std::string& fileName);
 
