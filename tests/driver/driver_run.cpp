@@ -14,7 +14,8 @@ using test_process::Command;
 namespace
 {
 
-const char* const kDisplay = "system=dummy,mode=1920x1080,quiet,no-cursor";
+// DirectFB's own handling of signals stays out of it: under an emulator it can hang in an abort.
+const char* const kDisplay = "system=dummy,mode=1920x1080,quiet,no-cursor,no-sighandler";
 
 // Another build of the driver can be put in its place: the fault tests do.
 std::string driverProgram()
