@@ -1,5 +1,6 @@
 #include "screen.h"
 
+#include <cstdio>
 #include <cstdlib>
 
 #include <unistd.h>
@@ -62,6 +63,12 @@ Picture Screen::picture(const DFBRectangle& area) const
     Picture picture = pictureOf(copy);
     copy->Release(copy);
     return picture;
+}
+
+void endProcess(int status)
+{
+    std::fflush(nullptr);
+    std::_Exit(status);
 }
 
 Picture pictureOf(IDirectFBSurface* surface)

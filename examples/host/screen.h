@@ -11,7 +11,7 @@ namespace host
 {
 
 // DirectFB as a host opens it, once in a process. Nothing here is released: DirectFB 1.7's
-// Release may wait for ever once a keyboard was cancelled, so the process just ends.
+// Release may wait for ever once a keyboard was cancelled. End the process with endProcess.
 class Screen
 {
 public:
@@ -22,6 +22,8 @@ public:
         const char* value; // null: a switch
     };
     explicit Screen(const Option* options);
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
 
     IDirectFB* directFB() const { return m_dfb; }
     IDirectFBDisplayLayer* layer() const { return m_layer; }
@@ -37,6 +39,10 @@ private:
     IDirectFBDisplayLayer* m_layer = nullptr;
     IDirectFBSurface* m_shown = nullptr; // the layer's own surface, on which windows are put
 };
+
+// Ends the process at once, with what was written flushed. exit() would take DirectFB's libraries
+// apart while its threads still run in them, which crashes now and then.
+[[noreturn]] void endProcess(int status);
 
 // The pixels of a surface in ARGB.
 Picture pictureOf(IDirectFBSurface* surface);

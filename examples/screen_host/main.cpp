@@ -146,9 +146,11 @@ int main(int argc, char** argv)
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : kCannotRun;
     }
+    int status = 0;
     try {
-        return run(log);
+        status = run(log);
     } catch (const std::exception& error) {
-        return fail(error.what());
+        status = fail(error.what());
     }
+    endProcess(status);
 }

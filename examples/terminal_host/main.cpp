@@ -187,6 +187,6 @@ int main(int argc, char** argv)
         status = fail(error.what());
     }
     if (std::fflush(stdout) != 0)
-        return fail(std::string("standard output: ") + std::strerror(errno));
-    return status;
+        status = fail(std::string("standard output: ") + std::strerror(errno));
+    endProcess(status);
 }

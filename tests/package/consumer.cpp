@@ -1,4 +1,5 @@
 #include <cstdio>
+#include <cstdlib>
 #include <keyboard_core.h>
 int main(int argc, char** argv)
 {
@@ -12,4 +13,6 @@ int main(int argc, char** argv)
     velmora::browser::vkb::OsButton_t result;
     keyboard.getKeyBoardButton(result);
     std::printf("%s\n", result.text.c_str());
+    std::fflush(stdout);
+    std::_Exit(0);
 }

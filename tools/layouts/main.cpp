@@ -1,4 +1,5 @@
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 
@@ -212,9 +213,7 @@ int runInstall(const Resources& resources, const std::vector<std::string>& names
     return 0;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int run(int argc, char** argv)
 {
     Resources resources;
     CLI::App app("Makes, checks and shows keyboard layouts; docs/layouts.md is the manual",
@@ -294,4 +293,15 @@ int main(int argc, char** argv)
         return 1;
     }
     return status;
+}
+
+} // namespace
+
+// Drawing leaves DirectFB's threads running. exit() would take its libraries apart under them,
+// which crashes now and then; so this ends at once.
+int main(int argc, char** argv)
+{
+    const int status = run(argc, argv);
+    std::fflush(nullptr);
+    std::_Exit(status);
 }
