@@ -1,4 +1,11 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
 #include <fstream>
+#include <thread>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -50,36 +57,87 @@ TEST(Install, ListsJustTheseInThisOrder)
         IsEmpty());
 }
 
-TEST(Install, ReplacesTheOldSetWholeAndLeavesNothingBehind)
+TEST(Install, ReplacesTheOldSetAndLeavesOtherFilesAlone)
 {
     TemporaryFolder folder;
-    installSet(pick({"English", "German"}), folder.path("set"));
-    installSet(pick({"Russian"}), folder.path("set/"));
-    EXPECT_THAT(filesIn(folder.path("set")),
-                ElementsAre("Language_Name.json", "Language_Russian.json"));
-    EXPECT_THAT(filesIn(folder.path()), ElementsAre("set"));
+    installSet(pick({"English", "German"}), folder.path());
+    std::ofstream(folder.path("notes.txt")) << "mine";
+    installSet(pick({"Russian"}), folder.path());
+    EXPECT_THAT(filesIn(folder.path()),
+                ElementsAre("Language_Name.json", "Language_Russian.json", "notes.txt"));
 }
 
-// A reader that opened the folder goes on with the set that it began with.
-TEST(Install, DoesNotTouchTheSetThatAReaderHolds)
+TEST(Install, ChangesNothingWhenItCannotWriteAll)
 {
     TemporaryFolder folder;
-    installSet(pick({"English"}), folder.path("set"));
-    std::ifstream catalogue(catalogueFile(folder.path("set")));
-    installSet(pick({"Russian"}), folder.path("set"));
-    std::string text((std::istreambuf_iterator<char>(catalogue)), std::istreambuf_iterator<char>());
-    EXPECT_THAT(text, HasSubstr("\"English\""));
+    installSet(pick({"English"}), folder.path());
+    std::filesystem::create_directories(folder.path("Language_Russian.json.new/kept"));
+    EXPECT_THAT(
+        [&] {
+            installSet(pick({"German", "Russian"}), folder.path());
+        },
+        ThrowsMessage<std::runtime_error>(HasSubstr("Language_Russian.json: cannot be written")));
+    EXPECT_THAT(namesIn(folder.path()), ElementsAre("English"));
+    EXPECT_THAT(filesIn(folder.path()), ElementsAre("Language_English.json", "Language_Name.json",
+                                                    "Language_Russian.json.new"));
 }
 
-TEST(Install, RefusesToLoseOtherFiles)
+// The catalogue as a reader finds it, and which file it was.
+struct Reading {
+    std::string text;
+    ino_t inode;
+    timespec changed;
+
+    bool isSameFile(const Reading& other) const
+    {
+        return inode == other.inode && changed.tv_sec == other.changed.tv_sec &&
+               changed.tv_nsec == other.changed.tv_nsec;
+    }
+};
+
+Reading readNow(const std::string& folder)
+{
+    const int file = open(catalogueFile(folder).c_str(), O_RDONLY);
+    if (file < 0)
+        return {std::string(), 0, {}};
+    struct stat status = {};
+    fstat(file, &status);
+    std::string text(static_cast<size_t>(status.st_size), '\0');
+    text.resize(static_cast<size_t>(std::max<ssize_t>(0, read(file, &text[0], text.size()))));
+    close(file);
+    return {text, status.st_ino, status.st_mtim};
+}
+
+// Empty when each listed layout was there, or when the catalogue was replaced meanwhile.
+std::string faultSeenBy(const std::string& folder)
+{
+    const Reading before = readNow(folder);
+    if (before.text.empty() || before.text.back() != '\n')
+        return "no whole catalogue: " + before.text;
+    std::string fault;
+    for (const std::string name : {"English", "German", "Russian"})
+        if (before.text.find('"' + name + '"') != std::string::npos &&
+            !std::filesystem::exists(keyMapFile(folder, name)))
+            fault = name + " is not there with this catalogue: " + before.text.substr(0, 60);
+    return readNow(folder).isSameFile(before) ? fault : std::string();
+}
+
+TEST(Install, NeverShowsHalfASet)
 {
     TemporaryFolder folder;
-    installSet(pick({"English"}), folder.path("set"));
-    std::ofstream(folder.path("set/notes.txt")) << "mine";
-    EXPECT_THAT([&] { installSet(pick({"German"}), folder.path("set")); },
-                ThrowsMessage<std::runtime_error>(
-                    HasSubstr("notes.txt: is no layout file and would be lost")));
-    EXPECT_THAT(namesIn(folder.path("set")), ElementsAre("English"));
+    const LayoutSet sets[] = {pick({"English", "German"}), pick({"Russian"})};
+    installSet(sets[1], folder.path());
+    std::atomic<bool> done(false);
+    std::string fault;
+    std::thread reader([&] {
+        while (!done && fault.empty())
+            fault = faultSeenBy(folder.path());
+    });
+    for (int i = 0; i < 300; ++i)
+        installSet(sets[i % 2], folder.path());
+    done = true;
+    reader.join();
+    EXPECT_EQ(fault, "");
 }
 
 TEST(Install, SaysWhichLayoutIsMissing)

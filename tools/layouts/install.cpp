@@ -1,12 +1,8 @@
 #include "install.h"
 
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
+#include <map>
 #include <stdexcept>
-
-#include <fcntl.h>
-#include <stdio.h>
 
 #include "catalogue.h"
 #include "json_file.h"
@@ -18,25 +14,12 @@ namespace
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void fail(const std::string& what, int error)
+// Nobody finds these any more.
+void removeUnlisted(const LayoutSet& set, const std::string& folder)
 {
-    throw std::runtime_error(what + ": " + std::strerror(error));
-}
-
-void refuseStrangers(const fs::path& folder)
-{
-    for (const auto& entry : fs::directory_iterator(folder)) {
-        const std::string name = entry.path().filename().string();
-        if (name != kCatalogueName && layoutOf(name).empty())
-            throw std::runtime_error(entry.path().string() +
-                                     ": is no layout file and would be lost; move it away first");
-    }
-}
-
-void exchange(const fs::path& fresh, const fs::path& folder)
-{
-    if (renameat2(AT_FDCWD, fresh.c_str(), AT_FDCWD, folder.c_str(), RENAME_EXCHANGE) != 0)
-        fail(folder.string() + ": cannot be exchanged with the new set beside it", errno);
+    for (const auto& file : readLayoutSet(folder))
+        if (!set.count(file.first))
+            fs::remove(fs::path(folder) / file.first);
 }
 
 } // namespace
@@ -65,26 +48,27 @@ LayoutSet selectLayouts(const LayoutSet& shipped, const std::vector<std::string>
     return set;
 }
 
-void installSet(const LayoutSet& set, const std::string& folderName)
+void installSet(const LayoutSet& set, const std::string& folder)
 {
-    fs::path folder = fs::absolute(folderName).lexically_normal();
-    if (!folder.has_filename())
-        folder = folder.parent_path();
-    const bool replaces = fs::exists(folder);
-    if (replaces)
-        refuseStrangers(folder);
-    fs::create_directories(folder.parent_path());
-
-    const fs::path fresh = folder.string() + ".new";
-    fs::remove_all(fresh);
-    fs::create_directory(fresh);
-    for (const auto& file : set)
-        writeFile((fresh / file.first).string(), file.second);
-    if (replaces)
-        exchange(fresh, folder);
-    else
-        fs::rename(fresh, folder);
-    fs::remove_all(fresh);
+    fs::create_directories(folder);
+    std::map<std::string, std::string> temporaries; // by the file whose place each takes
+    try {
+        for (const auto& file : set) {
+            const std::string path = folder + "/" + file.first;
+            temporaries[path] = writeBeside(path, file.second);
+        }
+    } catch (...) {
+        for (const auto& temporary : temporaries)
+            fs::remove(temporary.second);
+        throw;
+    }
+    // The catalogue last: what it lists is there when it is.
+    const std::string catalogue = catalogueFile(folder);
+    for (const auto& temporary : temporaries)
+        if (temporary.first != catalogue)
+            putInPlace(temporary.second, temporary.first);
+    putInPlace(temporaries.at(catalogue), catalogue);
+    removeUnlisted(set, folder);
 }
 
 } // namespace layouts

@@ -14,9 +14,9 @@ namespace layouts
 // std::runtime_error for a layout that is not in the set.
 LayoutSet selectLayouts(const LayoutSet& shipped, const std::vector<std::string>& names);
 
-// Puts the set in place of what the folder holds, in one step: its readers see the old set or
-// the new one, whole. Throws std::runtime_error when the folder holds anything but layout
-// files, which would be lost.
+// Makes the set the folder's. Everything is written before the first file is replaced, and the
+// catalogue takes its place last, so a reader finds each layout that its catalogue lists. Key maps
+// that the set does not have are deleted at the end; other files stay.
 void installSet(const LayoutSet& set, const std::string& folder);
 
 } // namespace layouts

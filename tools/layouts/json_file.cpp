@@ -30,17 +30,29 @@ Json::Value readJson(const std::string& file)
     return root;
 }
 
-void writeFile(const std::string& file, const std::string& text)
+std::string writeBeside(const std::string& file, const std::string& text)
 {
     const std::string temporary = file + ".new";
     std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
     out << text;
     out.close();
-    if (!out || std::rename(temporary.c_str(), file.c_str()) != 0) {
+    if (!out) {
         const std::string reason = std::strerror(errno);
         std::remove(temporary.c_str());
         throw std::runtime_error(file + ": cannot be written: " + reason);
     }
+    return temporary;
+}
+
+void putInPlace(const std::string& temporary, const std::string& file)
+{
+    if (std::rename(temporary.c_str(), file.c_str()) != 0)
+        throw std::runtime_error(file + ": cannot be replaced: " + std::strerror(errno));
+}
+
+void writeFile(const std::string& file, const std::string& text)
+{
+    putInPlace(writeBeside(file, text), file);
 }
 
 } // namespace layouts

@@ -15,7 +15,12 @@ std::string readFile(const std::string& file);
 // Throws std::runtime_error with file, line and column for what is not JSON.
 Json::Value readJson(const std::string& file);
 
-// Replaces the file in one step: its readers see the old text or the new one, never a part.
+// Writing in two steps: the text goes into a file beside the real one, which then takes its place.
+// Readers see the old text or the new one, never a part. Both throw std::runtime_error.
+std::string writeBeside(const std::string& file, const std::string& text);
+void putInPlace(const std::string& temporary, const std::string& file);
+
+// Both steps at once.
 void writeFile(const std::string& file, const std::string& text);
 
 } // namespace layouts
