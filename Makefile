@@ -38,7 +38,7 @@ format: ## Format the C++ sources
 	@scripts/format
 
 coverage: ## Which lines of src/os_keyboard the tests run; fails below all
-	@scripts/install-packages build run tools examples test
+	@scripts/install-packages build run test
 	@scripts/build coverage
 	@scripts/coverage
 

@@ -45,13 +45,20 @@ std::string withAWordForANumber(std::string keyMap)
     return keyMap.replace(keyMap.find_first_of("0123456789", at), 3, "\"x\"");
 }
 
+// The core reads the font's path when it is made, and the log its level at the first line.
+struct Environment {
+    Environment()
+    {
+        setenv("VIRTUAL_KEYBOARD_FONT_PATH", VKB_TEST_FONT, 1);
+        setenv("CSP_DEBUG_LEVEL", "0", 1);
+    }
+};
+
 class LayoutFaults : public testing::Test
 {
 protected:
     void SetUp() override
     {
-        setenv("VIRTUAL_KEYBOARD_FONT_PATH", VKB_TEST_FONT, 1);
-        setenv("CSP_DEBUG_LEVEL", "0", 1);
         writeGoodFiles(m_folder);
         m_core.OnIMEStart(m_display.dfb(), nullptr);
         ASSERT_TRUE(m_core.isShow());
@@ -80,6 +87,7 @@ protected:
         return {"Next", "a" + mark, "Shift", "Alt", "a" + mark};
     }
 
+    Environment m_environment; // before the core
     LayoutFolder m_folder;
     RecordingDisplay m_display;
     KeyBoardCore m_core;
