@@ -21,7 +21,9 @@ namespace
 
 // Variables of the surroundings that programs need; every other one would make a test depend on
 // who runs it. The last two let a coverage build keep its figures apart.
-const char* const kPassedOn[] = {"PATH", "HOME", "TMPDIR", "GCOV_PREFIX", "GCOV_PREFIX_STRIP"};
+const char* const kPassedOn[] = {
+    "PATH",         "HOME",         "TMPDIR",       "GCOV_PREFIX", "GCOV_PREFIX_STRIP",
+    "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"};
 
 const Milliseconds kPollStep{20};
 
@@ -52,15 +54,9 @@ std::string joined(const std::vector<std::string>& words, char separator)
     return text;
 }
 
-// An emulator is a program of this machine, so a library built for the other one is named to it
-// with -E and not put into its own environment.
 std::vector<std::string> wordsOf(const Command& command)
 {
     std::vector<std::string> words = command.for_target ? emulator() : std::vector<std::string>();
-    if (!words.empty() && !command.preload.empty()) {
-        words.push_back("-E");
-        words.push_back("LD_PRELOAD=" + joined(command.preload, ' '));
-    }
     words.insert(words.end(), command.words.begin(), command.words.end());
     return words;
 }
@@ -71,8 +67,14 @@ std::vector<std::string> environmentOf(const Command& command)
     for (const char* name : kPassedOn)
         if (const char* value = std::getenv(name))
             environment.emplace(name, value);
-    if (!command.preload.empty() && (!command.for_target || emulator().empty()))
+    // The emulators are static programs: they leave it to the program that they run.
+    if (!command.preload.empty())
         environment["LD_PRELOAD"] = joined(command.preload, ' ');
+    // qemu ends a program with a signal to the whole process, and the thread in which DirectFB
+    // waits for signals would swallow it.
+    const auto directfb = environment.find("DFBARGS");
+    if (command.for_target && !emulator().empty() && directfb != environment.end())
+        directfb->second += ",no-sighandler";
 
     std::vector<std::string> lines;
     for (const auto& entry : environment)
