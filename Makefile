@@ -5,7 +5,7 @@ PREFIX ?= /usr/local
 DESTDIR ?=
 export PREFIX DESTDIR
 
-.PHONY: help run run-screen test layouts fuzz install format coverage bench test-arm clean keyboard everything
+.PHONY: help run run-screen test layouts fuzz install format coverage bench test-arm test-asan test-valgrind soak lint clean keyboard everything
 
 help: ## This list
 	@sed -n 's/^\([a-z-]*\):.*## /\1 - /p' Makefile | while IFS= read -r line; do \
@@ -41,6 +41,35 @@ coverage: ## Which lines of src/os_keyboard the tests run; fails below all
 	@scripts/install-packages build run test
 	@scripts/build coverage
 	@scripts/coverage
+
+bench: ## Speed, memory and size, each beside its target
+	@scripts/install-packages build run test arm bench
+	@scripts/bench
+
+test-arm: ## Build for 32-bit ARM and run the tests under qemu
+	@scripts/install-packages build run test arm
+	@scripts/arm-sysroot
+	@scripts/build armhf
+	@scripts/test armhf
+
+test-asan: ## The tests with address, undefined behaviour and leak checks
+	@scripts/install-packages build run test
+	@scripts/build asan
+	@scripts/test asan
+
+test-valgrind: ## The tests under valgrind; takes long
+	@scripts/install-packages build run test bench
+	@scripts/build valgrind
+	@scripts/test valgrind
+
+soak: ## A million random keys and host calls against the model
+	@scripts/install-packages build run test
+	@scripts/build default soak_tests
+	@VKB_SOAK_STEPS=1000000 scripts/test default -R '^Soak'
+
+lint: ## clang-tidy, cppcheck, headers alone, shellcheck
+	@scripts/install-packages build run test lint
+	@scripts/lint
 
 clean: ## Delete everything that was built
 	rm -rf build

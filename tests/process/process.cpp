@@ -70,11 +70,6 @@ std::vector<std::string> environmentOf(const Command& command)
     // The emulators are static programs: they leave it to the program that they run.
     if (!command.preload.empty())
         environment["LD_PRELOAD"] = joined(command.preload, ' ');
-    // qemu ends a program with a signal to the whole process, and the thread in which DirectFB
-    // waits for signals would swallow it.
-    const auto directfb = environment.find("DFBARGS");
-    if (command.for_target && !emulator().empty() && directfb != environment.end())
-        directfb->second += ",no-sighandler";
 
     std::vector<std::string> lines;
     for (const auto& entry : environment)
