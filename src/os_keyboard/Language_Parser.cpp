@@ -1,6 +1,7 @@
 #include "Language_Parser.h"
 
 #include <fstream>
+#include <utility>
 
 #include <json/json.h>
 
@@ -206,12 +207,14 @@ std::vector<Button_t>& LanguageParser::getKeyMap(std::string&, bool shift, bool 
 void LanguageParser::readKeys(Json::Value& keys, std::vector<Button_t>& plain,
                               std::vector<Button_t>& shifted) const
 {
+    plain.reserve(keys.size());
+    shifted.reserve(keys.size());
     for (Json::ArrayIndex i = 0; i < keys.size(); ++i) {
         Json::Value& key = keys[i];
-        const Button_t plain_key = readPlainKey(key, pixelRect(i));
-        const Button_t shifted_key = readShiftedKey(key, plain_key);
-        plain.push_back(plain_key);
-        shifted.push_back(shifted_key);
+        Button_t plain_key = readPlainKey(key, pixelRect(i));
+        Button_t shifted_key = readShiftedKey(key, plain_key);
+        plain.push_back(std::move(plain_key));
+        shifted.push_back(std::move(shifted_key));
     }
 }
 
