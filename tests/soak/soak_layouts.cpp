@@ -11,7 +11,7 @@ const char* const kNames[] = {"One", "Two", "Three"};
 
 enum Kind { PLAIN, SPECIAL, LANGUAGE };
 
-struct Spec {
+struct Sketch {
     const char* text;
     const char* shiftText;
     Kind kind;
@@ -20,21 +20,21 @@ struct Spec {
 
 // Neighbours: round the set to the left and right; to the next row and the one before up and
 // down, where that may be outside the set.
-std::vector<Key> keysFrom(const std::vector<Spec>& specs)
+std::vector<Key> keysFrom(const std::vector<Sketch>& sketches)
 {
-    const int count = static_cast<int>(specs.size());
+    const int count = static_cast<int>(sketches.size());
     std::vector<Key> keys;
     for (int i = 0; i < count; ++i) {
-        const Spec& spec = specs[static_cast<size_t>(i)];
+        const Sketch& sketch = sketches[static_cast<size_t>(i)];
         Key key = {};
         key.id = i;
-        key.text = spec.text;
-        key.shiftText = spec.shiftText;
-        key.isSpecial = spec.kind != PLAIN;
-        key.isLanguage = spec.kind == LANGUAGE;
-        key.keyCode = spec.keyCode;
-        key.character = 1000 + spec.keyCode;
-        key.shiftCharacter = 2000 + spec.keyCode;
+        key.text = sketch.text;
+        key.shiftText = sketch.shiftText;
+        key.isSpecial = sketch.kind != PLAIN;
+        key.isLanguage = sketch.kind == LANGUAGE;
+        key.keyCode = sketch.keyCode;
+        key.character = 1000 + sketch.keyCode;
+        key.shiftCharacter = 2000 + sketch.keyCode;
         key.left = (i + count - 1) % count;
         key.right = (i + 1) % count;
         key.up = i - kColumns;
