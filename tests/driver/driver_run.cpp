@@ -91,7 +91,7 @@ Command driverCommandInRealTime(const TestPlace& place, const std::vector<std::s
     command.words = {driverProgram()};
     command.words.insert(command.words.end(), arguments.begin(), arguments.end());
     command.environment = {{"DFBARGS", kDisplay}, {"VKB_TEST_ROOT", place.root()}};
-    command.preload = {VKB_TEST_SEAMS};
+    command.preload = {VKB_TEST_SEAMS, VKB_TEST_KEEP_OBJECTS};
     return command;
 }
 

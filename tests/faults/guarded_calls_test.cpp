@@ -37,6 +37,9 @@ void run(RecordingDisplay& display)
         core.onKeyEvent(key);
     core.Hide();
     core.Show();
+    // Started anew without a cancel, a keyboard that could not start would leave its parser behind.
+    if (!core.isKeyBoardEnable())
+        core.OnIMECancelled();
     core.OnIMEStart(display.dfb(), nullptr);
     core.OnIMECancelled();
     core.OnIMEStart(display.dfb(), nullptr);

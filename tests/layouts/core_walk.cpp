@@ -6,6 +6,7 @@
 
 #include "json_file.h"
 #include "kb_test.h"
+#include "leaves_behind.h"
 #include "shipped.h"
 #include "trace.h"
 
@@ -136,7 +137,10 @@ std::vector<std::string> runScript(CoreWalk& keyboard, const std::string& comman
                                    const std::string& parameter)
 {
     test_support::LogCapture log;
-    kb_test(command, parameter, keyboard.dfb(), keyboard.surface());
+    {
+        const test_support::LeavesBehind keyboardForTheDriversWholeLife;
+        kb_test(command, parameter, keyboard.dfb(), keyboard.surface());
+    }
     test_support::takeTrace();
     std::vector<std::string> events;
     for (const test_support::LogLine& line : log.lines()) {

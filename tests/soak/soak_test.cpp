@@ -9,7 +9,6 @@
 #include <malloc.h>
 #include <unistd.h>
 
-#include "keep_objects.h"
 #include "keyboard_core.h"
 #include "keyboard_model.h"
 #include "recording_display.h"
@@ -339,7 +338,6 @@ TEST(Soak, KeepsToTheModelOnDirectFB)
     int no_arguments = 0;
     ASSERT_EQ(DirectFBInit(&no_arguments, nullptr), DFB_OK);
     ASSERT_EQ(DirectFBCreate(&dfb), DFB_OK);
-    keepObjectsMadeBy(dfb);
     Soak soak(dfb, seed());
     soak.cancelAllTogether();
     for (long i = 0; i < steps; ++i) {

@@ -4,12 +4,7 @@
 #include <string>
 
 #include "core_fixture.h"
-
-// Of the leak checker, in programs that are built with it.
-extern "C" {
-void __lsan_disable() __attribute__((weak));
-void __lsan_enable() __attribute__((weak));
-}
+#include "leaves_behind.h"
 
 namespace
 {
@@ -22,22 +17,6 @@ using sample::kLanguage;
 using testing::Contains;
 using testing::HasSubstr;
 using testing::Not;
-
-// An unsuccessful start leaves its parser and renderer behind, as it is meant to.
-class LeavesBehind
-{
-public:
-    LeavesBehind()
-    {
-        if (__lsan_disable != nullptr)
-            __lsan_disable();
-    }
-    ~LeavesBehind()
-    {
-        if (__lsan_enable != nullptr)
-            __lsan_enable();
-    }
-};
 
 class CoreBadInput : public CoreTest
 {
@@ -102,8 +81,10 @@ TEST_F(CoreBadInput, AnEmptyLayoutListLeavesTheKeyboardNotStarted)
 TEST_F(CoreBadInput, AStartAfterAnEmptyListBuildsAgainInTheSameWindowAndReleasesNothing)
 {
     m_folder.writeCatalogue(withoutNames());
-    const LeavesBehind parserAndRenderer;
-    startNew();
+    {
+        const LeavesBehind parserAndRenderer; // an unsuccessful start leaves them
+        startNew();
+    }
     sample::writeAllKinds(m_folder);
     takeTrace();
     startIt();
@@ -134,8 +115,10 @@ TEST_F(CoreBadInput, AMalformedCatalogueIsAsGoodAsNone)
 TEST_F(CoreBadInput, AStartAfterAMissingCatalogueFindsTheOneThatCameMeanwhile)
 {
     m_folder.removeCatalogue();
-    const LeavesBehind parser;
-    startNew();
+    {
+        const LeavesBehind parser;
+        startNew();
+    }
     sample::writeAllKinds(m_folder);
     takeTrace();
     startIt();
