@@ -1,6 +1,7 @@
 #include "Language_Parser.h"
 
 #include <fstream>
+#include <sstream>
 #include <utility>
 
 #include <json/json.h>
@@ -28,8 +29,14 @@ const char* const kKeyMapSuffix = ".json";
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 bool parseJson(std::ifstream& file, Json::Value& root)
 {
+    // Whole blocks at a time: the reader itself would take the stream byte by byte. What cannot be
+    // read, such as a folder of that name, is an empty text and so no JSON.
+    std::ostringstream blocks;
+    blocks << file.rdbuf();
+    const std::string text = blocks.str();
+
     Json::Reader reader;
-    return reader.parse(file, root, true);
+    return reader.parse(text.data(), text.data() + text.size(), root, true);
 }
 #pragma GCC diagnostic pop
 

@@ -159,6 +159,23 @@ TEST_F(LayoutFaults, AnUnreadableKeyMapIsReadOnceItCanBe)
     expectBothLayoutsWork("2", "1");
 }
 
+TEST_F(LayoutFaults, AFolderInPlaceOfAFileIsAsGoodAsNone)
+{
+    m_folder.removeKeyMap("Two");
+    m_folder.linkFile(LayoutFolder::keyMapPath("Two"), "/");
+    ASSERT_EQ(press(kOk, 0), std::vector<std::string>());
+    ASSERT_EQ(press(kOk, 0), labels("1"));
+    m_folder.removeKeyMap("Two");
+    m_folder.writeKeyMap("Two", keyMapText("2"));
+    expectBothLayoutsWork("2", "1");
+
+    m_core.OnIMECancelled();
+    m_folder.removeCatalogue();
+    m_folder.linkFile(LayoutFolder::cataloguePath(), "/");
+    m_core.OnIMEStart(m_display.dfb(), nullptr);
+    EXPECT_FALSE(m_core.isKeyBoardEnable());
+}
+
 TEST_F(LayoutFaults, AShorterKeyMapKeepsTheFocusedKeyUntilAMove)
 {
     m_core.FocusButtonChangedTo(4);
