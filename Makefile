@@ -67,8 +67,8 @@ soak: ## A million random keys and host calls against the model
 	@scripts/build default soak_tests
 	@VKB_SOAK_STEPS=1000000 scripts/test default -R '^Soak'
 
-lint: ## clang-tidy, cppcheck, headers alone, shellcheck
-	@scripts/install-packages build run test lint
+lint: ## clang-tidy and cppcheck on all C++, headers alone, shellcheck; minutes
+	@scripts/install-packages build run tools examples test bench lint
 	@scripts/lint
 
 clean: ## Delete everything that was built

@@ -1,9 +1,12 @@
 #include "bench_layout.h"
 
+#include <string>
+#include <vector>
+
 namespace bench
 {
 
-const std::string kLayoutName = "Bench";
+const char kLayoutName[] = "Bench";
 
 namespace
 {

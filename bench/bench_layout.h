@@ -1,14 +1,12 @@
 #ifndef BENCH_LAYOUT_H
 #define BENCH_LAYOUT_H
 
-#include <string>
-
 #include "layout_folder.h"
 
 namespace bench
 {
 
-extern const std::string kLayoutName;
+extern const char kLayoutName[];
 
 // Writes a catalogue and one layout of this many keys in each set, with labels of one letter,
 // the first key a Shift key, and each key's right neighbour the next one, round and round. The

@@ -71,6 +71,7 @@ Start start(const std::string& program, std::vector<std::string> arguments)
 {
     arguments.insert(arguments.begin(), program);
     std::vector<char*> argv;
+    argv.reserve(arguments.size() + 1);
     for (std::string& argument : arguments)
         argv.push_back(&argument[0]);
     argv.push_back(nullptr);

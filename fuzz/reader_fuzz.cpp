@@ -7,7 +7,6 @@
 #include "input.h"
 #include "layout_folder.h"
 
-using velmora::browser::vkb::Button_t;
 using velmora::browser::vkb::LanguageParser;
 
 namespace

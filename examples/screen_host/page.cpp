@@ -10,8 +10,6 @@ using velmora::browser::vkb::checkDirectFB;
 namespace
 {
 
-// The field stands above the keyboard, which opens at (600, 600), and is as wide.
-const DFBRectangle kFieldArea = {600, 460, 1302, TextField::kHeight};
 const int kLeft = 606;
 const int kHeadingTop = 220;
 const int kWordsTop = 330;
@@ -44,7 +42,9 @@ Page::Page(const Screen& screen, const std::string& font)
       m_words(loadFont(screen.directFB(), font, kWordsSize)),
       m_field(std::make_unique<TextField>(screen.directFB(), font, "Your name"))
 {
-    checkDirectFB(m_surface->GetSubSurface(m_surface, &kFieldArea, &m_fieldSurface),
+    // The field stands above the keyboard, which opens at (600, 600), and is as wide.
+    const DFBRectangle fieldArea = {600, 460, 1302, TextField::kHeight};
+    checkDirectFB(m_surface->GetSubSurface(m_surface, &fieldArea, &m_fieldSurface),
                   "GetSubSurface");
 }
 

@@ -81,8 +81,8 @@ int openTerminal()
 void pause(int milliseconds)
 {
     timespec rest = {milliseconds / 1000, milliseconds % 1000 * 1000000L};
-    while (::nanosleep(&rest, &rest) != 0)
-        continue;
+    while (::nanosleep(&rest, &rest) != 0) {
+    }
 }
 
 bool play(const Plan& plan, Session& session, bool isSeen, int delay)

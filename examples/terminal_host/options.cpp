@@ -10,17 +10,18 @@ namespace host
 namespace
 {
 
-const std::map<std::string, PictureMode> kPictureModes = {
-    {"auto", PictureMode::Auto},       {"sixel", PictureMode::Sixel}, {"kitty", PictureMode::Kitty},
-    {"symbols", PictureMode::Symbols}, {"none", PictureMode::None},
-};
-
 const int kUsageError = 2;
 
 } // namespace
 
 std::optional<Options> readOptions(int argc, char** argv, int& status)
 {
+    const std::map<std::string, PictureMode> pictureModes = {
+        {"auto", PictureMode::Auto},   {"sixel", PictureMode::Sixel},
+        {"kitty", PictureMode::Kitty}, {"symbols", PictureMode::Symbols},
+        {"none", PictureMode::None},
+    };
+
     CLI::App app("Types a line of text with the on-screen keyboard, in a terminal.\n"
                  "Arrows move, Enter presses, Escape hides the keyboard and then leaves.\n"
                  "The submitted text goes to standard output: name=$(terminal_host)");
@@ -37,7 +38,7 @@ std::optional<Options> readOptions(int argc, char** argv, int& status)
     app.add_option("--log", options.log, "Append the keyboard's log lines to FILE")
         ->type_name("FILE");
     app.add_option("--picture", options.picture, "auto, sixel, kitty, symbols or none")
-        ->transform(CLI::CheckedTransformer(kPictureModes))
+        ->transform(CLI::CheckedTransformer(pictureModes))
         ->type_name("KIND");
     app.add_option("--delay", options.delay, "Milliseconds between two played presses")
         ->check(CLI::Range(0, 10000))

@@ -65,7 +65,7 @@ public:
 private:
     static const size_t kShifts = 3;
     size_t m_layouts;
-    size_t m_keys = 0;
+    size_t m_keys = 1; // at least, as numbers are divided by it
 };
 
 struct Visit {

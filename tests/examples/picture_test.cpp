@@ -39,7 +39,7 @@ Picture grey(int width, int height, uint8_t level)
 void paint(Picture& picture, int x, int y, uint8_t level)
 {
     for (int i = 0; i < 3; ++i)
-        picture.rgba[static_cast<size_t>(4 * (y * picture.width + x) + i)] = level;
+        picture.rgba[4 * (size_t(y) * size_t(picture.width) + size_t(x)) + size_t(i)] = level;
 }
 
 class TerminalKind : public testing::Test

@@ -15,7 +15,6 @@ using host::KeyboardState;
 using host::Layout;
 using host::Plan;
 using host::Press;
-using host::Shift;
 using host::TextLine;
 using testing::Contains;
 using testing::ElementsAre;

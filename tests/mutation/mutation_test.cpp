@@ -115,7 +115,7 @@ protected:
         const std::string compiler = buildFile()["compiler"].asString();
         const std::string source = (scratch / GetParam().source).string();
         const std::string object = source + ".o";
-        const std::string program = (scratch / "with-fault").string();
+        std::string program = (scratch / "with-fault").string();
 
         runTool(Words{compiler, "-std=c++11", "-fPIC", "-O0"} + wordsOf(buildFile()["flags"]) +
                 Words{"-c", source, "-o", object});

@@ -36,7 +36,7 @@ protected:
 
     uint32_t pixel(const Picture& picture, int x, int y)
     {
-        return picture.pixels[static_cast<size_t>(y * picture.width + x)];
+        return picture.pixels[size_t(y) * size_t(picture.width) + size_t(x)];
     }
 
     // Some pixels of a key tell its look: a corner and what lies inside it, the far corner and

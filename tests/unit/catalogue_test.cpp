@@ -22,7 +22,6 @@ using namespace test_support;
 using namespace velmora::browser::vkb;
 using sample::BadFile;
 using steps::expectTrace;
-using steps::operator+;
 using steps::Steps;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -356,6 +355,9 @@ TEST_P(ImpossibleCatalogue, ReachesEveryCallerOfTheReading)
     takeTrace();
     EXPECT_THROW(parser.getLayoutsName(), Json::Exception);
     expectTrace(logged("getLayoutsName", "called\n") + catalogueRead());
+    EXPECT_THROW(parser.onLayoutchanged(name), Json::Exception);
+    expectTrace(logged("onLayoutchanged", "Current Layout is :English \n") +
+                logged("ParseCurrentLayoutKeyMaps", "called\n") + catalogueRead());
 }
 
 INSTANTIATE_TEST_SUITE_P(BadInput, ImpossibleCatalogue, testing::ValuesIn(kImpossible),

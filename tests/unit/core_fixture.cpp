@@ -87,7 +87,7 @@ Keys CoreTest::keys(const std::string& layout, bool shift, bool alt)
 Button_t CoreTest::focused()
 {
     // No key has this number, so the focus stays.
-    const Button_t button = m_core->getTargetButtonByButtonId(-1);
+    Button_t button = m_core->getTargetButtonByButtonId(-1);
     takeTrace();
     return button;
 }

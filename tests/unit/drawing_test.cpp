@@ -18,9 +18,7 @@ using namespace velmora::browser::vkb;
 using steps::expectTrace;
 using steps::key;
 using steps::Keys;
-using steps::operator+;
 using testing::Contains;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 

@@ -26,7 +26,6 @@ using namespace velmora::browser::vkb;
 using sample::BadFile;
 using steps::expectTrace;
 using steps::Keys;
-using steps::operator+;
 using steps::Steps;
 using testing::Contains;
 using testing::IsEmpty;

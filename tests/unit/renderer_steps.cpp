@@ -60,7 +60,7 @@ Step Renderer::call(const std::string& call, const std::string& checkedAs) const
 
 Steps Renderer::colour(const std::string& variable, const std::string& colour) const
 {
-    const std::string v = variable;
+    const std::string& v = variable;
     return {call("SetColor(" + colour + ")", "m_surface->SetColor(m_surface,ARGB_R(" + v +
                                                  "),ARGB_G(" + v + "),ARGB_B(" + v + "),ARGB_A(" +
                                                  v + "))")};

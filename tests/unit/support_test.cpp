@@ -20,8 +20,6 @@ namespace
 
 using namespace test_support;
 using testing::ElementsAre;
-using testing::ExitedWithCode;
-using testing::HasSubstr;
 using testing::KilledBySignal;
 
 std::string contents(const std::string& path)

@@ -15,6 +15,7 @@ namespace
 std::vector<int> rowsOf(const std::vector<Cell>& cells)
 {
     std::vector<int> rows;
+    rows.reserve(cells.size());
     for (const Cell& cell : cells)
         rows.push_back(cell.row);
     std::sort(rows.begin(), rows.end());

@@ -13,7 +13,7 @@ namespace layouts
 namespace
 {
 
-constexpr FT_F26Dot6 kSize = 30 * 64;
+constexpr FT_F26Dot6 kSize = 30L * 64;
 
 } // namespace
 
@@ -47,7 +47,7 @@ bool Font::hasGlyph(char32_t codePoint) const
 Font::Extent Font::measure(const std::string& text) const
 {
     // Whole pixels and no kerning, as the display library advances.
-    const FT_Face face = m_library->face;
+    FT_Face face = m_library->face;
     Extent extent = {0, 0, 0};
     for (const char32_t c : codePoints(text)) {
         const FT_UInt glyph = FT_Get_Char_Index(face, c);

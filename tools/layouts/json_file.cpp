@@ -32,7 +32,7 @@ Json::Value readJson(const std::string& file)
 
 std::string writeBeside(const std::string& file, const std::string& text)
 {
-    const std::string temporary = file + ".new";
+    std::string temporary = file + ".new";
     std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
     out << text;
     out.close();

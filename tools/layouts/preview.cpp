@@ -88,7 +88,8 @@ void copy(IDirectFBSurface* surface, Picture& picture, int y, int height)
     int pitch = 0; // bytes
     require(surface->Lock(surface, DSLF_READ, &data, &pitch), "reading the picture");
     for (int line = 0; line < height; ++line)
-        std::memcpy(picture.line(y + line), static_cast<const char*>(data) + line * pitch,
+        std::memcpy(picture.line(y + line),
+                    static_cast<const char*>(data) + size_t(line) * size_t(pitch),
                     size_t(picture.width) * sizeof(uint32_t));
     surface->Unlock(surface);
 }
