@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <stdexcept>
+#include <string_view>
 
 #include "json_file.h"
 
@@ -10,8 +11,8 @@ namespace layouts
 namespace
 {
 
-const std::string kPrefix = "Language_";
-const std::string kSuffix = ".json";
+constexpr std::string_view kPrefix = "Language_";
+constexpr std::string_view kSuffix = ".json";
 
 } // namespace
 
@@ -19,7 +20,7 @@ const char kCatalogueName[] = "Language_Name.json";
 
 std::string keyMapName(const std::string& layout)
 {
-    return kPrefix + layout + kSuffix;
+    return std::string(kPrefix).append(layout).append(kSuffix);
 }
 
 std::string catalogueFile(const std::string& folder)
@@ -49,7 +50,7 @@ LayoutSet readLayoutSet(const std::string& folder)
     LayoutSet set;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         const std::string name = entry.path().filename().string();
-        if (name == kCatalogueName || !layoutOf(name).empty() || name == kPrefix + kSuffix)
+        if (name == kCatalogueName || !layoutOf(name).empty() || name == keyMapName(""))
             set[name] = readFile(entry.path().string());
     }
     return set;

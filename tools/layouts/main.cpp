@@ -1,3 +1,4 @@
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -35,7 +36,7 @@ struct Resources {
 
 std::vector<Language> chosen(const Resources& resources, const std::vector<std::string>& names)
 {
-    const std::vector<Language> all = readLanguages(resources.table());
+    std::vector<Language> all = readLanguages(resources.table());
     if (names.empty())
         return all;
     std::vector<Language> result;
@@ -70,9 +71,11 @@ struct CheckArguments {
 
 void parseScreen(const std::string& text, CheckOptions& options)
 {
-    char rest = 0;
-    if (std::sscanf(text.c_str(), "%dx%d%c", &options.screenWidth, &options.screenHeight, &rest) !=
-        2)
+    const char* end = text.data() + text.size();
+    const auto width = std::from_chars(text.data(), end, options.screenWidth);
+    const bool hasHeight = width.ec == std::errc() && width.ptr != end && *width.ptr == 'x';
+    const auto height = std::from_chars(width.ptr + (hasHeight ? 1 : 0), end, options.screenHeight);
+    if (!hasHeight || height.ec != std::errc() || height.ptr != end)
         throw CLI::ValidationError("--screen", "found " + text + ", expected WxH, as in 1920x1080");
 }
 
@@ -192,7 +195,7 @@ int runPreview(const Resources& resources, const std::string& name, const std::s
         throw std::runtime_error(name + ": not in " + resources.table() +
                                  ", so its font is not known; give --font");
     writePreview(readKeyMap(keyMapFile(folder, name)), readCatalogue(catalogueFile(folder)),
-                 findFontFile(font.empty() ? language->font : font),
+                 findFontFile(language && font.empty() ? language->font : font),
                  output.empty() ? name + ".png" : output);
     return 0;
 }

@@ -117,7 +117,7 @@ struct NeededKey {
     bool (*isIt)(const Key& key, const std::string& text);
 };
 
-const NeededKey kNeeded[] = {
+constexpr NeededKey kNeeded[] = {
     {"Shift",
      [](const Key& key, const std::string& text) {
          return key.isSpecial && isAny(text, "Shift", "shift");

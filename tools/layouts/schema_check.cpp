@@ -24,7 +24,7 @@ std::string shown(const Json::Value& value)
     Json::StreamWriterBuilder builder;
     builder["indentation"] = "";
     builder["emitUTF8"] = true;
-    const std::string text = Json::writeString(builder, value);
+    std::string text = Json::writeString(builder, value);
     if (text.size() <= kLongestValue)
         return text;
     return value.isArray() ? "a list" : value.isObject() ? "an object" : "a long text";

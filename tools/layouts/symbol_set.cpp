@@ -214,6 +214,7 @@ std::vector<Pair> composedLetters(const std::vector<std::string>& letters, const
 std::vector<std::string> decomposed(const std::vector<std::string>& letters)
 {
     std::vector<std::string> result;
+    result.reserve(letters.size());
     for (const std::string& letter : letters)
         result.push_back(nfd(letter));
     return result;
