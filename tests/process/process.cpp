@@ -72,6 +72,7 @@ std::vector<std::string> environmentOf(const Command& command)
         environment["LD_PRELOAD"] = joined(command.preload, ' ');
 
     std::vector<std::string> lines;
+    lines.reserve(environment.size());
     for (const auto& entry : environment)
         lines.push_back(entry.first + "=" + entry.second);
     return lines;
@@ -80,6 +81,7 @@ std::vector<std::string> environmentOf(const Command& command)
 std::vector<char*> pointersInto(std::vector<std::string>& strings)
 {
     std::vector<char*> pointers;
+    pointers.reserve(strings.size() + 1);
     for (std::string& string : strings)
         pointers.push_back(&string[0]);
     pointers.push_back(nullptr);

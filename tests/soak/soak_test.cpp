@@ -326,7 +326,7 @@ TEST(Soak, KeepsToTheModelOnTheRecordingDisplay)
     std::printf("%ld steps: heap grew by %ld bytes; the display's %ld fonts and %ld windows take "
                 "%ld\n",
                 steps, growth, madeFonts, madeWindows, ofTheDisplay);
-    EXPECT_LT(growth, ofTheDisplay + 64 * 1024);
+    EXPECT_LT(growth, ofTheDisplay + 64L * 1024);
 }
 
 TEST(Soak, KeepsToTheModelOnDirectFB)

@@ -86,8 +86,9 @@ bool calledByProgram(const void* return_address)
 {
     Dl_info caller = {};
     Dl_info program = {};
-    return ::dladdr(return_address, &caller) != 0 &&
-           ::dladdr(reinterpret_cast<const void*>(::getauxval(AT_ENTRY)), &program) != 0 &&
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the kernel gives the address as a number
+    const void* entry = reinterpret_cast<const void*>(::getauxval(AT_ENTRY));
+    return ::dladdr(return_address, &caller) != 0 && ::dladdr(entry, &program) != 0 &&
            caller.dli_fbase == program.dli_fbase;
 }
 
