@@ -61,6 +61,8 @@ TEST(Command, CheckTakesFontAndScreen)
                 HasSubstr("[screen]"));
     EXPECT_THAT(call("check --screen wide " + bad("screen-too-narrow")).output,
                 HasSubstr("--screen: found wide, expected WxH"));
+    EXPECT_THAT(call("check --screen 99999999999x1080 " + bad("screen-too-narrow")).output,
+                HasSubstr("--screen: found 99999999999x1080, expected WxH"));
     EXPECT_THAT(call("check --font none.ttf " + bad("screen-too-narrow")).output,
                 HasSubstr("font none.ttf: not below"));
 }
