@@ -53,17 +53,17 @@ test-arm: ## Build for 32-bit ARM and run the tests under qemu
 	@scripts/test armhf
 
 test-asan: ## The tests with address, undefined behaviour and leak checks
-	@scripts/install-packages build run test
+	@scripts/install-packages build run tools examples test
 	@scripts/build asan
 	@scripts/test asan
 
 test-valgrind: ## The tests under valgrind; takes long
-	@scripts/install-packages build run test bench
+	@scripts/install-packages build run tools examples test bench
 	@scripts/build valgrind
 	@scripts/test valgrind
 
 soak: ## A million random keys and host calls against the model
-	@scripts/install-packages build run test
+	@scripts/install-packages build run tools examples test
 	@scripts/build default soak_tests
 	@VKB_SOAK_STEPS=1000000 scripts/test default -R '^Soak'
 
