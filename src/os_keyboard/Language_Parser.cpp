@@ -6,6 +6,7 @@
 
 #include <json/json.h>
 
+#include "keyboard_constants.h"
 #include "log.h"
 
 namespace velmora
@@ -18,9 +19,6 @@ namespace vkb
 namespace
 {
 
-const char* const kCatalogue =
-    "/usr/local/opt/nerovista/resources/oskeyboard_config/Language_Name.json";
-const char* const kKeyMapPrefix = "/usr/local/opt/nerovista/resources/oskeyboard_config/Language_";
 const char* const kKeyMapSuffix = ".json";
 
 // Json::Reader is deprecated in newer releases of the library; the television's has no other
@@ -128,7 +126,7 @@ bool LanguageParser::ParseLayout()
     // which go on answering: a key map that is being read keeps its geometry.
     m_layout_names.clear();
 
-    std::ifstream file(kCatalogue, std::ios::in | std::ios::binary);
+    std::ifstream file(kCatalogueFile, std::ios::in | std::ios::binary);
     Json::Value root;
     if (!parseJson(file, root))
         return false;

@@ -7,22 +7,13 @@
 
 #include "command_line.h"
 #include "elapsed_time.h"
+#include "keyboard_constants.h"
 #include "keyboard_core.h"
 
 using namespace velmora::browser::vkb;
 
 namespace
 {
-
-// The remote control's keys, as the browser's key event codes.
-const int kOk = 13;
-const int kLeft = 37;
-const int kUp = 38;
-const int kRight = 39;
-const int kDown = 40;
-
-const int kKeyResult = 1;
-const int kNotHandled = 2;
 
 const useconds_t kStepPause = 500000; // microseconds
 
@@ -35,8 +26,8 @@ KeyBoardCore* g_test_core = nullptr;
 void kb_test_get_key(KeyBoardCore* core)
 {
     VKB_LOG_TEXT(LOG_TRACE, 13, __func__, "called\n");
-    const int result = core->onKeyEvent(kOk);
-    if (result == kKeyResult) {
+    const int result = core->onKeyEvent(RemoteOk);
+    if (result == AnswerKeyResult) {
         const std::string key(1, static_cast<char>(core->getKeyBoardButton()));
         VKB_LOG_FORMAT(LOG_TRACE, 20, __func__, VKB_LOG_HEADER "curernt key :%s\n", key.c_str());
         return;
@@ -90,7 +81,7 @@ void show(KeyBoardCore* core, int)
 // A hidden keyboard must leave OK to the page.
 void expect_hidden(KeyBoardCore* core, int)
 {
-    if (core->onKeyEvent(kOk) == kNotHandled)
+    if (core->onKeyEvent(RemoteOk) == AnswerNotHandled)
         VKB_LOG_TEXT(LOG_TRACE, 295, "kb_test_hide", "Hide VKB\n");
     else
         VKB_LOG_TEXT(LOG_TRACE, 299, "kb_test_hide", "Failed to hide VKB\n");
@@ -129,64 +120,64 @@ const char* const kShowTime = VKB_LOG_HEADER "=======>test show using:%lld ms\n"
 // clang-format off
 const Script kScripts[] = {
     {"left", "kb_test_left_move", 27, true,
-     {{move, kLeft, COUNT}, {probe, 0, 1}},
+     {{move, RemoteLeft, COUNT}, {probe, 0, 1}},
      384, VKB_LOG_HEADER "=======>test left move using:%lld ms\n"},
     {"right", "kb_test_right_move", 38, true,
-     {{move, kRight, COUNT}, {probe, 0, 1}},
+     {{move, RemoteRight, COUNT}, {probe, 0, 1}},
      389, kRightMoveTime},
     {"up", "kb_test_up_move", 49, true,
-     {{move, kUp, COUNT}, {probe, 0, 1}},
+     {{move, RemoteUp, COUNT}, {probe, 0, 1}},
      394, VKB_LOG_HEADER "=======>test up move using:%lld ms\n"},
     {"down", "kb_test_down_move", 60, true,
-     {{move, kDown, COUNT}, {probe, 0, 1}},
+     {{move, RemoteDown, COUNT}, {probe, 0, 1}},
      399, VKB_LOG_HEADER "=======>test down move using:%lld ms\n"},
     {"loop-left", "kb_test_loop_left", 71, false,
-     {{move, kLeft, 111}, {probe, 0, 1}},
+     {{move, RemoteLeft, 111}, {probe, 0, 1}},
      404, kRightMoveTime},
     {"loop-right", "kb_test_loop_right", 81, false,
-     {{move, kRight, 111}, {probe, 0, 1}},
+     {{move, RemoteRight, 111}, {probe, 0, 1}},
      409, kRightMoveTime},
     {"loop-up", "kb_test_loop_up", 92, false,
-     {{move, kUp, 111}, {probe, 0, 1}},
+     {{move, RemoteUp, 111}, {probe, 0, 1}},
      414, kRightMoveTime},
     {"loop-down", "kb_test_loop_down", 103, false,
-     {{move, kDown, 111}, {probe, 0, 1}},
+     {{move, RemoteDown, 111}, {probe, 0, 1}},
      419, kRightMoveTime},
     {"shift", "kb_test_shift", 114, false,
-     {{move, kDown, 3}, {probe, 0, 1}, {wait_seconds, 5, 1}, {probe, 0, 1}},
+     {{move, RemoteDown, 3}, {probe, 0, 1}, {wait_seconds, 5, 1}, {probe, 0, 1}},
      424, VKB_LOG_HEADER "=======>test shift using:%lld ms\n"},
     {"shift-right", "kb_test_shift_right", 127, true,
-     {{move, kDown, 3}, {probe, 0, 1}, {move, kRight, COUNT}, {probe, 0, 1}},
+     {{move, RemoteDown, 3}, {probe, 0, 1}, {move, RemoteRight, COUNT}, {probe, 0, 1}},
      429, VKB_LOG_HEADER "=======>test shift-right using:%lld ms\n"},
     {"shift-lock", "kb_test_shift_lock", 144, true,
-     {{move, kDown, 3}, {probe_and_wait, 3, 1}, {probe_and_wait, 1, 1}, {move, kRight, COUNT}, {probe, 0, 1}},
+     {{move, RemoteDown, 3}, {probe_and_wait, 3, 1}, {probe_and_wait, 1, 1}, {move, RemoteRight, COUNT}, {probe, 0, 1}},
      434, VKB_LOG_HEADER "=======>test shift-lock using:%lld ms\n"},
     {"alt", "kb_test_alt", 165, false,
-     {{move, kDown, 2}, {probe, 0, 1}, {wait_seconds, 5, 1}, {probe, 0, 1}},
+     {{move, RemoteDown, 2}, {probe, 0, 1}, {wait_seconds, 5, 1}, {probe, 0, 1}},
      439, VKB_LOG_HEADER "=======>test alt using:%lld ms\n"},
     {"alt-right", "kb_test_alt_right", 178, true,
-     {{move, kDown, 2}, {probe, 0, 1}, {move, kRight, COUNT}, {probe, 0, 1}},
+     {{move, RemoteDown, 2}, {probe, 0, 1}, {move, RemoteRight, COUNT}, {probe, 0, 1}},
      444, VKB_LOG_HEADER "=======>test alt-right using:%lld ms\n"},
     {"alt-shift", "kb_test_alt_shift", 195, false,
-     {{move, kDown, 2}, {probe, 0, 1}, {rest, 0, 1}, {press, kDown, 1}, {probe, 0, 1}},
+     {{move, RemoteDown, 2}, {probe, 0, 1}, {rest, 0, 1}, {press, RemoteDown, 1}, {probe, 0, 1}},
      449, VKB_LOG_HEADER "=======>test alt-shift using:%lld ms\n"},
     {"language", "kb_test_language", 209, true,
-     {{press, kRight, 1}, {probe, 0, ONCE_WITHOUT_PARAMETER}, {probe_and_wait, 5, COUNT}},
+     {{press, RemoteRight, 1}, {probe, 0, ONCE_WITHOUT_PARAMETER}, {probe_and_wait, 5, COUNT}},
      454, VKB_LOG_HEADER "=======>test switch language using:%lld ms\n"},
     {"clear", "kb_test_clear", 237, false,
-     {{press, kDown, 1}, {move, kRight, 13}, {probe, 0, 1}},
+     {{press, RemoteDown, 1}, {move, RemoteRight, 13}, {probe, 0, 1}},
      459, kShowTime},
     {"clear-all", "kb_test_clear_all", 249, false,
-     {{move, kRight, 2}, {probe, 0, 1}},
+     {{move, RemoteRight, 2}, {probe, 0, 1}},
      464, kShowTime},
     {"submit", "kb_test_submit", 222, false,
-     {{move, kDown, 2}, {move, kRight, 13}, {probe, 0, 1}},
+     {{move, RemoteDown, 2}, {move, RemoteRight, 13}, {probe, 0, 1}},
      469, kShowTime},
     {"space", "kb_test_space", 260, false,
-     {{move, kRight, 3}, {move, kDown, 4}, {probe, 0, 1}},
+     {{move, RemoteRight, 3}, {move, RemoteDown, 4}, {probe, 0, 1}},
      474, kShowTime},
     {"show", "kb_test_show", 275, false,
-     {{move, kRight, 3}, {probe, 0, 1}, {hide, 0, 1}, {wait_seconds, 2, 1}, {show, 0, 1}, {probe, 0, 1}},
+     {{move, RemoteRight, 3}, {probe, 0, 1}, {hide, 0, 1}, {wait_seconds, 2, 1}, {show, 0, 1}, {probe, 0, 1}},
      479, kShowTime},
     {"hide", "kb_test_hide", 288, false,
      {{hide, 0, 1}, {expect_hidden, 0, 1}},

@@ -4,6 +4,7 @@
 
 #include "Language_Parser.h"
 #include "directfb_check.h"
+#include "keyboard_constants.h"
 #include "keyboard_ui.h"
 #include "log.h"
 #include "window_description.h"
@@ -25,35 +26,26 @@ IDirectFBDisplayLayer* os_layer = nullptr;
 IDirectFBWindow* os_window = nullptr;
 IDirectFBSurface* os_surface = nullptr;
 
-// Pixels of the screen.
-const int kWindowX = 600;
-const int kWindowY = 600;
-const int kUsualWidth = 805;
-const int kUsualHeight = 255;
+// Pixels, while there is no catalogue to ask.
+const int kDefaultWidth = 805;
+const int kDefaultHeight = 255;
 
 const int kFontSize = 30; // pixels
-const char* const kFontVariable = "VIRTUAL_KEYBOARD_FONT_PATH";
-const char* const kUsualFont = "/usr/local/opt/font/TarvoL2700.ttf";
 
 const char* const kFallbackLayout = "English";
-
-// What onKeyEvent and the handlers answer to the host.
-enum KeyHandling { CONSUMED = 0, KEY_RESULT = 1, NOT_HANDLED = 2 };
-
-const int32_t kShiftModifier = 2;
 
 const char* const kShift = "Shift";
 const char* const kAlt = "Alt";
 
 struct RemoteKey {
-    int code; // the browser's key event code
+    RemoteKeyCode code;
     int (KeyBoardCore::*procedure)();
 };
 
 const RemoteKey kRemoteKeys[] = {
-    {13, &KeyBoardCore::EnterPressProc}, {37, &KeyBoardCore::LeftMoveProc},
-    {38, &KeyBoardCore::UpMoveProc},     {39, &KeyBoardCore::RightMoveProc},
-    {40, &KeyBoardCore::DownMoveProc},
+    {RemoteOk, &KeyBoardCore::EnterPressProc}, {RemoteLeft, &KeyBoardCore::LeftMoveProc},
+    {RemoteUp, &KeyBoardCore::UpMoveProc},     {RemoteRight, &KeyBoardCore::RightMoveProc},
+    {RemoteDown, &KeyBoardCore::DownMoveProc},
 };
 
 // A special key is told by its text; a layout may write it in either case.
@@ -80,7 +72,7 @@ KeyBoardCore::KeyBoardCore()
     const char* font = std::getenv(kFontVariable);
     if (font == nullptr) {
         VKB_LOG(LOG_ERROR, "VIRTUAL_KEYBOARD_FONT_PATH undefine!\n");
-        font = kUsualFont;
+        font = kDefaultFont;
     }
     m_font_path = font;
 }
@@ -226,7 +218,7 @@ int KeyBoardCore::getWidth()
 {
     if (m_parser == nullptr) {
         VKB_LOG(LOG_ERROR, "Can not find Keboard parser!\n\n");
-        return kUsualWidth;
+        return kDefaultWidth;
     }
     return m_parser->keyboardWidth();
 }
@@ -235,7 +227,7 @@ int KeyBoardCore::getHeight()
 {
     if (m_parser == nullptr) {
         VKB_LOG(LOG_ERROR, "Can not find Keboard parser!\n\n");
-        return kUsualHeight;
+        return kDefaultHeight;
     }
     return m_parser->keyboardHeight();
 }
@@ -333,10 +325,10 @@ int KeyBoardCore::moveFocus(const char* procedure, int32_t neighbour)
 {
     VKB_LOG_TEXT(LOG_TRACE, __LINE__, procedure, "called\n");
     if (FocusButtonChangedTo(neighbour) != 0)
-        return CONSUMED;
+        return AnswerConsumed;
 
     VKB_LOG_TEXT(LOG_ERROR, __LINE__, procedure, "Failed to handle the key!\n");
-    return NOT_HANDLED;
+    return AnswerNotHandled;
 }
 
 int KeyBoardCore::LeftMoveProc()
@@ -363,15 +355,15 @@ int KeyBoardCore::onKeyEvent(int keyCode)
 {
     VKB_LOGF(LOG_TRACE, "Received Keycode: %d\n", keyCode);
     if (!m_keyboard_status)
-        return NOT_HANDLED;
+        return AnswerNotHandled;
     if (!m_is_show)
-        return NOT_HANDLED;
+        return AnswerNotHandled;
 
     for (const RemoteKey& key : kRemoteKeys) {
         if (key.code == keyCode)
             return (this->*key.procedure)();
     }
-    return NOT_HANDLED;
+    return AnswerNotHandled;
 }
 
 int KeyBoardCore::EnterPressProc()
@@ -380,7 +372,7 @@ int KeyBoardCore::EnterPressProc()
     if (m_focus_button.isSpecial)
         return specialButtonHandle();
     if (m_focus_button.keyCode < 0)
-        return CONSUMED;
+        return AnswerConsumed;
 
     // The result is made first: it still carries the Shift that is released here.
     setKeyBoardButton();
@@ -389,7 +381,7 @@ int KeyBoardCore::EnterPressProc()
         removeLockButton(kShift);
         updateKeyBoardUI();
     }
-    return KEY_RESULT;
+    return AnswerKeyResult;
 }
 
 bool KeyBoardCore::setKeyBoardButton()
@@ -416,7 +408,7 @@ int KeyBoardCore::specialButtonHandle()
         return languageButtonHandle();
 
     VKB_LOG(LOG_ERROR, "Maybe not special key!\n");
-    return NOT_HANDLED;
+    return AnswerNotHandled;
 }
 
 int KeyBoardCore::shiftButtonHandle()
@@ -435,7 +427,7 @@ int KeyBoardCore::shiftButtonHandle()
         removeLockButton(kShift);
         refreshAfterUnlock(__func__);
     }
-    return CONSUMED;
+    return AnswerConsumed;
 }
 
 int KeyBoardCore::altButtonHandle()
@@ -451,7 +443,7 @@ int KeyBoardCore::altButtonHandle()
         removeLockButton(kAlt);
         refreshAfterUnlock(__func__);
     }
-    return CONSUMED;
+    return AnswerConsumed;
 }
 
 // What updateKeyBoardUI does, but with the focus line under the handler's name
@@ -471,7 +463,7 @@ void KeyBoardCore::refreshAfterUnlock(const char* handler)
 int KeyBoardCore::hideButtonHandle()
 {
     Hide();
-    return CONSUMED;
+    return AnswerConsumed;
 }
 
 int KeyBoardCore::languageButtonHandle()
@@ -479,7 +471,7 @@ int KeyBoardCore::languageButtonHandle()
     VKB_LOG(LOG_TRACE, "called\n");
     onLayoutChanged();
     updateKeyBoardUI();
-    return CONSUMED;
+    return AnswerConsumed;
 }
 
 // The host does the clearing. No character was typed, so Shift once stays for
@@ -487,7 +479,7 @@ int KeyBoardCore::languageButtonHandle()
 int KeyBoardCore::clearButtonHandle()
 {
     VKB_LOG(LOG_TRACE, "called\n");
-    return setKeyBoardButton() ? KEY_RESULT : NOT_HANDLED;
+    return setKeyBoardButton() ? AnswerKeyResult : AnswerNotHandled;
 }
 
 // The comparison is exact: a layout that labels its key "shift" keeps it drawn

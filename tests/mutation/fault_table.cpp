@@ -4,14 +4,14 @@
 const std::vector<Fault> kFaults = {
     // The driver.
     {"WrongOrderOfKeys", "kb_test.cpp", "kb_test.cpp",
-     "{{press, kDown, 1}, {move, kRight, 13}, {probe, 0, 1}}",
-     "{{move, kRight, 13}, {press, kDown, 1}, {probe, 0, 1}}",
+     "{{press, RemoteDown, 1}, {move, RemoteRight, 13}, {probe, 0, 1}}",
+     "{{move, RemoteRight, 13}, {press, RemoteDown, 1}, {probe, 0, 1}}",
      "driver", "KbCommand.Clear"},
     {"OffByOneLine", "kb_test.cpp", "kb_test.cpp",
      "\"kb_test_loop_up\", 92,", "\"kb_test_loop_up\", 93,",
      "driver", "KbCommand.LoopUp"},
     {"OffByOneCount", "kb_test.cpp", "kb_test.cpp",
-     "{{move, kDown, 111}", "{{move, kDown, 110}",
+     "{{move, RemoteDown, 111}", "{{move, RemoteDown, 110}",
      "driver", "KbCommand.LoopDown"},
     {"BareQuitEndsTheLoop", "kb_test.cpp", "kb_test.cpp",
      "if (line == \"quit\")\n        return;", "",

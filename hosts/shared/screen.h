@@ -40,6 +40,9 @@ private:
     IDirectFBSurface* m_shown = nullptr; // the layer's own surface, on which windows are put
 };
 
+// For DirectFB calls that a host cannot go on without: a failed one is named and ends the process.
+void require(DFBResult result, const char* call);
+
 // Ends the process at once, with what was written flushed. exit() would take DirectFB's libraries
 // apart while its threads still run in them, which crashes now and then.
 [[noreturn]] void endProcess(int status);

@@ -5,18 +5,16 @@
 
 #include <unistd.h>
 
-#include "directfb_check.h"
+#include "keyboard_constants.h"
 
 namespace host
 {
 
-using velmora::browser::vkb::checkDirectFB;
+using namespace velmora::browser::vkb;
 
 namespace
 {
 
-const char kFontVariable[] = "VIRTUAL_KEYBOARD_FONT_PATH";
-const char kTelevisionFont[] = "/usr/local/opt/font/TarvoL2700.ttf";
 const char kPackagedFont[] = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 
 bool exists(const char* file)
@@ -26,6 +24,12 @@ bool exists(const char* file)
 
 } // namespace
 
+void require(DFBResult result, const char* call)
+{
+    if (result != DFB_OK)
+        DirectFBErrorFatal(call, result);
+}
+
 Screen::Screen(const Option* options)
 {
     // Without arguments it would look for the process's own and write them down.
@@ -33,14 +37,13 @@ Screen::Screen(const Option* options)
     char* arguments[] = {name, nullptr};
     char** argv = arguments;
     int argc = 1;
-    checkDirectFB(DirectFBInit(&argc, &argv), "DirectFBInit");
+    require(DirectFBInit(&argc, &argv), "DirectFBInit");
     for (const Option* option = options; option->name != nullptr; ++option)
-        checkDirectFB(DirectFBSetOption(option->name, option->value), option->name);
-    checkDirectFB(DirectFBCreate(&m_dfb), "DirectFBCreate");
-    checkDirectFB(m_dfb->GetDisplayLayer(m_dfb, DLID_PRIMARY, &m_layer), "GetDisplayLayer");
-    checkDirectFB(m_layer->SetCooperativeLevel(m_layer, DLSCL_ADMINISTRATIVE),
-                  "SetCooperativeLevel");
-    checkDirectFB(m_layer->GetSurface(m_layer, &m_shown), "GetSurface");
+        require(DirectFBSetOption(option->name, option->value), option->name);
+    require(DirectFBCreate(&m_dfb), "DirectFBCreate");
+    require(m_dfb->GetDisplayLayer(m_dfb, DLID_PRIMARY, &m_layer), "GetDisplayLayer");
+    require(m_layer->SetCooperativeLevel(m_layer, DLSCL_ADMINISTRATIVE), "SetCooperativeLevel");
+    require(m_layer->GetSurface(m_layer, &m_shown), "GetSurface");
 }
 
 IDirectFBSurface* Screen::createSurface(int width, int height) const
@@ -52,14 +55,14 @@ IDirectFBSurface* Screen::createSurface(int width, int height) const
     description.height = height;
     description.pixelformat = DSPF_ARGB;
     IDirectFBSurface* surface = nullptr;
-    checkDirectFB(m_dfb->CreateSurface(m_dfb, &description, &surface), "CreateSurface");
+    require(m_dfb->CreateSurface(m_dfb, &description, &surface), "CreateSurface");
     return surface;
 }
 
 Picture Screen::picture(const DFBRectangle& area) const
 {
     IDirectFBSurface* copy = createSurface(area.w, area.h);
-    checkDirectFB(copy->Blit(copy, m_shown, &area, 0, 0), "Blit");
+    require(copy->Blit(copy, m_shown, &area, 0, 0), "Blit");
     Picture picture = pictureOf(copy);
     copy->Release(copy);
     return picture;
@@ -74,13 +77,13 @@ void endProcess(int status)
 Picture pictureOf(IDirectFBSurface* surface)
 {
     Picture picture;
-    checkDirectFB(surface->GetSize(surface, &picture.width, &picture.height), "GetSize");
+    require(surface->GetSize(surface, &picture.width, &picture.height), "GetSize");
     picture.rgba.reserve(static_cast<size_t>(picture.width) * static_cast<size_t>(picture.height) *
                          4);
 
     void* data = nullptr;
     int bytesPerRow = 0;
-    checkDirectFB(surface->Lock(surface, DSLF_READ, &data, &bytesPerRow), "Lock");
+    require(surface->Lock(surface, DSLF_READ, &data, &bytesPerRow), "Lock");
     for (int y = 0; y < picture.height; ++y) {
         const uint32_t* pixels = reinterpret_cast<const uint32_t*>(
             static_cast<const uint8_t*>(data) + static_cast<ptrdiff_t>(y) * bytesPerRow);
@@ -90,7 +93,7 @@ Picture pictureOf(IDirectFBSurface* surface)
             picture.rgba.push_back(0xFF);
         }
     }
-    checkDirectFB(surface->Unlock(surface), "Unlock");
+    require(surface->Unlock(surface), "Unlock");
     return picture;
 }
 
@@ -103,8 +106,8 @@ std::string noFontMessage()
 
 std::string noLayoutsMessage()
 {
-    return "/usr/local/opt/nerovista/resources/oskeyboard_config/Language_Name.json: found no "
-           "layouts, expected a catalogue that lists them; `make install` puts it there, "
+    return std::string(kCatalogueFile) +
+           ": found no layouts, expected a catalogue that lists them; `make install` puts it there, "
            "scripts/with-layouts COMMAND runs without";
 }
 
@@ -114,7 +117,7 @@ IDirectFBFont* loadFont(IDirectFB* dfb, const std::string& file, int size)
     description.flags = DFDESC_HEIGHT;
     description.height = size;
     IDirectFBFont* font = nullptr;
-    checkDirectFB(dfb->CreateFont(dfb, file.c_str(), &description, &font), file.c_str());
+    require(dfb->CreateFont(dfb, file.c_str(), &description, &font), file.c_str());
     return font;
 }
 
@@ -123,8 +126,8 @@ std::string chooseFont()
     const char* chosen = std::getenv(kFontVariable);
     if (chosen != nullptr)
         return exists(chosen) ? chosen : "";
-    if (exists(kTelevisionFont))
-        return kTelevisionFont;
+    if (exists(kDefaultFont))
+        return kDefaultFont;
     if (!exists(kPackagedFont))
         return "";
     ::setenv(kFontVariable, kPackagedFont, 1);

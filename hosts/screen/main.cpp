@@ -3,9 +3,9 @@
 
 #include <CLI/CLI.hpp>
 
-#include "directfb_check.h"
 #include "host_log.h"
 #include "key_result.h"
+#include "keyboard_constants.h"
 #include "keyboard_core.h"
 #include "screen.h"
 #include "text_line.h"
@@ -14,7 +14,6 @@
 #include "remote_keys.h"
 
 using namespace host;
-using velmora::browser::vkb::checkDirectFB;
 using velmora::browser::vkb::KeyBoardCore;
 using velmora::browser::vkb::OsButton_t;
 
@@ -23,7 +22,6 @@ namespace
 
 const int kGivenUp = 1;
 const int kCannotRun = 2;
-const int kResultReady = 1;
 
 const Screen::Option kScreenOptions[] = {{"no-deinit-check", nullptr}, {nullptr, nullptr}};
 
@@ -53,7 +51,7 @@ public:
             progress = whileTyping(key);
         else if (key.meaning == RemoteKey::Back)
             progress = Progress::Left;
-        else if (key.keyCode == 13)
+        else if (key.keyCode == velmora::browser::vkb::RemoteOk)
             enterField();
         if (m_line_changed || m_core.isShow() != wasShown)
             m_page.draw(m_line, m_core.isShow());
@@ -71,7 +69,8 @@ private:
     {
         if (key.meaning == RemoteKey::Back)
             leaveField();
-        if (key.meaning != RemoteKey::ForKeyboard || m_core.onKeyEvent(key.keyCode) != kResultReady)
+        if (key.meaning != RemoteKey::ForKeyboard ||
+            m_core.onKeyEvent(key.keyCode) != velmora::browser::vkb::AnswerKeyResult)
             return Progress::Goes;
         OsButton_t result = {};
         m_core.getKeyBoardButton(result);
@@ -113,9 +112,9 @@ int run(const std::string& log)
 
     const Screen screen(kScreenOptions);
     IDirectFBEventBuffer* events = nullptr;
-    checkDirectFB(screen.directFB()->CreateInputEventBuffer(screen.directFB(), DICAPS_KEYS,
-                                                            DFB_TRUE, &events),
-                  "CreateInputEventBuffer");
+    require(screen.directFB()->CreateInputEventBuffer(screen.directFB(), DICAPS_KEYS, DFB_TRUE,
+                                                      &events),
+            "CreateInputEventBuffer");
     Form form(screen, font);
     form.enterField();
     if (!form.hasKeyboard())

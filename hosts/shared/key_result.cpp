@@ -2,23 +2,27 @@
 
 #include <unistr.h>
 
+#include "keyboard_constants.h"
 #include "text_line.h"
 
 namespace host
 {
 
+using namespace velmora::browser::vkb;
+
 namespace
 {
 
 struct ActionOfCode {
-    int32_t keyCode; // the browser's key event code
+    EditKeyCode keyCode;
     KeyAction action;
 };
 
 const ActionOfCode kActions[] = {
-    {8, KeyAction::EraseBefore}, {9, KeyAction::Ignore},     {12, KeyAction::Clear},
-    {13, KeyAction::Submit},     {37, KeyAction::CaretLeft}, {39, KeyAction::CaretRight},
-    {46, KeyAction::EraseAfter},
+    {KeyCodeBack, KeyAction::EraseBefore},    {KeyCodeTab, KeyAction::Ignore},
+    {KeyCodeClearAll, KeyAction::Clear},      {KeyCodeEnter, KeyAction::Submit},
+    {KeyCodeCaretLeft, KeyAction::CaretLeft}, {KeyCodeCaretRight, KeyAction::CaretRight},
+    {KeyCodeDelete, KeyAction::EraseAfter},
 };
 
 } // namespace

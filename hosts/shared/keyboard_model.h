@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "keyboard_constants.h"
 #include "keyboard_types.h"
 
 namespace host
@@ -17,7 +18,13 @@ struct Layout {
 };
 
 // What a remote control can send, by the keyboard's own key codes.
-enum class Press { Ok = 13, Left = 37, Up = 38, Right = 39, Down = 40 };
+enum class Press {
+    Ok = velmora::browser::vkb::RemoteOk,
+    Left = velmora::browser::vkb::RemoteLeft,
+    Up = velmora::browser::vkb::RemoteUp,
+    Right = velmora::browser::vkb::RemoteRight,
+    Down = velmora::browser::vkb::RemoteDown,
+};
 
 enum class Shift { Off, Once, Locked };
 

@@ -1,11 +1,9 @@
 #include "page.h"
 
-#include "directfb_check.h"
+#include "keyboard_constants.h"
 
 namespace host
 {
-
-using velmora::browser::vkb::checkDirectFB;
 
 namespace
 {
@@ -20,7 +18,7 @@ IDirectFBSurface* openWindow(const Screen& screen)
 {
     IDirectFBDisplayLayer* layer = screen.layer();
     DFBDisplayLayerConfig layerConfig = {};
-    checkDirectFB(layer->GetConfiguration(layer, &layerConfig), "GetConfiguration");
+    require(layer->GetConfiguration(layer, &layerConfig), "GetConfiguration");
 
     DFBWindowDescription description = {};
     description.flags = static_cast<DFBWindowDescriptionFlags>(DWDESC_WIDTH | DWDESC_HEIGHT |
@@ -28,10 +26,10 @@ IDirectFBSurface* openWindow(const Screen& screen)
     description.width = layerConfig.width;
     description.height = layerConfig.height;
     IDirectFBWindow* window = nullptr;
-    checkDirectFB(layer->CreateWindow(layer, &description, &window), "CreateWindow");
+    require(layer->CreateWindow(layer, &description, &window), "CreateWindow");
     IDirectFBSurface* surface = nullptr;
-    checkDirectFB(window->GetSurface(window, &surface), "GetSurface");
-    checkDirectFB(window->SetOpacity(window, 0xFF), "SetOpacity");
+    require(window->GetSurface(window, &surface), "GetSurface");
+    require(window->SetOpacity(window, 0xFF), "SetOpacity");
     return surface;
 }
 
@@ -42,10 +40,9 @@ Page::Page(const Screen& screen, const std::string& font)
       m_words(loadFont(screen.directFB(), font, kWordsSize)),
       m_field(std::make_unique<TextField>(screen.directFB(), font, "Your name"))
 {
-    // The field stands above the keyboard, which opens at (600, 600), and is as wide.
-    const DFBRectangle fieldArea = {600, 460, 1302, TextField::kHeight};
-    checkDirectFB(m_surface->GetSubSurface(m_surface, &fieldArea, &m_fieldSurface),
-                  "GetSubSurface");
+    // The field stands above the keyboard and is as wide.
+    const DFBRectangle fieldArea = {velmora::browser::vkb::kWindowX, 460, 1302, TextField::kHeight};
+    require(m_surface->GetSubSurface(m_surface, &fieldArea, &m_fieldSurface), "GetSubSurface");
 }
 
 void Page::draw(const TextLine& line, bool entered)

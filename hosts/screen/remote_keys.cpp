@@ -1,7 +1,11 @@
 #include "remote_keys.h"
 
+#include "keyboard_constants.h"
+
 namespace host
 {
+
+using namespace velmora::browser::vkb;
 
 namespace
 {
@@ -12,13 +16,13 @@ struct Entry {
 };
 
 const Entry kKeys[] = {
-    {DIKS_CURSOR_LEFT, {RemoteKey::ForKeyboard, 37}},
-    {DIKS_CURSOR_UP, {RemoteKey::ForKeyboard, 38}},
-    {DIKS_CURSOR_RIGHT, {RemoteKey::ForKeyboard, 39}},
-    {DIKS_CURSOR_DOWN, {RemoteKey::ForKeyboard, 40}},
-    {DIKS_OK, {RemoteKey::ForKeyboard, 13}},
-    {DIKS_SELECT, {RemoteKey::ForKeyboard, 13}},
-    {DIKS_ENTER, {RemoteKey::ForKeyboard, 13}}, // Return is the same symbol
+    {DIKS_CURSOR_LEFT, {RemoteKey::ForKeyboard, RemoteLeft}},
+    {DIKS_CURSOR_UP, {RemoteKey::ForKeyboard, RemoteUp}},
+    {DIKS_CURSOR_RIGHT, {RemoteKey::ForKeyboard, RemoteRight}},
+    {DIKS_CURSOR_DOWN, {RemoteKey::ForKeyboard, RemoteDown}},
+    {DIKS_OK, {RemoteKey::ForKeyboard, RemoteOk}},
+    {DIKS_SELECT, {RemoteKey::ForKeyboard, RemoteOk}},
+    {DIKS_ENTER, {RemoteKey::ForKeyboard, RemoteOk}}, // Return is the same symbol
     {DIKS_BACK, {RemoteKey::Back, 0}},
     {DIKS_EXIT, {RemoteKey::Back, 0}},
     {DIKS_ESCAPE, {RemoteKey::Back, 0}},

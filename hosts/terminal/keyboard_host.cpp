@@ -1,24 +1,21 @@
 #include "keyboard_host.h"
 
+#include "keyboard_constants.h"
+
 namespace host
 {
 
-using velmora::browser::vkb::OsButton_t;
+using namespace velmora::browser::vkb;
 
 namespace
 {
 
-// The size that the keyboard's place at (600, 600) is made for; the dummy system has no display.
+// The size that the keyboard's place is made for; the dummy system has no display.
 const Screen::Option kScreenOptions[] = {
     {"system", "dummy"},    {"mode", "1920x1080"},      {"quiet", nullptr},
     {"no-cursor", nullptr}, {"no-sighandler", nullptr}, {"no-deinit-check", nullptr},
     {nullptr, nullptr},
 };
-
-const int kKeyboardLeft = 600; // where every keyboard opens its window
-const int kKeyboardTop = 600;
-
-const int kResultReady = 1;
 
 } // namespace
 
@@ -37,7 +34,7 @@ void KeyboardHost::cancel()
 
 bool KeyboardHost::press(Press press, OsButton_t& result)
 {
-    if (m_core.onKeyEvent(static_cast<int>(press)) != kResultReady)
+    if (m_core.onKeyEvent(static_cast<int>(press)) != AnswerKeyResult)
         return false;
     m_core.getKeyBoardButton(result);
     return true;
@@ -45,7 +42,7 @@ bool KeyboardHost::press(Press press, OsButton_t& result)
 
 Picture KeyboardHost::picture()
 {
-    return m_screen.picture({kKeyboardLeft, kKeyboardTop, m_core.getWidth(), m_core.getHeight()});
+    return m_screen.picture({kWindowX, kWindowY, m_core.getWidth(), m_core.getHeight()});
 }
 
 } // namespace host
