@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "coverage.h"
+#include "key_map.h"
 #include "keyboard_core.h"
 #include "layout_folder.h"
 #include "log_capture.h"

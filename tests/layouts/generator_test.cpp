@@ -6,6 +6,7 @@
 #include "coverage.h"
 #include "generator.h"
 #include "json_file.h"
+#include "layout_set.h"
 #include "shipped.h"
 #include "text.h"
 #include "typing.h"
@@ -80,6 +81,19 @@ TEST(LanguageTable, SaysWhichLineIsWrong)
     EXPECT_THAT(
         [&] { readLanguages(folder.path("table")); },
         ThrowsMessage<std::runtime_error>(HasSubstr("table: line 3: found 4 columns, expected 5")));
+}
+
+TEST(LanguageTable, RefusesLettersThatAreNoPattern)
+{
+    TemporaryFolder folder;
+    const std::string row = "oc\tOccitan\tOC\tfr(oci)\tDejaVuSans.ttf\t";
+    for (const char* letters : {"[a-z", "[:Nonsense:]", "[]"}) {
+        std::ofstream(folder.path("table")) << "# comment\n" << row << letters << "\n";
+        EXPECT_THAT([&] { readLanguages(folder.path("table")); },
+                    ThrowsMessage<std::runtime_error>(
+                        HasSubstr("table: line 2: found the letters \"" + std::string(letters) +
+                                  "\", expected a pattern")));
+    }
 }
 
 TEST(Speller, TakesMarksInEitherOrder)

@@ -1,0 +1,112 @@
+// UTF-8 texts by the rules of Unicode and of a language.
+#include "text.h"
+
+#include <cstdio>
+
+#include <unicode/locid.h>
+#include <unicode/normalizer2.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+
+namespace layouts
+{
+namespace
+{
+
+std::string utf8(const icu::UnicodeString& text)
+{
+    std::string result;
+    return text.toUTF8String(result);
+}
+
+std::string normalized(const std::string& text, const icu::Normalizer2* form, UErrorCode status)
+{
+    const icu::UnicodeString result = form->normalize(icu::UnicodeString::fromUTF8(text), status);
+    return U_SUCCESS(status) ? utf8(result) : text;
+}
+
+// More than one code point, with marks of their own.
+bool isMarked(const icu::UnicodeString& text)
+{
+    for (int32_t i = text.moveIndex32(0, 1); i < text.length(); i = text.moveIndex32(i, 1))
+        if (u_getCombiningClass(text.char32At(i)) != 0)
+            return true;
+    return false;
+}
+
+} // namespace
+
+// The conversion puts a replacement character in place of what it cannot read.
+bool isUtf8(const std::string& text)
+{
+    return utf8(icu::UnicodeString::fromUTF8(text)) == text;
+}
+
+bool isNfc(const std::string& text)
+{
+    return nfc(text) == text;
+}
+
+std::string nfc(const std::string& text)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* form = icu::Normalizer2::getNFCInstance(status);
+    return normalized(text, form, status);
+}
+
+std::string nfd(const std::string& text)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* form = icu::Normalizer2::getNFDInstance(status);
+    return normalized(text, form, status);
+}
+
+std::vector<char32_t> codePoints(const std::string& text)
+{
+    std::vector<char32_t> result;
+    const icu::UnicodeString units = icu::UnicodeString::fromUTF8(text);
+    for (int32_t i = 0; i < units.length(); i = units.moveIndex32(i, 1))
+        result.push_back(static_cast<char32_t>(units.char32At(i)));
+    return result;
+}
+
+std::string fromCodePoint(char32_t codePoint)
+{
+    return utf8(icu::UnicodeString(static_cast<UChar32>(codePoint)));
+}
+
+int32_t singleCodePoint(const std::string& text)
+{
+    const std::vector<char32_t> all = codePoints(text);
+    return all.size() == 1 ? static_cast<int32_t>(all[0]) : 0;
+}
+
+std::string upperCase(const std::string& text, const std::string& language)
+{
+    const icu::Locale locale(language.c_str());
+    icu::UnicodeString upper;
+    for (const char32_t c : codePoints(text)) {
+        const icu::UnicodeString letter(static_cast<UChar32>(c));
+        // Title case is what begins a word. Upper case differs where only whole lines in
+        // capitals use it: Georgian letters change their form, Greek ones lose their accent.
+        icu::UnicodeString capital = icu::UnicodeString(letter).toTitle(nullptr, locale);
+        if (isMarked(capital))
+            capital = icu::UnicodeString(letter).toUpper(locale);
+        upper += capital;
+    }
+    const std::string result = nfc(utf8(upper));
+    return result == text ? std::string() : result;
+}
+
+std::string describe(const std::string& text)
+{
+    std::string result;
+    for (const char32_t c : codePoints(text)) {
+        char buffer[16];
+        std::snprintf(buffer, sizeof buffer, "U+%04X", static_cast<unsigned>(c));
+        result += (result.empty() ? "" : " ") + std::string(buffer);
+    }
+    return result;
+}
+
+} // namespace layouts

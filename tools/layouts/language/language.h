@@ -1,0 +1,41 @@
+#ifndef TOOLS_LAYOUTS_LANGUAGE_LANGUAGE_H
+#define TOOLS_LAYOUTS_LANGUAGE_LANGUAGE_H
+
+#include <string>
+#include <vector>
+
+namespace layouts
+{
+
+// One line of the language table.
+struct Language {
+    std::string icuName;    // "sr_Latn"
+    std::string name;       // as the catalogue and the file name have it
+    std::string label;      // on the language key
+    std::string xkbLayout;  // in the keyboard database
+    std::string xkbVariant; // or empty
+    std::string font;       // a font file that has all labels of the layout
+    std::string letters;    // "[a-zß]", for a language that the locale data lacks; else empty
+};
+
+// Throws std::runtime_error with the line that is wrong.
+std::vector<Language> readLanguages(const std::string& file);
+
+const Language* findLanguage(const std::vector<Language>& languages, const std::string& name);
+
+// What has no layout, and why.
+struct LeftOut {
+    std::string icuName;
+    std::string reason;
+};
+std::vector<LeftOut> readLeftOut(const std::string& file);
+
+// The letters that the language is written with, lower case: the main ones, from the table or
+// the locale data, and those that only names and foreign words need. Some are more than one code
+// point long. Throws std::runtime_error when nobody knows the main ones.
+std::vector<std::string> mainLetters(const Language& language);
+std::vector<std::string> auxiliaryLetters(const Language& language);
+
+} // namespace layouts
+
+#endif
