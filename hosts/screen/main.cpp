@@ -4,9 +4,8 @@
 #include <CLI/CLI.hpp>
 
 #include "host_log.h"
-#include "key_result.h"
 #include "keyboard_constants.h"
-#include "keyboard_core.h"
+#include "keyboard_host.h"
 #include "screen.h"
 #include "text_line.h"
 
@@ -14,8 +13,6 @@
 #include "remote_keys.h"
 
 using namespace host;
-using velmora::browser::vkb::KeyBoardCore;
-using velmora::browser::vkb::OsButton_t;
 
 namespace
 {
@@ -37,14 +34,14 @@ enum class Progress { Goes, Submitted, Left };
 class Form
 {
 public:
-    Form(const Screen& screen, const std::string& font) : m_screen(screen), m_page(screen, font)
+    Form(const Screen& screen, const std::string& font) : m_page(screen, font), m_keyboard(screen)
     {
         m_page.draw(m_line, false);
     }
 
     Progress handle(const RemoteKey& key)
     {
-        const bool wasShown = m_core.isShow();
+        const bool wasShown = m_keyboard.isShown();
         Progress progress = Progress::Goes;
         m_line_changed = false;
         if (wasShown)
@@ -52,37 +49,32 @@ public:
         else if (key.meaning == RemoteKey::Back)
             progress = Progress::Left;
         else if (key.keyCode == velmora::browser::vkb::RemoteOk)
-            enterField();
-        if (m_line_changed || m_core.isShow() != wasShown)
-            m_page.draw(m_line, m_core.isShow());
+            m_keyboard.show();
+        if (m_line_changed || m_keyboard.isShown() != wasShown)
+            m_page.draw(m_line, m_keyboard.isShown());
         return progress;
     }
 
-    bool hasKeyboard() { return m_core.isKeyBoardEnable(); }
     const std::string& text() const { return m_line.text(); }
-    void enterField() { m_core.OnIMEStart(m_screen.directFB(), m_page.surface()); }
-    void leaveField() { m_core.Hide(); }
-    void end() { m_core.OnIMECancelled(); }
+    KeyboardHost& keyboard() { return m_keyboard; }
 
 private:
     Progress whileTyping(const RemoteKey& key)
     {
         if (key.meaning == RemoteKey::Back)
-            leaveField();
-        if (key.meaning != RemoteKey::ForKeyboard ||
-            m_core.onKeyEvent(key.keyCode) != velmora::browser::vkb::AnswerKeyResult)
+            m_keyboard.hide();
+        if (key.meaning != RemoteKey::ForKeyboard)
             return Progress::Goes;
-        OsButton_t result = {};
-        m_core.getKeyBoardButton(result);
+        const KeyboardHost::Answer answer = m_keyboard.press(key.keyCode);
+        if (!answer.hasEdit)
+            return Progress::Goes;
         m_line_changed = true;
-        const KeyAction action =
-            applyKeyResult(result.keyCode, result.character, result.text, m_line);
-        return action == KeyAction::Submit ? Progress::Submitted : Progress::Goes;
+        applyEdit(answer.edit, m_line);
+        return answer.edit.action == KeyAction::Submit ? Progress::Submitted : Progress::Goes;
     }
 
-    const Screen& m_screen;
     Page m_page;
-    KeyBoardCore m_core;
+    KeyboardHost m_keyboard;
     TextLine m_line;
     bool m_line_changed = false;
 };
@@ -116,14 +108,13 @@ int run(const std::string& log)
                                                       &events),
             "CreateInputEventBuffer");
     Form form(screen, font);
-    form.enterField();
-    if (!form.hasKeyboard())
+    if (!form.keyboard().show())
         return fail(noLayoutsMessage());
-    form.leaveField();
+    form.keyboard().hide();
     std::fputs("screen_host: ready; OK or Enter enters the field, Back or Escape leaves\n", stderr);
 
     const Progress progress = serve(events, form);
-    form.end();
+    form.keyboard().end();
     if (progress == Progress::Left)
         return kGivenUp;
     std::puts(form.text().c_str());

@@ -21,8 +21,6 @@ public:
 
     void draw(const TextLine& line, bool entered);
 
-    IDirectFBSurface* surface() const { return m_surface; }
-
 private:
     IDirectFBSurface* m_surface = nullptr;
     IDirectFBSurface* m_fieldSurface = nullptr; // the part of it with the field

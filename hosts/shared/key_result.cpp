@@ -19,7 +19,7 @@ struct ActionOfCode {
 };
 
 const ActionOfCode kActions[] = {
-    {KeyCodeBack, KeyAction::EraseBefore},    {KeyCodeTab, KeyAction::Ignore},
+    {KeyCodeBack, KeyAction::EraseBefore},    {KeyCodeTab, KeyAction::NextField},
     {KeyCodeClearAll, KeyAction::Clear},      {KeyCodeEnter, KeyAction::Submit},
     {KeyCodeCaretLeft, KeyAction::CaretLeft}, {KeyCodeCaretRight, KeyAction::CaretRight},
     {KeyCodeDelete, KeyAction::EraseAfter},
@@ -44,13 +44,19 @@ std::string keyText(int32_t character, const std::string& text)
     return length > 0 ? std::string(reinterpret_cast<const char*>(utf8), size_t(length)) : text;
 }
 
-KeyAction applyKeyResult(int32_t keyCode, int32_t character, const std::string& text,
-                         TextLine& line)
+Edit editOf(const OsButton_t& result)
 {
-    const KeyAction action = keyAction(keyCode);
-    switch (action) {
+    Edit edit = {keyAction(result.keyCode), "", result.keyCode, result.modifier == kShiftModifier};
+    if (edit.action == KeyAction::Insert)
+        edit.text = keyText(result.character, result.text);
+    return edit;
+}
+
+void applyEdit(const Edit& edit, TextLine& line)
+{
+    switch (edit.action) {
     case KeyAction::Insert:
-        line.insert(keyText(character, text));
+        line.insert(edit.text);
         break;
     case KeyAction::EraseBefore:
         line.eraseBefore();
@@ -68,10 +74,9 @@ KeyAction applyKeyResult(int32_t keyCode, int32_t character, const std::string& 
         line.moveRight();
         break;
     case KeyAction::Submit:
-    case KeyAction::Ignore:
+    case KeyAction::NextField:
         break;
     }
-    return action;
 }
 
 } // namespace host

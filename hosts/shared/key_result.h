@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "keyboard_types.h"
+
 namespace host
 {
 
@@ -18,7 +20,7 @@ enum class KeyAction {
     Clear,
     CaretLeft,
     CaretRight,
-    Ignore, // Tab: there is no other field to go to
+    NextField,
 };
 
 KeyAction keyAction(int32_t keyCode);
@@ -27,9 +29,19 @@ KeyAction keyAction(int32_t keyCode);
 // key's text where that is more than one (".com").
 std::string keyText(int32_t character, const std::string& text);
 
-// Does to the line what the key result says; submitting leaves the line as it is.
-KeyAction applyKeyResult(int32_t keyCode, int32_t character, const std::string& text,
-                         TextLine& line);
+// What a key result asks the host to do with its field.
+struct Edit {
+    KeyAction action;
+    std::string text; // UTF-8, with KeyAction::Insert
+    int32_t keyCode;  // the browser's key event code
+    bool shift;       // Shift was on
+};
+
+Edit editOf(const velmora::browser::vkb::OsButton_t& result);
+
+// Does it to a line that stands alone: there is no other field to go to, and submitting leaves the
+// line as it is.
+void applyEdit(const Edit& edit, TextLine& line);
 
 } // namespace host
 

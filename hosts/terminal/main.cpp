@@ -33,6 +33,13 @@ const int kGivenUp = 1;
 const int kCannotRun = 2;
 const int kLastFrameMilliseconds = 2500; // of a recording: long enough to read the text
 
+// The size that the keyboard's place is made for; the dummy system has no display.
+const Screen::Option kScreenOptions[] = {
+    {"system", "dummy"},    {"mode", "1920x1080"},      {"quiet", nullptr},
+    {"no-cursor", nullptr}, {"no-sighandler", nullptr}, {"no-deinit-check", nullptr},
+    {nullptr, nullptr},
+};
+
 int fail(const std::string& message)
 {
     std::fprintf(stderr, "terminal_host: %s\n", message.c_str());
@@ -114,7 +121,8 @@ struct Typed {
 
 // terminal: to be shown on, or -1.
 Typed typeText(const Options& options, const Plan& plan, const KeyboardModel& model,
-               const std::string& font, int terminal, KeyboardHost& keyboard, Recorder* recorder)
+               const std::string& font, int terminal, const Screen& screen, KeyboardHost& keyboard,
+               Recorder* recorder)
 {
     std::unique_ptr<TerminalMode> mode;
     std::unique_ptr<TerminalView> view;
@@ -122,7 +130,7 @@ Typed typeText(const Options& options, const Plan& plan, const KeyboardModel& mo
         mode = std::make_unique<TerminalMode>(terminal);
         view = std::make_unique<TerminalView>(terminal, options.picture);
     }
-    Session session(keyboard, model, view.get(), recorder, font);
+    Session session(screen, keyboard, model, view.get(), recorder, font);
     const bool submitted = options.type ? play(plan, session, terminal >= 0, options.delay)
                                         : typeByHand(terminal, *mode, *view, keyboard, session);
     return {submitted, session.text()};
@@ -159,12 +167,13 @@ int run(const Options& options)
     std::unique_ptr<Recorder> recorder;
     if (!options.record.empty())
         recorder = makeRecorder(options.record);
-    KeyboardHost keyboard;
-    if (!keyboard.start())
+    const Screen screen(kScreenOptions);
+    KeyboardHost keyboard(screen, &model);
+    if (!keyboard.show())
         return fail(noLayoutsMessage());
-    const Typed typed =
-        typeText(options, plan, model, font, why.empty() ? terminal : -1, keyboard, recorder.get());
-    keyboard.cancel();
+    const Typed typed = typeText(options, plan, model, font, why.empty() ? terminal : -1, screen,
+                                 keyboard, recorder.get());
+    keyboard.end();
     if (recorder)
         recorder->finish();
     if (!typed.submitted)

@@ -8,7 +8,6 @@ namespace host
 {
 
 using velmora::browser::vkb::Button_t;
-using velmora::browser::vkb::OsButton_t;
 
 namespace
 {
@@ -31,27 +30,22 @@ Picture below(const Picture& upper, const Picture& lower)
 
 } // namespace
 
-Session::Session(KeyboardHost& keyboard, const KeyboardModel& model, TerminalView* view,
-                 Recorder* recorder, const std::string& font)
-    : m_keyboard(keyboard), m_model(model), m_view(view), m_recorder(recorder),
-      m_field(keyboard.screen().directFB(), font, "Your name")
+Session::Session(const Screen& screen, KeyboardHost& keyboard, const KeyboardModel& model,
+                 TerminalView* view, Recorder* recorder, const std::string& font)
+    : m_screen(screen), m_keyboard(keyboard), m_model(model), m_view(view), m_recorder(recorder),
+      m_field(screen.directFB(), font, "Your name")
 {
 }
 
 Session::Progress Session::press(Press press, int milliseconds)
 {
-    OsButton_t result = {};
-    const bool ready = m_keyboard.press(press, result);
-    if (m_keyboard.isShown())
-        m_state = m_model.after(m_state, press).state;
-
-    Progress progress = Progress::Goes;
-    if (ready &&
-        applyKeyResult(result.keyCode, result.character, result.text, m_line) == KeyAction::Submit)
-        progress = Progress::Submitted;
+    const KeyboardHost::Answer answer = m_keyboard.press(press);
+    if (answer.hasEdit)
+        applyEdit(answer.edit, m_line);
     draw();
     record(milliseconds);
-    return progress;
+    const bool submitted = answer.hasEdit && answer.edit.action == KeyAction::Submit;
+    return submitted ? Progress::Submitted : Progress::Goes;
 }
 
 void Session::hideKeyboard()
@@ -86,7 +80,7 @@ void Session::record(int milliseconds)
     if (m_recorder == nullptr)
         return;
     const Picture keyboard = m_keyboard.picture();
-    IDirectFBSurface* page = m_keyboard.screen().createSurface(keyboard.width, TextField::kHeight);
+    IDirectFBSurface* page = m_screen.createSurface(keyboard.width, TextField::kHeight);
     page->Clear(page, 0, 0, 0, 0xFF);
     m_field.draw(page, m_line, 0, true);
     const Picture field = pictureOf(page);
@@ -96,13 +90,14 @@ void Session::record(int milliseconds)
 
 std::string Session::status() const
 {
-    const Button_t* key = m_model.focused(m_state);
-    std::string status = m_model.layouts()[m_state.layout].name;
-    if (m_state.shift == Shift::Once)
+    const KeyboardState& state = m_keyboard.state();
+    const Button_t* key = m_model.focused(state);
+    std::string status = m_model.layouts()[state.layout].name;
+    if (state.shift == Shift::Once)
         status += ", Shift";
-    if (m_state.shift == Shift::Locked)
+    if (state.shift == Shift::Locked)
         status += ", Shift locked";
-    if (m_state.alt)
+    if (state.alt)
         status += ", Alt";
     if (key != nullptr)
         status += ", on: " + nameOf(*key);
@@ -111,9 +106,9 @@ std::string Session::status() const
 
 std::vector<Label> Session::labels() const
 {
-    const Button_t* focused = m_model.focused(m_state);
+    const Button_t* focused = m_model.focused(m_keyboard.state());
     std::vector<Label> labels;
-    for (const Button_t& key : m_model.face(m_state))
+    for (const Button_t& key : m_model.face(m_keyboard.state()))
         labels.push_back({key.rect.positionX, key.rect.positionY, key.rect.width, key.rect.height,
                           key.text, &key == focused});
     return labels;

@@ -23,8 +23,8 @@ public:
     enum class Progress { Goes, Submitted };
 
     // Everything is lent; view and recorder may be null.
-    Session(KeyboardHost& keyboard, const KeyboardModel& model, TerminalView* view,
-            Recorder* recorder, const std::string& font);
+    Session(const Screen& screen, KeyboardHost& keyboard, const KeyboardModel& model,
+            TerminalView* view, Recorder* recorder, const std::string& font);
 
     // milliseconds: how long what this press shows stays, for the recording.
     Progress press(Press press, int milliseconds);
@@ -40,13 +40,13 @@ private:
     std::string status() const;
     std::vector<Label> labels() const;
 
+    const Screen& m_screen;
     KeyboardHost& m_keyboard;
     const KeyboardModel& m_model;
     TerminalView* m_view;
     Recorder* m_recorder;
     TextField m_field;
     TextLine m_line;
-    KeyboardState m_state;
 };
 
 } // namespace host

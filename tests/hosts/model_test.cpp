@@ -16,15 +16,17 @@ using host::KeyboardHost;
 using host::KeyboardModel;
 using host::KeyboardState;
 using host::Press;
-using velmora::browser::vkb::OsButton_t;
 
 TEST(KeyboardModel, ForetellsWhatTheKeyboardDoes)
 {
     ASSERT_NE(host::chooseFont(), "");
     const KeyboardModel model(host::installedLayouts());
     ASSERT_GE(model.layouts().size(), 2U);
-    KeyboardHost keyboard;
-    ASSERT_TRUE(keyboard.start());
+    const host::Screen::Option options[] = {
+        {"system", "dummy"}, {"mode", "1920x1080"}, {"quiet", nullptr}, {nullptr, nullptr}};
+    const host::Screen screen(options);
+    KeyboardHost keyboard(screen, &model);
+    ASSERT_TRUE(keyboard.show());
 
     const Press presses[] = {Press::Ok,    Press::Ok, Press::Left,
                              Press::Right, Press::Up, Press::Down};
@@ -36,15 +38,19 @@ TEST(KeyboardModel, ForetellsWhatTheKeyboardDoes)
     for (int i = 0; i < 3000; ++i) {
         const Press press = presses[choose(random)];
         const KeyboardModel::Step step = model.after(state, press);
-        OsButton_t result = {};
-        const bool ready = keyboard.press(press, result);
-        ASSERT_EQ(ready, step.result != nullptr) << "press " << i;
+        const KeyboardHost::Answer answer = keyboard.press(press);
+        ASSERT_TRUE(answer.taken) << "press " << i;
+        ASSERT_EQ(answer.hasEdit, step.result != nullptr) << "press " << i;
         ASSERT_EQ(keyboard.isShown(), !step.hides) << "press " << i;
-        if (ready) {
+        ASSERT_EQ(keyboard.state(), step.state) << "press " << i;
+        if (answer.hasEdit) {
             ++results;
-            ASSERT_EQ(result.text, step.result->text) << "press " << i;
-            ASSERT_EQ(result.keyCode, step.result->keyCode) << "press " << i;
-            ASSERT_EQ(result.character, step.result->character) << "press " << i;
+            ASSERT_EQ(answer.edit.keyCode, step.result->keyCode) << "press " << i;
+            if (answer.edit.action == host::KeyAction::Insert) {
+                ASSERT_EQ(answer.edit.text,
+                          host::keyText(step.result->character, step.result->text))
+                    << "press " << i;
+            }
         }
         if (step.hides) {
             ++hidden;

@@ -99,9 +99,12 @@ std::string played(const KeyboardModel& model, const Plan& plan, bool& submitted
     for (const Press press : plan.presses) {
         const KeyboardModel::Step step = model.after(state, press);
         state = step.state;
-        if (step.result != nullptr)
-            submitted = host::applyKeyResult(step.result->keyCode, step.result->character,
-                                             step.result->text, line) == host::KeyAction::Submit;
+        if (step.result == nullptr)
+            continue;
+        const host::Edit edit =
+            host::editOf({step.result->keyCode, 0, step.result->character, step.result->text});
+        host::applyEdit(edit, line);
+        submitted = edit.action == host::KeyAction::Submit;
     }
     return line.text();
 }

@@ -125,7 +125,9 @@ TEST_P(KeyResult, ChangesTheLine)
     TextLine line = lineOf("ab");
     line.moveLeft();
     const Delivered& key = GetParam();
-    EXPECT_EQ(host::applyKeyResult(key.keyCode, key.character, key.text, line), key.action);
+    const host::Edit edit = host::editOf({key.keyCode, 0, key.character, key.text});
+    EXPECT_EQ(edit.action, key.action);
+    host::applyEdit(edit, line);
     EXPECT_EQ(line.beforeCaret() + "|" + line.text().substr(line.beforeCaret().size()), key.line);
 }
 
@@ -145,7 +147,7 @@ INSTANTIATE_TEST_SUITE_P(
         Delivered{"Left", 37, 0x2190, "←", KeyAction::CaretLeft, "|ab"},
         Delivered{"Right", 39, 0x2192, "→", KeyAction::CaretRight, "ab|"},
         Delivered{"Enter", 13, 0, "Enter", KeyAction::Submit, "a|b"},
-        Delivered{"Tab", 9, 0, "Tab", KeyAction::Ignore, "a|b"}),
+        Delivered{"Tab", 9, 0, "Tab", KeyAction::NextField, "a|b"}),
     [](const testing::TestParamInfo<Delivered>& test) { return test.param.name; });
 
 } // namespace
