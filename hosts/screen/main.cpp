@@ -1,15 +1,18 @@
+// A page with a text field on a DirectFB screen, for a remote control or a keyboard in its place.
 #include <cstdio>
 #include <exception>
+#include <string>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
 #include "host_log.h"
-#include "keyboard_constants.h"
-#include "keyboard_host.h"
+#include "keyboard_model.h"
+#include "planner.h"
 #include "screen.h"
-#include "text_line.h"
 
-#include "page.h"
+#include "form.h"
+#include "player.h"
 #include "remote_keys.h"
 
 using namespace host;
@@ -22,100 +25,66 @@ const int kCannotRun = 2;
 
 const Screen::Option kScreenOptions[] = {{"no-deinit-check", nullptr}, {nullptr, nullptr}};
 
+struct Options {
+    std::string log;
+    std::string type;
+    std::vector<std::string> record;
+};
+
 int fail(const std::string& message)
 {
     std::fprintf(stderr, "screen_host: %s\n", message.c_str());
     return kCannotRun;
 }
 
-enum class Progress { Goes, Submitted, Left };
-
-// The page's one field with its keyboard.
-class Form
+Form::Progress serve(const Screen& screen, Form& form)
 {
-public:
-    Form(const Screen& screen, const std::string& font) : m_page(screen, font), m_keyboard(screen)
-    {
-        m_page.draw(m_line, false);
-    }
-
-    Progress handle(const RemoteKey& key)
-    {
-        const bool wasShown = m_keyboard.isShown();
-        Progress progress = Progress::Goes;
-        m_line_changed = false;
-        if (wasShown)
-            progress = whileTyping(key);
-        else if (key.meaning == RemoteKey::Back)
-            progress = Progress::Left;
-        else if (key.keyCode == velmora::browser::vkb::RemoteOk)
-            m_keyboard.show();
-        if (m_line_changed || m_keyboard.isShown() != wasShown)
-            m_page.draw(m_line, m_keyboard.isShown());
-        return progress;
-    }
-
-    const std::string& text() const { return m_line.text(); }
-    KeyboardHost& keyboard() { return m_keyboard; }
-
-private:
-    Progress whileTyping(const RemoteKey& key)
-    {
-        if (key.meaning == RemoteKey::Back)
-            m_keyboard.hide();
-        if (key.meaning != RemoteKey::ForKeyboard)
-            return Progress::Goes;
-        const KeyboardHost::Answer answer = m_keyboard.press(key.keyCode);
-        if (!answer.hasEdit)
-            return Progress::Goes;
-        m_line_changed = true;
-        applyEdit(answer.edit, m_line);
-        return answer.edit.action == KeyAction::Submit ? Progress::Submitted : Progress::Goes;
-    }
-
-    Page m_page;
-    KeyboardHost m_keyboard;
-    TextLine m_line;
-    bool m_line_changed = false;
-};
-
-Progress serve(IDirectFBEventBuffer* events, Form& form)
-{
-    while (events->WaitForEvent(events) == DFB_OK) {
-        DFBInputEvent event = {};
-        while (events->GetEvent(events, DFB_EVENT(&event)) == DFB_OK) {
-            if (event.type != DIET_KEYPRESS)
-                continue;
-            const Progress progress = form.handle(remoteKey(event.key_symbol));
-            if (progress != Progress::Goes)
-                return progress;
-        }
-    }
-    return Progress::Left;
-}
-
-int run(const std::string& log)
-{
-    if (!log.empty() && !openLog(log))
-        return fail(log + ": cannot be opened for the log");
-    const std::string font = chooseFont();
-    if (font.empty())
-        return fail(noFontMessage());
-
-    const Screen screen(kScreenOptions);
     IDirectFBEventBuffer* events = nullptr;
     require(screen.directFB()->CreateInputEventBuffer(screen.directFB(), DICAPS_KEYS, DFB_TRUE,
                                                       &events),
             "CreateInputEventBuffer");
-    Form form(screen, font);
-    if (!form.keyboard().show())
-        return fail(noLayoutsMessage());
-    form.keyboard().hide();
     std::fputs("screen_host: ready; OK or Enter enters the field, Back or Escape leaves\n", stderr);
+    while (events->WaitForEvent(events) == DFB_OK) {
+        DFBInputEvent event = {};
+        while (events->GetEvent(events, DFB_EVENT(&event)) == DFB_OK) {
+            if (event.type == DIET_KEYRELEASE)
+                form.release();
+            if (event.type != DIET_KEYPRESS)
+                continue;
+            const Form::Progress progress = form.press(remoteKey(event.key_symbol));
+            if (progress != Form::Progress::Goes) {
+                form.end(progress);
+                return progress;
+            }
+        }
+    }
+    return Form::Progress::Left;
+}
 
-    const Progress progress = serve(events, form);
-    form.keyboard().end();
-    if (progress == Progress::Left)
+int run(const Options& options)
+{
+    if (!options.log.empty() && !openLog(options.log))
+        return fail(options.log + ": cannot be opened for the log");
+    const std::string font = chooseFont();
+    if (font.empty())
+        return fail(noFontMessage());
+    const KeyboardModel model(installedLayouts());
+    Plan plan;
+    if (!options.type.empty() && !model.layouts().empty()) {
+        plan = planTyping(model, KeyboardState(), options.type);
+        if (!plan.possible)
+            return fail("--type: no way to type '" + plan.obstacle +
+                        "', expected characters of the installed layouts");
+    }
+
+    const Screen screen(kScreenOptions);
+    Form form(screen, font);
+    if (!form.hasKeyboard())
+        return fail(noLayoutsMessage());
+    const Form::Progress progress = options.type.empty()
+                                        ? serve(screen, form)
+                                        : Player(form, screen, options.record).play(plan);
+    if (progress != Form::Progress::Submitted)
         return kGivenUp;
     std::puts(form.text().c_str());
     return 0;
@@ -129,8 +98,18 @@ int main(int argc, char** argv)
                  "DFBARGS chooses the screen, such as system=x11,mode=1920x1080,quiet,no-cursor.\n"
                  "The submitted text goes to standard output.");
     app.name("screen_host");
-    std::string log;
-    app.add_option("--log", log, "Append the keyboard's log lines to FILE")->type_name("FILE");
+    Options options;
+    app.add_option("--log", options.log, "Append the keyboard's log lines to FILE")
+        ->type_name("FILE");
+    CLI::Option* type =
+        app.add_option("--type", options.type, "Play the shortest row of presses that types TEXT")
+            ->type_name("TEXT");
+    app.add_option("--record", options.record,
+                   "Keep what --type shows: FILE.gif, or FILE.png for FILE-001.png ...; at once, "
+                   "not at a viewer's pace")
+        ->type_name("FILE")
+        ->needs(type)
+        ->allow_extra_args(false);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -138,7 +117,7 @@ int main(int argc, char** argv)
     }
     int status = 0;
     try {
-        status = run(log);
+        status = run(options);
     } catch (const std::exception& error) {
         status = fail(error.what());
     }

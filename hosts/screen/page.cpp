@@ -1,6 +1,8 @@
+// Draws the page, which stands in for one in a browser.
 #include "page.h"
 
 #include "keyboard_constants.h"
+#include "page_colors.h"
 
 namespace host
 {
@@ -8,11 +10,15 @@ namespace host
 namespace
 {
 
-const int kLeft = 606;
-const int kHeadingTop = 220;
-const int kWordsTop = 330;
+const int kLeft = velmora::browser::vkb::kWindowX + 6; // where the keyboard's first key begins
+const int kHeadingTop = 260;
+const int kWordsTop = 370;
 const int kHeadingSize = 72;
-const int kWordsSize = 30;
+const int kWordsSize = 32;
+// The field stands above the keyboard and is as wide.
+const DFBRectangle kFieldArea = {velmora::browser::vkb::kWindowX, 460, 1302, TextField::kHeight};
+const DFBRectangle kRemoteArea = {330, 590, RemotePicture::kWidth, RemotePicture::kHeight};
+const RemoteKey kNoKey = {RemoteKey::Other, 0};
 
 IDirectFBSurface* openWindow(const Screen& screen)
 {
@@ -38,27 +44,47 @@ IDirectFBSurface* openWindow(const Screen& screen)
 Page::Page(const Screen& screen, const std::string& font)
     : m_surface(openWindow(screen)), m_heading(loadFont(screen.directFB(), font, kHeadingSize)),
       m_words(loadFont(screen.directFB(), font, kWordsSize)),
-      m_field(std::make_unique<TextField>(screen.directFB(), font, "Your name"))
+      m_field(screen.directFB(), font, "Your name"), m_remote(screen.directFB(), font)
 {
-    // The field stands above the keyboard and is as wide.
-    const DFBRectangle fieldArea = {velmora::browser::vkb::kWindowX, 460, 1302, TextField::kHeight};
-    require(m_surface->GetSubSurface(m_surface, &fieldArea, &m_fieldSurface), "GetSubSurface");
+    require(m_surface->GetSubSurface(m_surface, &kFieldArea, &m_fieldSurface), "GetSubSurface");
+    require(m_surface->GetSubSurface(m_surface, &kRemoteArea, &m_remoteSurface), "GetSubSurface");
+    m_surface->Clear(m_surface, kPageColor.red, kPageColor.green, kPageColor.blue, 0xFF);
+    m_remote.draw(m_remoteSurface, kNoKey);
 }
 
 void Page::draw(const TextLine& line, bool entered)
 {
-    m_surface->Clear(m_surface, 0x10, 0x18, 0x28, 0xFF);
-    m_surface->SetColor(m_surface, 0xFF, 0xFF, 0xFF, 0xFF);
-    m_surface->SetFont(m_surface, m_heading);
-    m_surface->DrawString(m_surface, "Sign in", -1, kLeft, kHeadingTop, DSTF_TOPLEFT);
-    m_surface->SetColor(m_surface, 0xB0, 0xB8, 0xC8, 0xFF);
-    m_surface->SetFont(m_surface, m_words);
-    m_surface->DrawString(m_surface,
-                          entered ? "Arrows move, OK presses, Back hides the keyboard"
-                                  : "OK enters the field, Back leaves the page",
-                          -1, kLeft, kWordsTop, DSTF_TOPLEFT);
-    m_field->draw(m_fieldSurface, line, 0, entered);
+    drawWords("Who is watching?", entered ? "Arrows move, OK presses, Back hides the keyboard"
+                                          : "OK enters the field, Back leaves the page");
+    m_fieldSurface->Clear(m_fieldSurface, kPageColor.red, kPageColor.green, kPageColor.blue, 0xFF);
+    m_field.draw(m_fieldSurface, line, 0, entered);
     m_surface->Flip(m_surface, nullptr, DSFLIP_WAITFORSYNC);
+}
+
+void Page::greet(const std::string& name)
+{
+    drawWords("Hello, " + name, "");
+    m_fieldSurface->Clear(m_fieldSurface, kPageColor.red, kPageColor.green, kPageColor.blue, 0xFF);
+    m_surface->Flip(m_surface, nullptr, DSFLIP_WAITFORSYNC);
+}
+
+void Page::showPressed(const RemoteKey& key)
+{
+    m_remote.draw(m_remoteSurface, key);
+    m_remoteSurface->Flip(m_remoteSurface, nullptr, DSFLIP_WAITFORSYNC);
+}
+
+void Page::drawWords(const std::string& heading, const char* words)
+{
+    setColor(m_surface, kPageColor);
+    m_surface->FillRectangle(m_surface, kLeft, kHeadingTop, kFieldArea.w,
+                             kFieldArea.y - kHeadingTop);
+    setColor(m_surface, kWhite);
+    m_surface->SetFont(m_surface, m_heading);
+    m_surface->DrawString(m_surface, heading.c_str(), -1, kLeft, kHeadingTop, DSTF_TOPLEFT);
+    setColor(m_surface, kPale);
+    m_surface->SetFont(m_surface, m_words);
+    m_surface->DrawString(m_surface, words, -1, kLeft, kWordsTop, DSTF_TOPLEFT);
 }
 
 } // namespace host

@@ -1,11 +1,12 @@
-#ifndef PAGE_H
-#define PAGE_H
+// A page with one text field and the picture of a remote control.
+#ifndef HOSTS_SCREEN_PAGE_H
+#define HOSTS_SCREEN_PAGE_H
 
-#include <memory>
 #include <string>
 
 #include <directfb.h>
 
+#include "remote_picture.h"
 #include "screen.h"
 #include "text_field.h"
 #include "text_line.h"
@@ -13,20 +14,32 @@
 namespace host
 {
 
-// A page with one text field, drawn on a window that fills the screen and lies below the keyboard.
+// Drawn on a window that fills the screen and lies below the keyboard.
 class Page
 {
 public:
     Page(const Screen& screen, const std::string& font);
 
+    // entered: keys go to the field.
     void draw(const TextLine& line, bool entered);
 
+    void greet(const std::string& name);
+
+    // Lights the key up on the remote control; a key of no meaning leaves it dark.
+    void showPressed(const RemoteKey& key);
+
+    IDirectFBSurface* surface() const { return m_surface; }
+
 private:
+    void drawWords(const std::string& heading, const char* words);
+
     IDirectFBSurface* m_surface = nullptr;
-    IDirectFBSurface* m_fieldSurface = nullptr; // the part of it with the field
+    IDirectFBSurface* m_fieldSurface = nullptr;  // the part of it with the field
+    IDirectFBSurface* m_remoteSurface = nullptr; // the part with the remote control
     IDirectFBFont* m_heading = nullptr;
     IDirectFBFont* m_words = nullptr;
-    std::unique_ptr<TextField> m_field;
+    TextField m_field;
+    RemotePicture m_remote;
 };
 
 } // namespace host

@@ -1,3 +1,4 @@
+// What the symbols of an input device mean.
 #include "remote_keys.h"
 
 #include "keyboard_constants.h"

@@ -1,5 +1,6 @@
-#ifndef REMOTE_KEYS_H
-#define REMOTE_KEYS_H
+// The keys of a remote control.
+#ifndef HOSTS_SCREEN_REMOTE_KEYS_H
+#define HOSTS_SCREEN_REMOTE_KEYS_H
 
 #include <directfb.h>
 

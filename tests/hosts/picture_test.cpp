@@ -101,6 +101,30 @@ TEST_F(TerminalKind, KeepsThePicturesProportions)
     EXPECT_EQ(area.rows, 10);
 }
 
+TEST(HalvedPicture, KeepsAWhiteLineOfOnePixelBright)
+{
+    Picture picture = grey(4, 4, 0);
+    for (int y = 0; y < 4; ++y)
+        paint(picture, 2, y, 255);
+    const Picture half = host::halved(picture);
+    EXPECT_EQ(half.width, 2);
+    EXPECT_EQ(half.height, 2);
+    const std::vector<uint8_t> row = {0, 0, 0, 255, 186, 186, 186, 255}; // 255 * 0.5^(1 / 2.2)
+    std::vector<uint8_t> expected = row;
+    expected.insert(expected.end(), row.begin(), row.end());
+    EXPECT_EQ(half.rgba, expected);
+}
+
+TEST(HalvedPicture, LeavesAnOddLastRowAndColumnOut)
+{
+    Picture picture = grey(3, 3, 100);
+    paint(picture, 2, 0, 255);
+    paint(picture, 0, 2, 255);
+    const Picture half = host::halved(picture);
+    EXPECT_EQ(half.width, 1);
+    EXPECT_EQ(half.rgba, (std::vector<uint8_t>{100, 100, 100, 255}));
+}
+
 TEST(TerminalView, ALongTextShowsItsEnd)
 {
     EXPECT_EQ(host::lastColumns("Grüße", 3), "üße");
