@@ -1,3 +1,7 @@
+// Reads the layout files: the catalogue and the key maps.
+// Texts, function names, line numbers and the order of calls are an interface, misspellings
+// included.
+
 #include "Language_Parser.h"
 
 #include <fstream>
@@ -38,7 +42,7 @@ bool parseJson(std::ifstream& file, Json::Value& root)
 }
 #pragma GCC diagnostic pop
 
-// Keeps the low 16 bits, as the files' authors were always told.
+// Keeps the low 16 bits.
 int16_t low16(uint32_t value)
 {
     return static_cast<int16_t>(static_cast<uint16_t>(value));
@@ -53,8 +57,8 @@ int16_t readInt16(Json::Value& value)
 // file wraps round instead of overflowing.
 int32_t extent(Json::Value& start, Json::Value& span, int32_t gap, int32_t cell)
 {
-    const uint32_t cells =
-        static_cast<uint32_t>(start.asInt()) + static_cast<uint32_t>(span.asInt());
+    const uint32_t first = static_cast<uint32_t>(start.asInt());
+    const uint32_t cells = first + static_cast<uint32_t>(span.asInt());
     const uint32_t pitch = static_cast<uint32_t>(gap) + static_cast<uint32_t>(cell);
     return static_cast<int32_t>(cells * pitch + static_cast<uint32_t>(gap));
 }
@@ -114,16 +118,16 @@ LanguageParser::LanguageParser()
       m_keyboard_height(0)
 {
     ParseLayout();
-    // There is no current layout yet, so this finds no file unless the television has one for
-    // the empty name, from which it then takes keys to start with.
+    // There is no current layout yet, so this reads the file of the empty name, if there is one.
+    // Kept.
     ParseCurrentLayoutKeyMaps();
 }
 
 bool LanguageParser::ParseLayout()
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     // Only the names start anew. Positions of a second read are appended behind the first ones,
-    // which go on answering: a key map that is being read keeps its geometry.
+    // which go on answering: kept.
     m_layout_names.clear();
 
     std::ifstream file(kCatalogueFile, std::ios::in | std::ios::binary);
@@ -131,7 +135,7 @@ bool LanguageParser::ParseLayout()
     if (!parseJson(file, root))
         return false;
 
-    VKB_LOG(LOG_TRACE, "Layout Parse Successfully !\n");
+    VKB_LOG(LogTrace, "Layout Parse Successfully !\n");
     Json::Value& names = root["language"];
     for (Json::ArrayIndex i = 0; i < names.size(); ++i)
         m_layout_names.push_back(names[i].asString());
@@ -151,7 +155,7 @@ bool LanguageParser::ParseLayout()
     }
 
     // The author lists the bottom-right key last. In a catalogue without positions this asks for
-    // element -1: the library's error tells the author.
+    // element -1, and the library's error goes to the caller.
     Json::Value& last = positions[static_cast<int>(positions.size()) - 1];
     m_keyboard_width = extent(last["positionX"], last["width"], m_gap_x, m_cell_width);
     m_keyboard_height = extent(last["positionY"], last["height"], m_gap_y, m_cell_height);
@@ -160,7 +164,7 @@ bool LanguageParser::ParseLayout()
 
 std::vector<std::string>& LanguageParser::getLayoutsName()
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     if (m_layout_names.empty())
         ParseLayout();
     return m_layout_names;
@@ -169,13 +173,13 @@ std::vector<std::string>& LanguageParser::getLayoutsName()
 void LanguageParser::onLayoutchanged(std::string& name)
 {
     m_current_layout = name;
-    VKB_LOGF(LOG_TRACE, "Current Layout is :%s \n", m_current_layout.c_str());
+    VKB_LOGF(LogTrace, "Current Layout is :%s \n", m_current_layout.c_str());
     ParseCurrentLayoutKeyMaps();
 }
 
 bool LanguageParser::ParseCurrentLayoutKeyMaps()
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     m_default_keys.clear();
     m_symbol_keys.clear();
     m_default_shift_keys.clear();
@@ -191,7 +195,7 @@ bool LanguageParser::ParseCurrentLayoutKeyMaps()
     if (!parseJson(file, root))
         return false;
 
-    VKB_LOG(LOG_TRACE, "Current LayoutKeyMap Parse Successfully !\n");
+    VKB_LOG(LogTrace, "Current LayoutKeyMap Parse Successfully !\n");
     Json::Value& keys = root["Keys"];
     readKeys(keys["KeyMode_Default"], m_default_keys, m_default_shift_keys);
     readKeys(keys["KeyMode_Symbol"], m_symbol_keys, m_symbol_shift_keys);
@@ -200,7 +204,7 @@ bool LanguageParser::ParseCurrentLayoutKeyMaps()
 
 std::vector<Button_t>& LanguageParser::getKeyMap(std::string&, bool shift, bool alt)
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     std::vector<Button_t>& plain = alt ? m_symbol_keys : m_default_keys;
     std::vector<Button_t>& shifted = alt ? m_symbol_shift_keys : m_default_shift_keys;
     std::vector<Button_t>& selected = shift ? shifted : plain;

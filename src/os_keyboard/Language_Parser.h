@@ -1,3 +1,4 @@
+// The reader of layout files.
 #ifndef LANGUAGE_PARSER_H
 #define LANGUAGE_PARSER_H
 

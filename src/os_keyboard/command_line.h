@@ -1,3 +1,4 @@
+// How the test driver reads a line of commands.
 #ifndef COMMAND_LINE_H
 #define COMMAND_LINE_H
 

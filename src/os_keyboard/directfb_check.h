@@ -1,3 +1,4 @@
+// The one rule for DirectFB calls whose failure is fatal.
 #ifndef DIRECTFB_CHECK_H
 #define DIRECTFB_CHECK_H
 
@@ -13,8 +14,8 @@ namespace vkb
 {
 
 // For calls without which the keyboard cannot go on: reports a failed call and ends the
-// process. text is part of the diagnostics that testers match, so it is a string of its own
-// and keeps its blanks however the call beside it is formatted.
+// process. text is part of the message and keeps its blanks, so it is a string of its own however
+// the call beside it is formatted.
 inline void checkDirectFB(DFBResult result, const char* text)
 {
     if (result == DFB_OK)

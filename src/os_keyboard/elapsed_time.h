@@ -1,3 +1,4 @@
+// The test driver's clock.
 #ifndef ELAPSED_TIME_H
 #define ELAPSED_TIME_H
 
@@ -19,15 +20,14 @@ inline timespec monotonicNow()
     return now;
 }
 
-// Milliseconds between two readings as the testers' records have always had them: no second is
-// borrowed when the end's nanoseconds are not above the start's, so the figure is then 1000 ms
-// too high. Their older figures compare only with figures of the same arithmetic.
+// Milliseconds between two readings. No second is borrowed when the end's nanoseconds are not above
+// the start's, so the figure is then 1000 ms too high: kept.
 inline int64_t elapsedMilliseconds(const timespec& start, const timespec& end)
 {
     const int64_t nanoseconds = end.tv_nsec > start.tv_nsec
                                     ? int64_t(end.tv_nsec) - start.tv_nsec
                                     : INT64_C(1000000000) - start.tv_nsec + end.tv_nsec;
-    // 32 bits on purpose, the size of the television's seconds; unsigned, so that it wraps.
+    // 32 bits, and unsigned, so that it wraps: kept.
     const uint32_t seconds =
         static_cast<uint32_t>(end.tv_sec) - static_cast<uint32_t>(start.tv_sec);
     return nanoseconds / 1000000 + static_cast<int32_t>(1000 * seconds);

@@ -1,3 +1,7 @@
+// The test driver's `kb` commands: scripts of remote keys for one keyboard, each timed.
+// Texts, function names, line numbers and the order of calls are an interface, misspellings
+// included.
+
 #include "kb_test.h"
 
 #include <iostream>
@@ -17,22 +21,21 @@ namespace
 
 const useconds_t kStepPause = 500000; // microseconds
 
-// Never deleted and never cancelled: commands compose, each starts from what the last one left,
-// and the keyboard stays on the screen until the process ends.
+// Never deleted and never cancelled: each command starts from what the last one left.
 KeyBoardCore* g_test_core = nullptr;
 
 // OK on the focused key, and what it yielded. The log carries the low 8 bits of the key code as
 // a character, which is readable for keys that type ASCII.
 void kb_test_get_key(KeyBoardCore* core)
 {
-    VKB_LOG_TEXT(LOG_TRACE, 13, __func__, "called\n");
+    VKB_LOG_TEXT(LogTrace, 13, __func__, "called\n");
     const int result = core->onKeyEvent(RemoteOk);
     if (result == AnswerKeyResult) {
         const std::string key(1, static_cast<char>(core->getKeyBoardButton()));
-        VKB_LOG_FORMAT(LOG_TRACE, 20, __func__, VKB_LOG_HEADER "curernt key :%s\n", key.c_str());
+        VKB_LOG_FORMAT(LogTrace, 20, __func__, VKB_LOG_HEADER "curernt key :%s\n", key.c_str());
         return;
     }
-    VKB_LOG_FORMAT(LOG_TRACE, 22, __func__, VKB_LOG_HEADER "key result :%d\n", result);
+    VKB_LOG_FORMAT(LogTrace, 22, __func__, VKB_LOG_HEADER "key result :%d\n", result);
 }
 
 // What a script is made of. value is a key code or a number of seconds, where one is needed.
@@ -82,14 +85,14 @@ void show(KeyBoardCore* core, int)
 void expect_hidden(KeyBoardCore* core, int)
 {
     if (core->onKeyEvent(RemoteOk) == AnswerNotHandled)
-        VKB_LOG_TEXT(LOG_TRACE, 295, "kb_test_hide", "Hide VKB\n");
+        VKB_LOG_TEXT(LogTrace, 295, "kb_test_hide", "Hide VKB\n");
     else
-        VKB_LOG_TEXT(LOG_TRACE, 299, "kb_test_hide", "Failed to hide VKB\n");
+        VKB_LOG_TEXT(LogTrace, 299, "kb_test_hide", "Failed to hide VKB\n");
 }
 
 // How often a step is done, besides a fixed number of times. The count is read from the
 // parameter when its step comes, after the keys before it: a bad one ends the process there.
-enum Times { COUNT = -1, ONCE_WITHOUT_PARAMETER = -2 };
+enum Times { TimesOfParameter = -1, TimesOnceWithoutParameter = -2 };
 
 struct Step {
     void (*act)(KeyBoardCore* core, int value);
@@ -99,8 +102,6 @@ struct Step {
 
 const int kNoFirstLine = 0; // the first step logs it
 
-// Line numbers and texts are what the testers' tools look for, the reused and the misspelt ones
-// included: every record of a test ever kept is searched by them.
 struct Script {
     const char* command;
     const char* function;
@@ -111,25 +112,25 @@ struct Script {
     const char* time_format; // whole format, with the elapsed milliseconds
 };
 
-// Logged for four and for six commands, as their records have always had it.
+// One text for five commands and one for six: kept.
 const char* const kRightMoveTime = VKB_LOG_HEADER "=======>test right move using:%lld ms\n";
 const char* const kShowTime = VKB_LOG_HEADER "=======>test show using:%lld ms\n";
 
 // Written against the key positions of the default layout, from the focus on key 0. Three lines a
-// command, to be read beside the record of a test.
+// command.
 // clang-format off
 const Script kScripts[] = {
     {"left", "kb_test_left_move", 27, true,
-     {{move, RemoteLeft, COUNT}, {probe, 0, 1}},
+     {{move, RemoteLeft, TimesOfParameter}, {probe, 0, 1}},
      384, VKB_LOG_HEADER "=======>test left move using:%lld ms\n"},
     {"right", "kb_test_right_move", 38, true,
-     {{move, RemoteRight, COUNT}, {probe, 0, 1}},
+     {{move, RemoteRight, TimesOfParameter}, {probe, 0, 1}},
      389, kRightMoveTime},
     {"up", "kb_test_up_move", 49, true,
-     {{move, RemoteUp, COUNT}, {probe, 0, 1}},
+     {{move, RemoteUp, TimesOfParameter}, {probe, 0, 1}},
      394, VKB_LOG_HEADER "=======>test up move using:%lld ms\n"},
     {"down", "kb_test_down_move", 60, true,
-     {{move, RemoteDown, COUNT}, {probe, 0, 1}},
+     {{move, RemoteDown, TimesOfParameter}, {probe, 0, 1}},
      399, VKB_LOG_HEADER "=======>test down move using:%lld ms\n"},
     {"loop-left", "kb_test_loop_left", 71, false,
      {{move, RemoteLeft, 111}, {probe, 0, 1}},
@@ -147,22 +148,22 @@ const Script kScripts[] = {
      {{move, RemoteDown, 3}, {probe, 0, 1}, {wait_seconds, 5, 1}, {probe, 0, 1}},
      424, VKB_LOG_HEADER "=======>test shift using:%lld ms\n"},
     {"shift-right", "kb_test_shift_right", 127, true,
-     {{move, RemoteDown, 3}, {probe, 0, 1}, {move, RemoteRight, COUNT}, {probe, 0, 1}},
+     {{move, RemoteDown, 3}, {probe, 0, 1}, {move, RemoteRight, TimesOfParameter}, {probe, 0, 1}},
      429, VKB_LOG_HEADER "=======>test shift-right using:%lld ms\n"},
     {"shift-lock", "kb_test_shift_lock", 144, true,
-     {{move, RemoteDown, 3}, {probe_and_wait, 3, 1}, {probe_and_wait, 1, 1}, {move, RemoteRight, COUNT}, {probe, 0, 1}},
+     {{move, RemoteDown, 3}, {probe_and_wait, 3, 1}, {probe_and_wait, 1, 1}, {move, RemoteRight, TimesOfParameter}, {probe, 0, 1}},
      434, VKB_LOG_HEADER "=======>test shift-lock using:%lld ms\n"},
     {"alt", "kb_test_alt", 165, false,
      {{move, RemoteDown, 2}, {probe, 0, 1}, {wait_seconds, 5, 1}, {probe, 0, 1}},
      439, VKB_LOG_HEADER "=======>test alt using:%lld ms\n"},
     {"alt-right", "kb_test_alt_right", 178, true,
-     {{move, RemoteDown, 2}, {probe, 0, 1}, {move, RemoteRight, COUNT}, {probe, 0, 1}},
+     {{move, RemoteDown, 2}, {probe, 0, 1}, {move, RemoteRight, TimesOfParameter}, {probe, 0, 1}},
      444, VKB_LOG_HEADER "=======>test alt-right using:%lld ms\n"},
     {"alt-shift", "kb_test_alt_shift", 195, false,
      {{move, RemoteDown, 2}, {probe, 0, 1}, {rest, 0, 1}, {press, RemoteDown, 1}, {probe, 0, 1}},
      449, VKB_LOG_HEADER "=======>test alt-shift using:%lld ms\n"},
     {"language", "kb_test_language", 209, true,
-     {{press, RemoteRight, 1}, {probe, 0, ONCE_WITHOUT_PARAMETER}, {probe_and_wait, 5, COUNT}},
+     {{press, RemoteRight, 1}, {probe, 0, TimesOnceWithoutParameter}, {probe_and_wait, 5, TimesOfParameter}},
      454, VKB_LOG_HEADER "=======>test switch language using:%lld ms\n"},
     {"clear", "kb_test_clear", 237, false,
      {{press, RemoteDown, 1}, {move, RemoteRight, 13}, {probe, 0, 1}},
@@ -190,9 +191,9 @@ const Script kScripts[] = {
 
 int times(const Step& step, const std::string& param)
 {
-    if (step.times == COUNT)
+    if (step.times == TimesOfParameter)
         return std::stoi(param);
-    if (step.times == ONCE_WITHOUT_PARAMETER)
+    if (step.times == TimesOnceWithoutParameter)
         return param.empty() ? 1 : 0;
     return step.times;
 }
@@ -200,10 +201,10 @@ int times(const Step& step, const std::string& param)
 void run_script(const Script& script, KeyBoardCore* core, const std::string& param)
 {
     if (script.counts)
-        VKB_LOG_FORMAT(LOG_TRACE, script.first_line, script.function, VKB_LOG_HEADER "param:%s\n",
+        VKB_LOG_FORMAT(LogTrace, script.first_line, script.function, VKB_LOG_HEADER "param:%s\n",
                        param.c_str());
     else if (script.first_line != kNoFirstLine)
-        VKB_LOG_TEXT(LOG_TRACE, script.first_line, script.function, "called\n");
+        VKB_LOG_TEXT(LogTrace, script.first_line, script.function, "called\n");
 
     for (const Step& step : script.steps) {
         if (step.act == nullptr)
@@ -222,7 +223,7 @@ void handle_kb_tests(std::string cmd, std::string param)
 
         const timespec start = monotonicNow();
         run_script(script, g_test_core, param);
-        VKB_LOG_FORMAT(LOG_TRACE, script.time_line, __func__, script.time_format,
+        VKB_LOG_FORMAT(LogTrace, script.time_line, __func__, script.time_format,
                        static_cast<long long>(elapsedMilliseconds(start, monotonicNow())));
         return;
     }
@@ -230,11 +231,10 @@ void handle_kb_tests(std::string cmd, std::string param)
 
 void get_kb_inputs(std::string& cmd, std::string& param)
 {
-    VKB_LOG_TEXT(LOG_TRACE, 358, __func__, "=>pls input cmd  [parames]\n");
+    VKB_LOG_TEXT(LogTrace, 358, __func__, "=>pls input cmd  [parames]\n");
     std::string line;
     std::getline(std::cin, line);
-    // Not handed on: a tester's script for the renderer, which ends in a bare "quit", may run
-    // here without ending a keyboard that a serial line is connected to. "quit " does.
+    // Not handed on, unlike in the renderer's loop: "quit " with a blank ends this one. Kept.
     if (line == "quit")
         return;
     splitCommandLine(line, cmd, param);
@@ -244,7 +244,7 @@ void get_kb_inputs(std::string& cmd, std::string& param)
 
 int kb_test(std::string cmd, std::string param, IDirectFB* dfb, IDirectFBSurface* surface)
 {
-    VKB_LOG_FORMAT(LOG_TRACE, 307, __func__, VKB_LOG_HEADER "cmd:%s,param:%s\n", cmd.c_str(),
+    VKB_LOG_FORMAT(LogTrace, 307, __func__, VKB_LOG_HEADER "cmd:%s,param:%s\n", cmd.c_str(),
                    param.c_str());
     g_test_core = new KeyBoardCore();
     g_test_core->OnIMEStart(dfb, surface);
@@ -253,19 +253,18 @@ int kb_test(std::string cmd, std::string param, IDirectFB* dfb, IDirectFBSurface
         return 0;
     }
 
-    VKB_LOG_WHOLE(LOG_TRACE, 329, __func__, KB_USAGE_FORMAT);
-    // The end of the input reads as empty lines, and the loop goes on: a serial line that drops
-    // and comes back must find the keyboard as it was.
+    VKB_LOG_WHOLE(LogTrace, 329, __func__, KB_USAGE_FORMAT);
+    // The end of the input reads as empty lines, and the loop goes on: kept.
     for (;;) {
         std::string command;
         std::string parameter;
         get_kb_inputs(command, parameter);
-        VKB_LOG_FORMAT(LOG_TRACE, 334, __func__, VKB_LOG_HEADER "=>cmd:[%s] [%s] \n",
+        VKB_LOG_FORMAT(LogTrace, 334, __func__, VKB_LOG_HEADER "=>cmd:[%s] [%s] \n",
                        command.c_str(), shownParameter(parameter));
         if (command == "quit")
             return 0;
 
         handle_kb_tests(command, parameter);
-        VKB_LOG_WHOLE(LOG_TRACE, 351, __func__, KB_USAGE_FORMAT);
+        VKB_LOG_WHOLE(LogTrace, 351, __func__, KB_USAGE_FORMAT);
     }
 }

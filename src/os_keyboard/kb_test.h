@@ -1,3 +1,4 @@
+// The `kb` commands of the test driver.
 #ifndef KB_TEST_H
 #define KB_TEST_H
 
@@ -7,8 +8,8 @@
 
 #include "log.h"
 
-// The whole format of the usage line, shared with the program's entry. Testers know these words
-// by heart: commands added later are deliberately not in it.
+// The whole format of the usage line, shared with the program's entry. It does not list "getkey",
+// "shift-lock" and "alt-shift": kept.
 #define KB_USAGE_FORMAT                                                                            \
     VKB_LOG_HEADER                                                                                 \
     "\n\t Usage: bin  [kb] | cmd |  xxx \n"                                                        \

@@ -1,3 +1,7 @@
+// The test driver's display, and its `kbui` commands, which drive the renderer alone.
+// Texts, function names, line numbers and the order of calls are an interface, misspellings
+// included.
+
 #include "kb_ui_test.h"
 
 #include <iostream>
@@ -22,7 +26,7 @@ IDirectFBSurface* surface = nullptr;
 namespace
 {
 
-// The television's test image has its font here; the keyboard proper takes its own elsewhere.
+// Another path than the keyboard's own font: kept.
 const char* const kTestFont = "/opt/font/TarvoL2700.ttf";
 const int kTestFontSize = 30; // pixels
 
@@ -82,25 +86,25 @@ void kb_ui_test_init_lines()
 int countParameter(const std::string& param, const char* function)
 {
     const int count = param.empty() ? kDefaultPasses : std::stoi(param);
-    VKB_LOG_FORMAT(LOG_TRACE, __LINE__, function, VKB_LOG_HEADER "param:%d\n", count);
+    VKB_LOG_FORMAT(LogTrace, __LINE__, function, VKB_LOG_HEADER "param:%d\n", count);
     return count;
 }
 
 void kb_ui_test_draw(const std::string&)
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     g_test_ui->draw(true);
 }
 
 void kb_ui_test_hide(const std::string&)
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     g_test_ui->hide();
 }
 
 void kb_ui_test_show(const std::string&)
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     g_test_ui->show();
 }
 
@@ -123,9 +127,9 @@ void kb_ui_test_loop_draw(const std::string& param)
 
 void kb_ui_test_loop_focus(const std::string& param)
 {
-    VKB_LOGF(LOG_TRACE, "param:%s\n", param.c_str());
+    VKB_LOGF(LogTrace, "param:%s\n", param.c_str());
     int passes = countParameter(param, __func__);
-    // A negative count is a tester's "for long": as long as the longest.
+    // A negative count is as long as the longest: kept.
     if (passes < 0 || passes > kMaxFocusPasses)
         passes = kMaxFocusPasses;
 
@@ -153,7 +157,6 @@ void kb_ui_test_lock(const std::string&)
     g_test_ui->setLocked(locked);
 }
 
-// Testers' scripts match these lines to the letter, each as its command has always written it.
 struct UiCommand {
     const char* name;
     void (*run)(const std::string& param);
@@ -184,10 +187,10 @@ void handle_tests(std::string cmd, std::string param)
             continue;
 
         if (command.announcement != nullptr)
-            VKB_LOGF(LOG_TRACE, "%s\n", command.announcement);
+            VKB_LOGF(LogTrace, "%s\n", command.announcement);
         const timespec start = monotonicNow();
         command.run(param);
-        VKB_LOG_FORMAT(LOG_TRACE, __LINE__, __func__, command.time_format,
+        VKB_LOG_FORMAT(LogTrace, __LINE__, __func__, command.time_format,
                        static_cast<long long>(elapsedMilliseconds(start, monotonicNow())));
         return;
     }
@@ -195,7 +198,7 @@ void handle_tests(std::string cmd, std::string param)
 
 void get_inputs(std::string& cmd, std::string& param)
 {
-    VKB_LOG(LOG_TRACE, "=>pls input cmd  [parames]\n");
+    VKB_LOG(LogTrace, "=>pls input cmd  [parames]\n");
     std::string line;
     std::getline(std::cin, line);
     splitCommandLine(line, cmd, param);
@@ -214,8 +217,7 @@ void initDFB(int argc, char** argv, Rect_t rect)
     checkDirectFB(DirectFBCreate(&dfb), "DirectFBCreate(&dfb)");
     checkDirectFB(dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &layer),
                   "dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &layer)");
-    // Set before the window, without which no window can be created on a shared layer, and
-    // again after it, because creating a window may take the level back.
+    // Set twice, before and after the window: kept.
     checkDirectFB(layer->SetCooperativeLevel(layer, DLSCL_ADMINISTRATIVE),
                   "layer->SetCooperativeLevel(layer, DLSCL_ADMINISTRATIVE)");
     checkDirectFB(layer->CreateWindow(layer, &win_desc, &window),
@@ -230,7 +232,7 @@ void initDFB(int argc, char** argv, Rect_t rect)
 
 int kb_ui_test(std::string cmd, std::string param)
 {
-    VKB_LOGF(LOG_TRACE, "cmd:%s,param:%s\n", cmd.c_str(), param.c_str());
+    VKB_LOGF(LogTrace, "cmd:%s,param:%s\n", cmd.c_str(), param.c_str());
     g_test_ui = new KeyBoardUI(dfb, surface);
     kb_ui_test_init_lines();
     g_test_ui->setLayoutData(&g_test_lines, kTestFontSize, kTestFont);
@@ -239,16 +241,15 @@ int kb_ui_test(std::string cmd, std::string param)
         return 0;
     }
 
-    // The end of the input reads as empty lines, and the loop goes on: a serial line that drops
-    // and comes back must find the keyboard as it was.
+    // The end of the input reads as empty lines, and the loop goes on: kept.
     for (;;) {
-        // Testers know this text; commands added later are deliberately not in it.
-        VKB_LOG(LOG_TRACE, "usage:\t =>cmd:[show|hide|draw | loop-showhide |loop-draw | "
-                           "loop-focus ] \n\n");
+        // "press" and "lock" are not in it: kept.
+        VKB_LOG(LogTrace, "usage:\t =>cmd:[show|hide|draw | loop-showhide |loop-draw | "
+                          "loop-focus ] \n\n");
         std::string command;
         std::string parameter;
         get_inputs(command, parameter);
-        VKB_LOGF(LOG_TRACE, "=>cmd:[%s] [%s] \n", command.c_str(), shownParameter(parameter));
+        VKB_LOGF(LogTrace, "=>cmd:[%s] [%s] \n", command.c_str(), shownParameter(parameter));
         if (command.find("quit") != std::string::npos)
             return 0;
 

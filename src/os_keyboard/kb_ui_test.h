@@ -1,3 +1,4 @@
+// The display of the test driver, and its `kbui` commands.
 #ifndef KB_UI_TEST_H
 #define KB_UI_TEST_H
 

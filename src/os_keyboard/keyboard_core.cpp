@@ -1,10 +1,13 @@
+// The keyboard's state and logic: window, layouts, focus, modes, key results.
+// Texts, function names, line numbers and the order of calls are an interface, misspellings
+// included.
+
 #include "keyboard_core.h"
 
 #include <cstdlib>
 
 #include "Language_Parser.h"
 #include "directfb_check.h"
-#include "keyboard_constants.h"
 #include "keyboard_ui.h"
 #include "log.h"
 #include "window_description.h"
@@ -19,9 +22,8 @@ namespace vkb
 namespace
 {
 
-// Shared by all cores: a television shows one keyboard, and its window stands
-// however many hosts start one. Layer and surface are never released, since
-// another core may still draw on them.
+// Shared by all cores of the process. Layer and surface are never released; the window is destroyed
+// with the keyboard. Both are kept so.
 IDirectFBDisplayLayer* os_layer = nullptr;
 IDirectFBWindow* os_window = nullptr;
 IDirectFBSurface* os_surface = nullptr;
@@ -48,7 +50,7 @@ const RemoteKey kRemoteKeys[] = {
     {RemoteDown, &KeyBoardCore::DownMoveProc},
 };
 
-// A special key is told by its text; a layout may write it in either case.
+// A special key is told by its text, in one of two spellings.
 struct SpecialKey {
     const char* text;
     int (KeyBoardCore::*handler)();
@@ -68,10 +70,10 @@ KeyBoardCore::KeyBoardCore()
       m_shift_lock(false), m_alt_mode(false), m_keyboard_status(false), m_is_show(false),
       m_layout_index(0)
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     const char* font = std::getenv(kFontVariable);
     if (font == nullptr) {
-        VKB_LOG(LOG_ERROR, "VIRTUAL_KEYBOARD_FONT_PATH undefine!\n");
+        VKB_LOG(LogError, "VIRTUAL_KEYBOARD_FONT_PATH undefine!\n");
         font = kDefaultFont;
     }
     m_font_path = font;
@@ -79,25 +81,24 @@ KeyBoardCore::KeyBoardCore()
 
 KeyBoardCore::~KeyBoardCore()
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     releaseKeyboard();
 }
 
 void KeyBoardCore::OnIMEStart(IDirectFB* dfb, IDirectFBSurface* surface)
 {
-    VKB_LOGF(LOG_TRACE, "KeyboardStatus:%d\n", m_keyboard_status);
+    VKB_LOGF(LogTrace, "KeyboardStatus:%d\n", m_keyboard_status);
     if (m_keyboard_status) {
         Show();
         return;
     }
 
-    // A start that found no layout leaves these two behind; the next one builds
-    // new ones beside them, because the host may have put the layouts in place
-    // meanwhile.
+    // A start that found no layout leaves parser and renderer behind, and the next one builds new
+    // ones: kept.
     m_parser = new LanguageParser();
     CreateDFBWindow(dfb, surface);
-    // Without a readable catalogue the keyboard has no size, and no window can be
-    // made of it: it then stays without a renderer and is not started.
+    // Without a readable catalogue the keyboard has no size, and DirectFB makes no window of it: it
+    // then stays without a renderer and is not started.
     if (os_window != nullptr)
         m_ui = new KeyBoardUI(dfb, os_surface);
     enter();
@@ -105,7 +106,7 @@ void KeyBoardCore::OnIMEStart(IDirectFB* dfb, IDirectFBSurface* surface)
 
 void KeyBoardCore::OnIMECancelled()
 {
-    VKB_LOG(LOG_TRACE, "IME Cancel:-- \n");
+    VKB_LOG(LogTrace, "IME Cancel:-- \n");
     releaseKeyboard();
 }
 
@@ -130,12 +131,13 @@ void KeyBoardCore::CreateDFBWindow(IDirectFB* dfb, IDirectFBSurface*)
         checkDirectFB(dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &os_layer),
                       "dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &os_layer)");
     if (os_window == nullptr) {
-        VKB_LOG(LOG_DETAIL, "CreateDFBWindow!\n\n");
-        const DFBWindowDescription desc =
-            windowDescription(kWindowX, kWindowY, getWidth(), getHeight());
+        VKB_LOG(LogDetail, "CreateDFBWindow!\n\n");
+        // One after the other: each may log, the width first.
+        const int width = getWidth();
+        const int height = getHeight();
+        const DFBWindowDescription desc = windowDescription(kWindowX, kWindowY, width, height);
         os_layer->CreateWindow(os_layer, &desc, &os_window);
-        // After the window: the browser holds the level already, and this only
-        // takes it back from whoever changed it while the window was made.
+        // After the window: kept.
         os_layer->SetCooperativeLevel(os_layer, DLSCL_ADMINISTRATIVE);
         if (os_window == nullptr)
             return;
@@ -153,19 +155,19 @@ void KeyBoardCore::HideDFBWindow()
 
 void KeyBoardCore::enter()
 {
-    VKB_LOG(LOG_TRACE, "enter the VKB!\n\n");
+    VKB_LOG(LogTrace, "enter the VKB!\n\n");
     m_layout_names = m_parser->getLayoutsName();
-    VKB_LOGF(LOG_TRACE, "language num :%d \n", static_cast<int>(m_layout_names.size()));
+    VKB_LOGF(LogTrace, "language num :%d \n", static_cast<int>(m_layout_names.size()));
     if (m_layout_names.empty()) {
-        // A trace, no error: a television sold without layouts is not at fault.
-        VKB_LOG(LOG_TRACE, "Read language name error! \n");
+        // A trace line, no error line: kept.
+        VKB_LOG(LogTrace, "Read language name error! \n");
         return;
     }
 
     onLayoutChanged();
     updateKeyMap();
     if (m_ui == nullptr) {
-        VKB_LOG(LOG_ERROR, "Can not find Keboard UI!\n\n");
+        VKB_LOG(LogError, "Can not find Keboard UI!\n\n");
         return;
     }
     m_ui->show();
@@ -174,18 +176,17 @@ void KeyBoardCore::enter()
     m_keyboard_status = true;
 }
 
-// A hook for hosts that call it on leaving a text field: the keyboard stays as
-// it is.
+// A hook that only logs: kept.
 void KeyBoardCore::leave()
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
 }
 
 void KeyBoardCore::Show()
 {
-    VKB_LOG(LOG_TRACE, "Show the VKB!\n\n");
+    VKB_LOG(LogTrace, "Show the VKB!\n\n");
     if (m_ui == nullptr) {
-        VKB_LOG(LOG_ERROR, "Can not find Keboard UI!\n\n");
+        VKB_LOG(LogError, "Can not find Keboard UI!\n\n");
         return;
     }
     m_ui->show();
@@ -195,9 +196,9 @@ void KeyBoardCore::Show()
 
 void KeyBoardCore::Hide()
 {
-    VKB_LOG(LOG_TRACE, "Hide the VKB!\n\n");
+    VKB_LOG(LogTrace, "Hide the VKB!\n\n");
     if (m_ui == nullptr) {
-        VKB_LOG(LOG_ERROR, "Can not find Keboard UI!\n\n");
+        VKB_LOG(LogError, "Can not find Keboard UI!\n\n");
         return;
     }
     m_ui->hide();
@@ -217,7 +218,7 @@ bool KeyBoardCore::isKeyBoardEnable()
 int KeyBoardCore::getWidth()
 {
     if (m_parser == nullptr) {
-        VKB_LOG(LOG_ERROR, "Can not find Keboard parser!\n\n");
+        VKB_LOG(LogError, "Can not find Keboard parser!\n\n");
         return kDefaultWidth;
     }
     return m_parser->keyboardWidth();
@@ -226,14 +227,13 @@ int KeyBoardCore::getWidth()
 int KeyBoardCore::getHeight()
 {
     if (m_parser == nullptr) {
-        VKB_LOG(LOG_ERROR, "Can not find Keboard parser!\n\n");
+        VKB_LOG(LogError, "Can not find Keboard parser!\n\n");
         return kDefaultHeight;
     }
     return m_parser->keyboardHeight();
 }
 
-// A hook for hosts that tell the system's language: viewers choose the layout
-// themselves.
+// An empty hook: kept.
 void KeyBoardCore::notifySysLanguage(std::string) {}
 
 void KeyBoardCore::onLayoutChanged()
@@ -242,9 +242,9 @@ void KeyBoardCore::onLayoutChanged()
         m_layout_index = 0;
     m_layout_name = m_layout_names[m_layout_index];
     ++m_layout_index;
-    VKB_LOGF(LOG_TRACE, "language name :%s \n", m_layout_name.c_str());
+    VKB_LOGF(LogTrace, "language name :%s \n", m_layout_name.c_str());
     if (m_parser == nullptr) {
-        VKB_LOG(LOG_ERROR, "Can not find Keboard parser!\n\n");
+        VKB_LOG(LogError, "Can not find Keboard parser!\n\n");
         return;
     }
     m_shift_mode = false;
@@ -260,11 +260,11 @@ void KeyBoardCore::updateKeyMap()
     if (m_layout_name.empty())
         m_layout_name = kFallbackLayout;
     if (m_parser == nullptr) {
-        VKB_LOG(LOG_ERROR, "Can not find Keboard parser!\n\n");
+        VKB_LOG(LogError, "Can not find Keboard parser!\n\n");
         return;
     }
     if (m_ui == nullptr) {
-        VKB_LOG(LOG_ERROR, "Can not find Keboard UI!\n\n");
+        VKB_LOG(LogError, "Can not find Keboard UI!\n\n");
         return;
     }
     m_key_map = m_parser->getKeyMap(m_layout_name, m_shift_mode, m_alt_mode);
@@ -280,20 +280,20 @@ int KeyBoardCore::updateKeyBoardUI()
 
 Button_t KeyBoardCore::getTargetButtonByButtonId(int id)
 {
-    VKB_LOGF(LOG_TRACE, "Target button num is %d\n", id);
+    VKB_LOGF(LogTrace, "Target button num is %d\n", id);
     // Unsigned, so that a negative id is out of range too.
     if (static_cast<unsigned int>(id) < m_key_map.size())
         m_focus_button = m_key_map[static_cast<unsigned int>(id)];
     else
-        VKB_LOG(LOG_ERROR, "Target keybutton is error,no need to change focus!\n");
+        VKB_LOG(LogError, "Target keybutton is error,no need to change focus!\n");
     return m_focus_button;
 }
 
 int KeyBoardCore::FocusButtonChangedTo(int id)
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     m_focus_button = getTargetButtonByButtonId(id);
-    VKB_LOGF(LOG_TRACE, "focus button:%s\n", m_focus_button.text.c_str());
+    VKB_LOGF(LogTrace, "focus button:%s\n", m_focus_button.text.c_str());
     // Locks first: painting them takes the frame away.
     sendLockButtonToUI();
     return sendFocusButtonToUI();
@@ -302,7 +302,7 @@ int KeyBoardCore::FocusButtonChangedTo(int id)
 int KeyBoardCore::sendFocusButtonToUI()
 {
     if (m_ui == nullptr) {
-        VKB_LOG(LOG_ERROR, "Can not find Keboard UI!\n");
+        VKB_LOG(LogError, "Can not find Keboard UI!\n");
         return 0;
     }
     m_ui->setfocus(m_focus_button);
@@ -312,22 +312,21 @@ int KeyBoardCore::sendFocusButtonToUI()
 int KeyBoardCore::sendLockButtonToUI()
 {
     if (m_ui == nullptr) {
-        VKB_LOG(LOG_ERROR, "Can not find Keboard UI!\n");
+        VKB_LOG(LogError, "Can not find Keboard UI!\n");
         return 0;
     }
     m_ui->setLocked(m_lock_buttons);
     return 1;
 }
 
-// A move towards no neighbour is handled all the same: while the keyboard is
-// shown, the page must not scroll under it.
+// A move towards no neighbour is handled too: the host sees every arrow key as consumed.
 int KeyBoardCore::moveFocus(const char* procedure, int32_t neighbour)
 {
-    VKB_LOG_TEXT(LOG_TRACE, __LINE__, procedure, "called\n");
+    VKB_LOG_TEXT(LogTrace, __LINE__, procedure, "called\n");
     if (FocusButtonChangedTo(neighbour) != 0)
         return AnswerConsumed;
 
-    VKB_LOG_TEXT(LOG_ERROR, __LINE__, procedure, "Failed to handle the key!\n");
+    VKB_LOG_TEXT(LogError, __LINE__, procedure, "Failed to handle the key!\n");
     return AnswerNotHandled;
 }
 
@@ -353,7 +352,7 @@ int KeyBoardCore::DownMoveProc()
 
 int KeyBoardCore::onKeyEvent(int keyCode)
 {
-    VKB_LOGF(LOG_TRACE, "Received Keycode: %d\n", keyCode);
+    VKB_LOGF(LogTrace, "Received Keycode: %d\n", keyCode);
     if (!m_keyboard_status)
         return AnswerNotHandled;
     if (!m_is_show)
@@ -368,7 +367,7 @@ int KeyBoardCore::onKeyEvent(int keyCode)
 
 int KeyBoardCore::EnterPressProc()
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     if (m_focus_button.isSpecial)
         return specialButtonHandle();
     if (m_focus_button.keyCode < 0)
@@ -386,12 +385,12 @@ int KeyBoardCore::EnterPressProc()
 
 bool KeyBoardCore::setKeyBoardButton()
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     m_button = OsButton_t();
     m_button.keyCode = m_focus_button.keyCode;
     m_button.text = m_focus_button.text;
     m_button.character = m_focus_button.character;
-    VKB_LOGF(LOG_RESULT, "keycode:0x%x\n", static_cast<unsigned int>(m_button.keyCode));
+    VKB_LOGF(LogResult, "keycode:0x%x\n", static_cast<unsigned int>(m_button.keyCode));
     // Alt has no modifier: the symbol set's keys carry codes of their own.
     if (m_shift_mode)
         m_button.modifier = kShiftModifier;
@@ -407,13 +406,13 @@ int KeyBoardCore::specialButtonHandle()
     if (m_focus_button.isLanguage)
         return languageButtonHandle();
 
-    VKB_LOG(LOG_ERROR, "Maybe not special key!\n");
+    VKB_LOG(LogError, "Maybe not special key!\n");
     return AnswerNotHandled;
 }
 
 int KeyBoardCore::shiftButtonHandle()
 {
-    VKB_LOGF(LOG_TRACE, "ShiftMode:%d!\n", m_shift_mode);
+    VKB_LOGF(LogTrace, "ShiftMode:%d!\n", m_shift_mode);
     if (!m_shift_mode) {
         m_shift_mode = true;
         m_lock_buttons.push_back(m_focus_button);
@@ -432,8 +431,8 @@ int KeyBoardCore::shiftButtonHandle()
 
 int KeyBoardCore::altButtonHandle()
 {
-    // Shift's message, which the testers' tools look for after either key.
-    VKB_LOGF(LOG_TRACE, "ShiftMode:%d!\n", m_alt_mode);
+    // Shift's message for Alt too: kept.
+    VKB_LOGF(LogTrace, "ShiftMode:%d!\n", m_alt_mode);
     if (!m_alt_mode) {
         m_alt_mode = true;
         m_lock_buttons.push_back(m_focus_button);
@@ -446,15 +445,14 @@ int KeyBoardCore::altButtonHandle()
     return AnswerConsumed;
 }
 
-// What updateKeyBoardUI does, but with the focus line under the handler's name
-// and without a line from FocusButtonChangedTo: the log tells a mode that went
-// off from one that came on.
+// What updateKeyBoardUI does, but with the focus line under the handler's name and without a line
+// from FocusButtonChangedTo: kept.
 void KeyBoardCore::refreshAfterUnlock(const char* handler)
 {
     updateKeyMap();
     m_ui->draw(true);
     m_focus_button = getTargetButtonByButtonId(m_focus_button.id);
-    VKB_LOG_FORMAT(LOG_TRACE, __LINE__, handler, VKB_LOG_HEADER "focus button:%s\n",
+    VKB_LOG_FORMAT(LogTrace, __LINE__, handler, VKB_LOG_HEADER "focus button:%s\n",
                    m_focus_button.text.c_str());
     sendLockButtonToUI();
     sendFocusButtonToUI();
@@ -468,22 +466,21 @@ int KeyBoardCore::hideButtonHandle()
 
 int KeyBoardCore::languageButtonHandle()
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     onLayoutChanged();
     updateKeyBoardUI();
     return AnswerConsumed;
 }
 
-// The host does the clearing. No character was typed, so Shift once stays for
-// the next one.
+// The host does the clearing. Shift for one key stays, unlike with an ordinary key: kept.
 int KeyBoardCore::clearButtonHandle()
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     return setKeyBoardButton() ? AnswerKeyResult : AnswerNotHandled;
 }
 
-// The comparison is exact: a layout that labels its key "shift" keeps it drawn
-// as locked until the next layout change, although the mode goes off.
+// The comparison is exact: a key labelled "shift" or "alt" stays drawn as locked until the next
+// layout change, although the mode goes off. Kept.
 void KeyBoardCore::removeLockButton(std::string text)
 {
     std::vector<Button_t>::iterator lock = m_lock_buttons.begin();
@@ -493,11 +490,11 @@ void KeyBoardCore::removeLockButton(std::string text)
             continue;
         }
         lock = m_lock_buttons.erase(lock);
-        VKB_LOGF(LOG_TRACE, "Cancel button(%s)focus!\n", text.c_str());
+        VKB_LOGF(LogTrace, "Cancel button(%s)focus!\n", text.c_str());
     }
 }
 
-// For hosts that mark keys of their own; the keyboard does not use it.
+// Offered to the host; the keyboard does not use it.
 void KeyBoardCore::updateLockButton()
 {
     if (!m_lock_buttons.empty())
@@ -507,14 +504,14 @@ void KeyBoardCore::updateLockButton()
 
 void KeyBoardCore::getKeyBoardButton(OsButton_t& out)
 {
-    VKB_LOGF(LOG_TRACE, "button.text = %s,button.keyCode = %d,button.modifier = %d\n",
+    VKB_LOGF(LogTrace, "button.text = %s,button.keyCode = %d,button.modifier = %d\n",
              m_button.text.c_str(), m_button.keyCode, m_button.modifier);
     out = m_button;
 }
 
 int KeyBoardCore::getKeyBoardButton()
 {
-    VKB_LOGF(LOG_TRACE, "button.text = %s,button.keyCode = %d\n", m_button.text.c_str(),
+    VKB_LOGF(LogTrace, "button.text = %s,button.keyCode = %d\n", m_button.text.c_str(),
              m_button.keyCode);
     return m_button.keyCode;
 }

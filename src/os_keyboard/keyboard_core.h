@@ -1,3 +1,4 @@
+// What a host embeds: the keyboard.
 #ifndef KEYBOARD_CORE_H
 #define KEYBOARD_CORE_H
 
@@ -7,6 +8,7 @@
 
 #include <directfb.h>
 
+#include "keyboard_constants.h"
 #include "keyboard_types.h"
 
 namespace velmora
@@ -26,12 +28,17 @@ class LanguageParser;
 /// own: what goes wrong is a line in the log. A DirectFB call that is needed for drawing and fails
 /// ends the process through DirectFBErrorFatal; what the JSON library throws for a layout file
 /// with values of impossible types passes through. All cores of a process share one window on the
-/// primary layer, at (600, 600) and as large as the catalogue says.
+/// primary layer, at kWindowX, kWindowY and as large as the catalogue says.
 class KeyBoardCore
 {
 public:
-    /// The font is the file named by the environment variable VIRTUAL_KEYBOARD_FONT_PATH; without
-    /// it, the television's own, and an error line says so. Nothing is opened yet.
+    /// \name What a host calls
+    /// Start when a text field wants input; feed each remote key; on answer 1 collect the key
+    /// result; hide or cancel when the field is left.
+    /// @{
+
+    /// The font is the file named by the environment variable kFontVariable; without it,
+    /// kDefaultFont, and an error line says so. Nothing is opened yet.
     KeyBoardCore();
 
     /// Does what OnIMECancelled does. The host deletes the core that it made.
@@ -47,17 +54,19 @@ public:
     /// \param surface the page's own; not used, the keyboard draws on its window.
     void OnIMEStart(IDirectFB* dfb, IDirectFBSurface* surface);
 
-    /// Text input ends: the window is destroyed, renderer and layouts are deleted. The next start
-    /// begins at the first layout. isShow keeps its value.
-    void OnIMECancelled();
+    /// Whether the keyboard is started, shown or not.
+    bool isKeyBoardEnable();
 
-    /// The second half of the first start, after window and renderer: layouts, first layout, focus
-    /// on key 0. To be called between OnIMEStart and OnIMECancelled only. Logs "Read language name
-    /// error! " when there is no layout.
-    void enter();
+    /// Takes one key of the remote control and redraws what it changes. Every code is logged.
+    /// \param keyCode a RemoteKeyCode; any other code is not handled.
+    /// \return a KeyAnswer: 0 used up by the keyboard; 1 a key result is ready for
+    /// getKeyBoardButton; 2 not handled: not started, hidden, another code, or a special key that
+    /// is none.
+    int onKeyEvent(int keyCode);
 
-    /// For hosts that call it on leaving a text field; only logs. Use Hide or OnIMECancelled.
-    void leave();
+    /// Copies the last key result. It stays until the next one, and is all zero and empty before
+    /// the first. Its code is logged.
+    void getKeyBoardButton(OsButton_t& out);
 
     /// Shows the keyboard with the focus where it was, or hides it by making its window's pixels
     /// transparent. Hidden, it stays started and answers every key with 2. Without a renderer both
@@ -69,29 +78,44 @@ public:
     /// it; also the layout's own hide key ends it.
     bool isShow();
 
-    /// Whether the keyboard is started, shown or not.
-    bool isKeyBoardEnable();
+    /// Text input ends: the window is destroyed, renderer and layouts are deleted. The next start
+    /// begins at the first layout. isShow keeps its value.
+    void OnIMECancelled();
+
+    /// @}
+    /// \name What a host may ask besides
+    /// @{
+
+    /// The key code alone of the last key result; 0 before the first.
+    int getKeyBoardButton();
+
+    /// The current layout's name, as the catalogue writes it; empty before the first start. The
+    /// string lives as long as the core and changes with the layout. Logs nothing.
+    const std::string& currentLayout() const { return m_layout_name; }
 
     /// Size of the keyboard in pixels, from the catalogue; 805 by 255 and an error line while the
     /// keyboard is not started.
     int getWidth();
     int getHeight(); ///< See getWidth.
 
+    /// For hosts that call it on leaving a text field; only logs. Use Hide or OnIMECancelled.
+    void leave();
+
     /// For hosts that tell the system's language; does nothing, the viewer chooses the layout.
     void notifySysLanguage(std::string language);
 
-    /// Takes one key of the remote control and redraws what it changes. Every code is logged.
-    /// \param keyCode the browser's key event code: 13 OK, 37 left, 38 up, 39 right, 40 down.
-    /// \return 0 used up by the keyboard; 1 a key result is ready for getKeyBoardButton; 2 not
-    /// handled: not started, hidden, another code, or a special key that is none.
-    int onKeyEvent(int keyCode);
+    /// Puts the focused key in the place of the last locked one; does not redraw. The keyboard
+    /// itself does not use it.
+    void updateLockButton();
 
-    /// Copies the last key result. It stays until the next one, and is all zero and empty before
-    /// the first. Its code is logged.
-    void getKeyBoardButton(OsButton_t& out);
+    /// Makes the window transparent and puts it lowest. For started keyboards only; the keyboard's
+    /// own state is not touched, so that CreateDFBWindow brings it back as it was.
+    void HideDFBWindow();
 
-    /// The key code alone of the last key result; 0 before the first.
-    int getKeyBoardButton();
+    /// @}
+    /// \name Steps of a start and of a layout change
+    /// Part of the calls above; no host needs them.
+    /// @{
 
     /// Opens the window unless there is one, and makes it opaque and topmost; part of OnIMEStart.
     /// The window belongs to the process and goes with the cancel. A failing GetDisplayLayer ends
@@ -100,9 +124,10 @@ public:
     /// \param surface not used.
     void CreateDFBWindow(IDirectFB* dfb, IDirectFBSurface* surface);
 
-    /// Makes the window transparent and puts it lowest. For started keyboards only; the keyboard's
-    /// own state is not touched, so that CreateDFBWindow brings it back as it was.
-    void HideDFBWindow();
+    /// The second half of the first start, after window and renderer: layouts, first layout, focus
+    /// on key 0. To be called between OnIMEStart and OnIMECancelled only. Logs "Read language name
+    /// error! " when there is no layout.
+    void enter();
 
     /// Steps to the next layout's keys, the first one behind the last, with Shift and Alt off and
     /// nothing locked. Does not redraw. For started keyboards only.
@@ -115,6 +140,10 @@ public:
     /// updateKeyMap, a full redraw and the focus again. For started keyboards only.
     /// \return as of FocusButtonChangedTo.
     int updateKeyBoardUI();
+
+    /// @}
+    /// \name Steps of a focus move
+    /// @{
 
     /// Makes the key at this position the focused one, without drawing.
     /// \param id a position in the key set; one outside it changes nothing and logs an error line.
@@ -139,6 +168,10 @@ public:
     int RightMoveProc(); ///< See LeftMoveProc.
     int UpMoveProc();    ///< See LeftMoveProc.
     int DownMoveProc();  ///< See LeftMoveProc.
+
+    /// @}
+    /// \name Steps of a key press
+    /// @{
 
     /// OK on the focused key. An ordinary key gives a key result and ends a Shift for one key; one
     /// with a negative code gives nothing.
@@ -169,9 +202,7 @@ public:
     /// logged.
     void removeLockButton(std::string text);
 
-    /// Puts the focused key in the place of the last locked one; does not redraw. For hosts that
-    /// mark keys of their own.
-    void updateLockButton();
+    /// @}
 
 private:
     int moveFocus(const char* procedure, int32_t neighbour);

@@ -1,3 +1,4 @@
+// The records of a layout's keys and of a key result.
 #ifndef KEYBOARD_TYPES_H
 #define KEYBOARD_TYPES_H
 

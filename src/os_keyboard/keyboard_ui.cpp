@@ -1,3 +1,7 @@
+// Paints keys on a surface, and nothing but painting.
+// Texts, function names, line numbers and the order of calls are an interface, misspellings
+// included.
+
 #include "keyboard_ui.h"
 
 #include <unistd.h>
@@ -39,7 +43,7 @@ Colour split(unsigned int argb)
             static_cast<u8>(argb >> 24)};
 }
 
-enum Edge { LEFT, TOP, RIGHT, BOTTOM };
+enum Edge { EdgeLeft, EdgeTop, EdgeRight, EdgeBottom };
 
 // A line along a whole edge of a key, moved towards the key's middle by inset
 // pixels.
@@ -49,14 +53,14 @@ struct EdgeLine {
     const char* text;
 };
 
-const EdgeLine kLeft = {LEFT, 0, "m_surface->DrawLine(m_surface,x,y,x,y+h)"};
-const EdgeLine kTop = {TOP, 0, "m_surface->DrawLine(m_surface,x,y,x+w,y)"};
-const EdgeLine kRight = {RIGHT, 0, "m_surface->DrawLine(m_surface,x+w,y,x+w,y+h)"};
-const EdgeLine kBottom = {BOTTOM, 0, "m_surface->DrawLine(m_surface,x,y+h,x+w,y+h)"};
-const EdgeLine kInnerLeft = {LEFT, 1, "m_surface->DrawLine(m_surface,x+1,y,x+1,y+h)"};
-const EdgeLine kInnerTop = {TOP, 1, "m_surface->DrawLine(m_surface,x,y+1,x+w,y+1)"};
-const EdgeLine kInnerRight = {RIGHT, 1, "m_surface->DrawLine(m_surface,x+w-1,y,x+w-1,y+h)"};
-const EdgeLine kInnerBottom = {BOTTOM, 1, "m_surface->DrawLine(m_surface,x,y+h-1,x+w,y+h-1)"};
+const EdgeLine kLeft = {EdgeLeft, 0, "m_surface->DrawLine(m_surface,x,y,x,y+h)"};
+const EdgeLine kTop = {EdgeTop, 0, "m_surface->DrawLine(m_surface,x,y,x+w,y)"};
+const EdgeLine kRight = {EdgeRight, 0, "m_surface->DrawLine(m_surface,x+w,y,x+w,y+h)"};
+const EdgeLine kBottom = {EdgeBottom, 0, "m_surface->DrawLine(m_surface,x,y+h,x+w,y+h)"};
+const EdgeLine kInnerLeft = {EdgeLeft, 1, "m_surface->DrawLine(m_surface,x+1,y,x+1,y+h)"};
+const EdgeLine kInnerTop = {EdgeTop, 1, "m_surface->DrawLine(m_surface,x,y+1,x+w,y+1)"};
+const EdgeLine kInnerRight = {EdgeRight, 1, "m_surface->DrawLine(m_surface,x+w-1,y,x+w-1,y+h)"};
+const EdgeLine kInnerBottom = {EdgeBottom, 1, "m_surface->DrawLine(m_surface,x,y+h-1,x+w,y+h-1)"};
 
 // End points, both drawn.
 DFBRegion ends(const EdgeLine& line, const Rect_t& rect)
@@ -66,11 +70,11 @@ DFBRegion ends(const EdgeLine& line, const Rect_t& rect)
     const int right = left + rect.width;
     const int bottom = top + rect.height;
 
-    if (line.edge == LEFT)
+    if (line.edge == EdgeLeft)
         return {left + line.inset, top, left + line.inset, bottom};
-    if (line.edge == TOP)
+    if (line.edge == EdgeTop)
         return {left, top + line.inset, right, top + line.inset};
-    if (line.edge == RIGHT)
+    if (line.edge == EdgeRight)
         return {right - line.inset, top, right - line.inset, bottom};
     return {left, bottom - line.inset, right, bottom - line.inset};
 }
@@ -104,49 +108,47 @@ KeyBoardUI::KeyBoardUI(IDirectFB* dfb, IDirectFBSurface* surface)
 {
     checkDirectFB(m_surface->GetSize(m_surface, &m_win_width, &m_win_height),
                   "m_surface->GetSize(m_surface, &m_win_width,&m_win_height)");
-    VKB_LOGF(LOG_TRACE, "called (%d/%d)\n", m_win_width, m_win_height);
+    VKB_LOGF(LogTrace, "called (%d/%d)\n", m_win_width, m_win_height);
     clear(kBackground, true);
 }
 
 KeyBoardUI::~KeyBoardUI()
 {
-    VKB_LOG(LOG_TRACE, "called \n");
+    VKB_LOG(LogTrace, "called \n");
     if (m_font != nullptr)
         m_font->Release(m_font);
 }
 
 bool KeyBoardUI::setLayoutData(std::vector<Button_t>* buttons, int fontSize, const char* fontPath)
 {
-    VKB_LOGF(LOG_TRACE, "called lines;%d\n", static_cast<int>(buttons->size()));
+    VKB_LOGF(LogTrace, "called lines;%d\n", static_cast<int>(buttons->size()));
     m_buttons = buttons;
     m_font_size = fontSize;
     if (fontPath == nullptr) {
-        VKB_LOG(LOG_ERROR, "font file is null\n");
+        VKB_LOG(LogError, "font file is null\n");
         return false;
     }
     if (access(fontPath, F_OK) != 0) {
-        VKB_LOG(LOG_ERROR, "font file is not exist !!!\n");
+        VKB_LOG(LogError, "font file is not exist !!!\n");
         return false;
     }
 
     DFBFontDescription desc = {};
     desc.flags = DFDESC_HEIGHT;
     desc.height = m_font_size;
-    // Not checked: without a font the keyboard stays empty, which is better than
-    // a browser that ends. The font before this one is not released, because the
-    // surface and layouts drawn with it may still refer to it; it stays until the
-    // process ends.
+    // Not checked: a font that cannot be loaded leaves none, and nothing is painted. The font
+    // before this one is not released and stays until the process ends. Both are kept.
     m_dfb->CreateFont(m_dfb, fontPath, &desc, &m_font);
     m_surface->SetFont(m_surface, m_font);
     if (m_font != nullptr)
         m_font->GetHeight(m_font, &m_font_height);
-    VKB_LOGF(LOG_TRACE, "font-height:%d\n", m_font_height);
+    VKB_LOGF(LogTrace, "font-height:%d\n", m_font_height);
     return true;
 }
 
 void KeyBoardUI::clear(unsigned int argb, bool flip)
 {
-    VKB_LOG(LOG_TRACE, "called \n");
+    VKB_LOG(LogTrace, "called \n");
     fill(argb);
     if (flip) {
         checkDirectFB(m_surface->Flip(m_surface, nullptr, DSFLIP_NONE),
@@ -159,7 +161,7 @@ void KeyBoardUI::clear(unsigned int argb, bool flip)
 
 void KeyBoardUI::draw(bool flip)
 {
-    VKB_LOG(LOG_DETAIL, "called\n");
+    VKB_LOG(LogDetail, "called\n");
     if (m_font == nullptr)
         return;
 
@@ -171,26 +173,26 @@ void KeyBoardUI::draw(bool flip)
     if (flip)
         flipWhole();
     m_is_drawn = true;
-    VKB_LOG(LOG_DETAIL, "done\n");
+    VKB_LOG(LogDetail, "done\n");
 }
 
 void KeyBoardUI::show()
 {
-    VKB_LOG(LOG_TRACE, "called \n");
+    VKB_LOG(LogTrace, "called \n");
     if (!m_is_drawn)
         draw(true);
 }
 
 void KeyBoardUI::hide()
 {
-    VKB_LOG(LOG_TRACE, "called\n");
+    VKB_LOG(LogTrace, "called\n");
     if (m_is_drawn)
         clear(kTransparent, true);
 }
 
 void KeyBoardUI::setfocus(Button_t& key)
 {
-    VKB_LOG(LOG_TRACE, "called \n");
+    VKB_LOG(LogTrace, "called \n");
     draw(false);
     drawLines(key.rect, kFocused);
     flipWhole();
@@ -210,7 +212,7 @@ void KeyBoardUI::pressed(Button_t key)
 
 void KeyBoardUI::setLocked(std::vector<Button_t>& locked)
 {
-    VKB_LOG(LOG_TRACE, "called \n");
+    VKB_LOG(LogTrace, "called \n");
     m_locked_buttons = locked;
     draw(false);
     flipWhole();
@@ -245,7 +247,7 @@ void KeyBoardUI::drawElement(const Button_t& key, const KeyLook& look)
 
     const int Xcenter = x + w / 2;
     const int Ycenter = y + (h - m_font_height) / 2;
-    VKB_LOGF(LOG_DETAIL, "[%d/%d-%d/%d-%s] \n", x, y, w, h, key.text.c_str());
+    VKB_LOGF(LogDetail, "[%d/%d-%d/%d-%s] \n", x, y, w, h, key.text.c_str());
     setColour(kText, "m_surface->SetColor(m_surface,ARGB_R(font_c),ARGB_G(font_c),"
                      "ARGB_B(font_c),ARGB_A(font_c))");
     checkDirectFB(

@@ -1,3 +1,4 @@
+// The renderer of keys.
 #ifndef KEYBOARD_UI_H
 #define KEYBOARD_UI_H
 

@@ -1,3 +1,4 @@
+// The keyboard's log lines, through the platform's three calls.
 #ifndef LOG_H
 #define LOG_H
 
@@ -20,10 +21,10 @@ namespace vkb
 
 // First word of a log record: the low 16 bits are the level, a smaller one is more urgent.
 enum LogLevel : uint32_t {
-    LOG_ERROR = 0x5F03E8,  // 1000
-    LOG_RESULT = 0x5F0BB8, // 3000: key results
-    LOG_TRACE = 0x5F0FA0,  // 4000
-    LOG_DETAIL = 0x5F1388, // 5000
+    LogError = 0x5F03E8,  // 1000
+    LogResult = 0x5F0BB8, // 3000: key results
+    LogTrace = 0x5F0FA0,  // 4000
+    LogDetail = 0x5F1388, // 5000
 };
 
 // The library may write into the record, so each line asks with a fresh one.
@@ -40,8 +41,8 @@ inline bool logEnabled(LogLevel level)
 // What every format begins with: tag, source file, line number, function.
 #define VKB_LOG_HEADER "[%s] %s:%d:%s(): "
 
-// Macros, because a line that is switched off must not evaluate its arguments. Testers' tools
-// find some lines by their number: those are given as a constant, so that code can move.
+// Macros, because a line that is switched off must not evaluate its arguments. Some line numbers
+// are part of the log format: those are given as a constant, so that code can move.
 // VKB_LOG_FORMAT and VKB_LOG_WHOLE take a whole format, header included; the others add it.
 #define VKB_LOG_FORMAT(level, line, function, format, ...)                                         \
     do {                                                                                           \

@@ -1,3 +1,7 @@
+// The test driver's entry: arguments, usage texts, and which commands run.
+// Texts, function names, line numbers and the order of calls are an interface, misspellings
+// included.
+
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -21,18 +25,18 @@ const int kModeLines[] = {61, 73, 79};
 
 void printusage()
 {
-    VKB_LOG_TEXT(LOG_TRACE, 17, __func__,
+    VKB_LOG_TEXT(LogTrace, 17, __func__,
                  "\n\t Usage: bin  [kbui,kb] | cmd |  xxx \n\t\tex.test-bin kbui show A\n\n");
 }
 
 void printusage_kb()
 {
-    VKB_LOG_WHOLE(LOG_TRACE, 34, __func__, KB_USAGE_FORMAT);
+    VKB_LOG_WHOLE(LogTrace, 34, __func__, KB_USAGE_FORMAT);
 }
 
 void printusage_ui()
 {
-    VKB_LOG_TEXT(LOG_TRACE, 42, __func__,
+    VKB_LOG_TEXT(LogTrace, 42, __func__,
                  "\n\t bin kbui cmd cmd-params\n"
                  "\t =>cmd:[show|hide|draw | loop-showhide |loop-draw | loop-focus | more ] \n"
                  "\t\tex. test-bin kbui loop-showhide 10\n"
@@ -41,7 +45,7 @@ void printusage_ui()
 
 int main(int argc, char** argv)
 {
-    VKB_LOG_FORMAT(LOG_TRACE, 56, __func__, VKB_LOG_HEADER "argc:%d\n", argc);
+    VKB_LOG_FORMAT(LogTrace, 56, __func__, VKB_LOG_HEADER "argc:%d\n", argc);
     if (argc < 2 || argc > 4) {
         printusage();
         std::exit(-1);
@@ -50,7 +54,7 @@ int main(int argc, char** argv)
     const std::string mode = argv[1];
     const std::string command = argc > 2 ? argv[2] : "";
     const std::string parameter = argc > 3 ? argv[3] : "";
-    VKB_LOG_FORMAT(LOG_TRACE, kModeLines[argc - 2], __func__, VKB_LOG_HEADER "mod:%s\n",
+    VKB_LOG_FORMAT(LogTrace, kModeLines[argc - 2], __func__, VKB_LOG_HEADER "mod:%s\n",
                    mode.c_str());
     if (argc == 2 && mode == "kbui") {
         printusage_ui();
@@ -61,14 +65,14 @@ int main(int argc, char** argv)
         std::exit(-1);
     }
 
-    // An unknown mode still opens and closes the display: a check of the display alone.
+    // An unknown mode opens and closes the display and runs nothing: kept.
     initDFB(argc, argv, kTestWindow);
     if (mode == "kbui")
         kb_ui_test(command, parameter);
     else if (mode == "kb")
         kb_test(command, parameter, dfb, surface);
 
-    // Leaves the picture on the screen until the tester has seen it.
+    // The picture stays on the screen until a character comes.
     std::getc(stdin);
     layer->Release(layer);
     dfb->Release(dfb);

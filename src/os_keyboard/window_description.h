@@ -1,3 +1,4 @@
+// The one description of the keyboard's window and of the test driver's.
 #ifndef WINDOW_DESCRIPTION_H
 #define WINDOW_DESCRIPTION_H
 
@@ -11,8 +12,8 @@ namespace vkb
 {
 
 // A window in the upper stacking class, at x, y on the screen, in pixels. The pixel format and
-// the surface capabilities are noted down but not among the flags: DirectFB chooses them to fit
-// the television's layer.
+// the surface capabilities are filled in but not among the flags, so DirectFB chooses its own:
+// kept.
 inline DFBWindowDescription windowDescription(int x, int y, int width, int height)
 {
     DFBWindowDescription description = {};

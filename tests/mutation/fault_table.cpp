@@ -50,7 +50,7 @@ const std::vector<Fault> kFaults = {
      "{kRight, kBottom, kInnerRight, kInnerBottom}", "{kBottom, kRight, kInnerRight, kInnerBottom}",
      "unit", "Drawing.DrawPaintsEveryKeyInListOrderAndFlips"},
     {"WrongLevel", "keyboard_ui.cpp", "keyboard_ui.cpp",
-     "VKB_LOG(LOG_DETAIL, \"done\\n\");", "VKB_LOG(LOG_TRACE, \"done\\n\");",
+     "VKB_LOG(LogDetail, \"done\\n\");", "VKB_LOG(LogTrace, \"done\\n\");",
      "unit", "Drawing.DrawPaintsEveryKeyInListOrderAndFlips"},
     // The core.
     {"FocusSentBeforeLocks", "keyboard_core.cpp", "keyboard_core.cpp",
@@ -64,7 +64,7 @@ const std::vector<Fault> kFaults = {
      "if (m_layout_index >= m_layout_names.size())", "if (m_layout_index > 0)",
      "unit", "CoreLayouts.EachLayoutChangeTakesTheNextNameAndWraps"},
     {"WrongLineAfterAModeGoesOff", "keyboard_core.cpp", "keyboard_core.cpp",
-     "VKB_LOG_FORMAT(LOG_TRACE, __LINE__, handler,", "VKB_LOG_FORMAT(LOG_TRACE, __LINE__, __func__,",
+     "VKB_LOG_FORMAT(LogTrace, __LINE__, handler,", "VKB_LOG_FORMAT(LogTrace, __LINE__, __func__,",
      "unit", "CoreDispatch.ShiftThreeTimesIsOffAgain"},
     // The parser.
     {"GapOfTheOtherDirection", "Language_Parser.cpp", "Language_Parser.cpp",

@@ -211,7 +211,7 @@ TEST_F(CoreBadInput, AKeyWithoutARectangleIsDrawnAtTheOriginWithNoSize)
 
 TEST_F(CoreBadInput, WithoutAFontTheKeyboardStartsAndShowsOnlyTheFrame)
 {
-    ::setenv(kFontVariable, "/opt/font/missing.ttf", 1);
+    ::setenv(kFontSetting, "/opt/font/missing.ttf", 1);
     startNew();
     const Keys shown = keys();
     expectTrace(begun(parserMade(), kWidth, kHeight) + namesRead(3) +

@@ -22,14 +22,14 @@ LayerAskedFor::LayerAskedFor()
 
 CoreTest::CoreTest()
 {
-    ::unsetenv(kFontVariable);
+    ::unsetenv(kFontSetting);
     sample::writeAllKinds(m_folder);
     m_folder.writeFile(kUsualFont, "");
 }
 
 CoreTest::~CoreTest()
 {
-    ::unsetenv(kFontVariable);
+    ::unsetenv(kFontSetting);
 }
 
 void CoreTest::create()

@@ -13,7 +13,7 @@
 #include "log_capture.h"
 #include "recording_display.h"
 
-const char kFontVariable[] = "VIRTUAL_KEYBOARD_FONT_PATH";
+const char kFontSetting[] = "VIRTUAL_KEYBOARD_FONT_PATH";
 
 // The window belongs to the process; this asks for its layer, so that a test sees the same calls
 // whether or not another test ran before it in the same process.

@@ -12,16 +12,6 @@ using namespace velmora::browser::vkb;
 using namespace steps;
 using sample::kLanguage;
 
-// The one way to see the layout's name, which no operation gives away.
-template <class Tag, typename Tag::type kMember> struct Expose {
-    friend typename Tag::type member(Tag) { return kMember; }
-};
-struct LayoutName {
-    using type = std::string KeyBoardCore::*;
-    friend type member(LayoutName);
-};
-template struct Expose<LayoutName, &KeyBoardCore::m_layout_name>;
-
 class CoreLayouts : public CoreTest
 {
 };
@@ -33,6 +23,19 @@ TEST_F(CoreLayouts, EachLayoutChangeTakesTheNextNameAndWraps)
         m_core->onLayoutChanged();
         expectTrace(m_expected.layoutChange(layout));
     }
+}
+
+TEST_F(CoreLayouts, TheCurrentLayoutIsToldWithoutALine)
+{
+    create();
+    EXPECT_EQ(m_core->currentLayout(), "");
+    startIt();
+    takeTrace();
+    EXPECT_EQ(m_core->currentLayout(), "English");
+    expectTrace({});
+    focus(kLanguage);
+    m_core->onKeyEvent(13);
+    EXPECT_EQ(m_core->currentLayout(), "German");
 }
 
 TEST_F(CoreLayouts, ALayoutChangeDoesNotRedrawUntilTheKeysAreFetched)
@@ -76,7 +79,7 @@ TEST_F(CoreLayouts, AnEmptyLayoutNameBecomesEnglishAtTheNextUpdate)
     create();
     m_core->updateKeyMap();
     expectTrace(coreLogged(kError, "updateKeyMap", kNoParser));
-    EXPECT_EQ((*m_core).*member(LayoutName()), "English");
+    EXPECT_EQ(m_core->currentLayout(), "English");
 }
 
 TEST_F(CoreLayouts, AnEmptyNameInTheCatalogueShowsTheUnnamedKeyMap)
@@ -87,7 +90,7 @@ TEST_F(CoreLayouts, AnEmptyNameInTheCatalogueShowsTheUnnamedKeyMap)
     m_folder.writeKeyMap("", asJson(sample::allKindsDefaultKeys("Unnamed"), {}));
     m_core.reset(new KeyBoardCore);
     startIt();
-    EXPECT_EQ((*m_core).*member(LayoutName()), "English");
+    EXPECT_EQ(m_core->currentLayout(), "English");
     EXPECT_EQ(m_core->getTargetButtonByButtonId(kLanguage).text, "Unnamed");
 }
 

@@ -64,7 +64,7 @@ TEST_F(CoreLifecycle, ConstructionLogsAndMissesTheFontVariable)
 
 TEST_F(CoreLifecycle, ConstructionWithTheFontVariableOnlyLogs)
 {
-    ::setenv(kFontVariable, "/opt/font/other.ttf", 1);
+    ::setenv(kFontSetting, "/opt/font/other.ttf", 1);
     takeTrace();
     m_core.reset(new KeyBoardCore);
     expectTrace(constructed());
@@ -78,14 +78,14 @@ TEST_F(CoreLifecycle, WithoutTheFontVariableTheUsualFontIsTaken)
 TEST_F(CoreLifecycle, TheFontVariableNamesTheFont)
 {
     m_folder.writeFile("/opt/font/other.ttf", "");
-    ::setenv(kFontVariable, "/opt/font/other.ttf", 1);
+    ::setenv(kFontSetting, "/opt/font/other.ttf", 1);
     EXPECT_THAT(fontRequests(), ElementsAre(HasSubstr("CreateFont(/opt/font/other.ttf,")));
 }
 
 TEST_F(CoreLifecycle, TheFontVariableIsReadAtConstructionOnly)
 {
     m_core.reset(new KeyBoardCore);
-    ::setenv(kFontVariable, "/opt/font/other.ttf", 1);
+    ::setenv(kFontSetting, "/opt/font/other.ttf", 1);
     takeTrace();
     startIt();
     EXPECT_THAT(takeTrace(), Contains(HasSubstr("CreateFont(" + std::string(kUsualFont))));
@@ -93,7 +93,7 @@ TEST_F(CoreLifecycle, TheFontVariableIsReadAtConstructionOnly)
 
 TEST_F(CoreLifecycle, AnEmptyFontVariableGivesAnEmptyPathAndNoFont)
 {
-    ::setenv(kFontVariable, "", 1);
+    ::setenv(kFontSetting, "", 1);
     EXPECT_THAT(fontRequests(), IsEmpty());
     EXPECT_THAT(m_log.lines(),
                 Contains(testing::Field(&LogLine::message, "font file is not exist !!!\n")));

@@ -30,6 +30,17 @@ TEST_F(CoreWindow, IsAtItsPlaceWhateverItsSize)
     EXPECT_EQ(callsOf(takeTrace()), callsOf(linesOf(windowMade("window1", 805, 255))));
 }
 
+TEST_F(CoreWindow, AsksForTheWidthBeforeTheHeight)
+{
+    create();
+    m_core->CreateDFBWindow(m_display.dfb(), m_hostSurface);
+    const Steps made = windowMade("window1", 805, 255);
+    const Steps asked =
+        coreLogged(kError, "getWidth", kNoParser) + coreLogged(kError, "getHeight", kNoParser);
+    expectTrace(Steps(made.begin(), made.begin() + 1) + asked +
+                Steps(made.begin() + 1, made.end()));
+}
+
 TEST_F(CoreWindow, OnceMadeItIsOnlyShownAndRaised)
 {
     start();

@@ -17,8 +17,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-static_assert(LOG_ERROR == 0x5F03E8 && LOG_RESULT == 0x5F0BB8);
-static_assert(LOG_TRACE == 0x5F0FA0 && LOG_DETAIL == 0x5F1388);
+static_assert(LogError == 0x5F03E8 && LogResult == 0x5F0BB8);
+static_assert(LogTrace == 0x5F0FA0 && LogDetail == 0x5F1388);
 
 int evaluated = 0;
 
@@ -30,7 +30,7 @@ int counted(int value)
 
 void logOnce()
 {
-    VKB_LOGF(LOG_TRACE, "value:%d\n", counted(7));
+    VKB_LOGF(LogTrace, "value:%d\n", counted(7));
 }
 
 class LogForm : public testing::Test
@@ -44,7 +44,7 @@ protected:
 TEST_F(LogForm, ALineCarriesTagFileLineFunctionAndItsArguments)
 {
     const int lineOfTheCall = __LINE__ + 1;
-    VKB_LOGF(LOG_DETAIL, "%s=%d\n", "x", counted(7));
+    VKB_LOGF(LogDetail, "%s=%d\n", "x", counted(7));
 
     ASSERT_THAT(m_log.lines(), SizeIs(1));
     const LogLine& line = m_log.lines()[0];
@@ -59,7 +59,7 @@ TEST_F(LogForm, ALineCarriesTagFileLineFunctionAndItsArguments)
 
 TEST_F(LogForm, ATextCarriesTheGivenLineAndFunction)
 {
-    VKB_LOG_TEXT(LOG_ERROR, 329, "some_function", "100\n");
+    VKB_LOG_TEXT(LogError, 329, "some_function", "100\n");
     ASSERT_THAT(m_log.lines(), SizeIs(1));
     const LogLine& line = m_log.lines()[0];
     EXPECT_THAT(line.record, ElementsAre(0x5F03E8u, 0u, 0u));
@@ -84,8 +84,8 @@ TEST_F(LogForm, ALineThatIsOffEvaluatesNeitherItsArgumentsNorTheBaseName)
 {
     m_log.switchOff(0x5F0FA0);
     logOnce();
-    VKB_LOG_TEXT(LOG_TRACE, counted(1), "f", "text\n");
-    VKB_LOG(LOG_TRACE, "text\n");
+    VKB_LOG_TEXT(LogTrace, counted(1), "f", "text\n");
+    VKB_LOG(LogTrace, "text\n");
     EXPECT_EQ(m_log.levelsAsked(), 3u);
     EXPECT_THAT(m_log.lines(), IsEmpty());
     EXPECT_EQ(evaluated, 0);
@@ -95,9 +95,9 @@ TEST_F(LogForm, ALineThatIsOffEvaluatesNeitherItsArgumentsNorTheBaseName)
 TEST_F(LogForm, LevelsAreSwitchedOneByOne)
 {
     m_log.switchOff(0x5F1388);
-    VKB_LOG(LOG_DETAIL, "detail\n");
-    VKB_LOG(LOG_ERROR, "error\n");
-    VKB_LOG(LOG_RESULT, "result\n");
+    VKB_LOG(LogDetail, "detail\n");
+    VKB_LOG(LogError, "error\n");
+    VKB_LOG(LogResult, "result\n");
     ASSERT_THAT(m_log.lines(), SizeIs(2));
     EXPECT_EQ(m_log.lines()[0].message, "error\n");
     EXPECT_EQ(m_log.lines()[1].message, "result\n");
@@ -108,7 +108,7 @@ TEST_F(LogForm, ALineIsOneStatement)
     if (evaluated == 0)
         logOnce();
     else
-        VKB_LOG(LOG_ERROR, "not reached\n");
+        VKB_LOG(LogError, "not reached\n");
     EXPECT_THAT(m_log.lines(), SizeIs(1));
 }
 
