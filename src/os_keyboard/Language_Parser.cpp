@@ -5,7 +5,6 @@
 #include "Language_Parser.h"
 
 #include <fstream>
-#include <sstream>
 #include <utility>
 
 #include <json/json.h>
@@ -33,9 +32,12 @@ bool parseJson(std::ifstream& file, Json::Value& root)
 {
     // Whole blocks at a time: the reader itself would take the stream byte by byte. What cannot be
     // read, such as a folder of that name, is an empty text and so no JSON.
-    std::ostringstream blocks;
-    blocks << file.rdbuf();
-    const std::string text = blocks.str();
+    std::string text;
+    char block[4096];
+    do {
+        file.read(block, sizeof block);
+        text.append(block, static_cast<size_t>(file.gcount()));
+    } while (file);
 
     Json::Reader reader;
     return reader.parse(text.data(), text.data() + text.size(), root, true);
