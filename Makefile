@@ -21,7 +21,7 @@ test: everything ## Build everything and run all tests
 	@scripts/test default
 
 layouts: ## Build the layouts command, which makes and checks keyboard layouts
-	@scripts/install-packages build run tools hosts test
+	@scripts/install-packages build run tools hosts input_methods test
 	@scripts/build default layouts
 
 fuzz: ## Fuzz the reader and the check of layout files, ten minutes each
@@ -53,22 +53,22 @@ test-arm: ## Build for 32-bit ARM and run the tests under qemu
 	@scripts/test armhf
 
 test-asan: ## The tests with address, undefined behaviour and leak checks
-	@scripts/install-packages build run tools hosts test
+	@scripts/install-packages build run tools hosts input_methods test
 	@scripts/build asan
 	@scripts/test asan
 
 test-valgrind: ## The tests under valgrind; takes long
-	@scripts/install-packages build run tools hosts test bench
+	@scripts/install-packages build run tools hosts input_methods test bench
 	@scripts/build valgrind
 	@scripts/test valgrind
 
 soak: ## A million random keys and host calls against the model
-	@scripts/install-packages build run tools hosts test
+	@scripts/install-packages build run tools hosts input_methods test
 	@scripts/build default soak_tests
 	@VKB_SOAK_STEPS=1000000 scripts/test default -R '^Soak'
 
 lint: ## clang-tidy and cppcheck on all C++, headers alone, shellcheck; minutes
-	@scripts/install-packages build run tools hosts test bench lint
+	@scripts/install-packages build run tools hosts input_methods test bench lint
 	@scripts/lint
 
 clean: ## Delete everything that was built
@@ -79,5 +79,5 @@ keyboard:
 	@scripts/build keyboard
 
 everything:
-	@scripts/install-packages build run tools hosts test
+	@scripts/install-packages build run tools hosts input_methods test
 	@scripts/build default

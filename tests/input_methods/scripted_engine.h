@@ -1,0 +1,35 @@
+#ifndef TEST_SCRIPTED_ENGINE_H
+#define TEST_SCRIPTED_ENGINE_H
+
+#include <string>
+#include <vector>
+
+#include "engine.h"
+
+namespace input_methods_test
+{
+
+// An engine without a dictionary: each small Latin letter is one letter of the preedit, and the
+// candidates are those that the test gave it, for as long as there is a preedit. Taking one
+// commits it and drops so many letters as it has characters.
+class ScriptedEngine : public input_methods::Engine
+{
+public:
+    explicit ScriptedEngine(std::vector<std::string> candidates) : m_all(std::move(candidates)) {}
+
+    bool type(const std::string& character, input_methods::Answer& answer) override;
+    bool erase(input_methods::Answer& answer) override;
+    void take(size_t index, input_methods::Answer& answer) override;
+    void finish(input_methods::Answer& answer) override;
+    void reset() override { m_preedit.clear(); }
+    std::string preedit() const override { return m_preedit; }
+    std::vector<std::string> candidates(size_t from, size_t count) override;
+
+private:
+    std::vector<std::string> m_all;
+    std::string m_preedit;
+};
+
+} // namespace input_methods_test
+
+#endif
