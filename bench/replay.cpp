@@ -1,5 +1,7 @@
 #include "replay.h"
 
+#include "report_fd.h"
+
 namespace bench
 {
 
@@ -12,12 +14,17 @@ decltype(IDirectFB::GetDisplayLayer) realGetDisplayLayer;
 decltype(IDirectFBDisplayLayer::CreateWindow) realCreateWindow;
 decltype(IDirectFBWindow::GetSurface) realGetSurface;
 IDirectFBSurface* theSurface = nullptr;
+bool isRecordedAtOnce = false;
+
+void startRecording(IDirectFBSurface* surface);
 
 DFBResult watchGetSurface(IDirectFBWindow* window, IDirectFBSurface** surface)
 {
     const DFBResult result = realGetSurface(window, surface);
     window->GetSurface = realGetSurface;
     theSurface = *surface;
+    if (isRecordedAtOnce)
+        startRecording(theSurface);
     return result;
 }
 
@@ -87,6 +94,18 @@ DFBResult recordFlip(IDirectFBSurface* self, const Region* region, DFBSurfaceFli
     return realTable.Flip(self, region, flags);
 }
 
+void startRecording(IDirectFBSurface* surface)
+{
+    recorded.clear();
+    realTable = *surface;
+    surface->Clear = recordClear;
+    surface->SetColor = recordSetColor;
+    surface->FillRectangle = recordFillRectangle;
+    surface->DrawLine = recordDrawLine;
+    surface->DrawString = recordDrawString;
+    surface->Flip = recordFlip;
+}
+
 } // namespace
 
 void watchForSurface(IDirectFB* dfb)
@@ -100,16 +119,22 @@ IDirectFBSurface* watchedSurface()
     return theSurface;
 }
 
+void recordFirstSurface(IDirectFB* dfb)
+{
+    isRecordedAtOnce = true;
+    watchForSurface(dfb);
+}
+
+void reportCalls()
+{
+    for (const Call& call : recorded)
+        dprintf(kReportFd, "call %d: %d %d %d %d, flags 0x%X, '%s'\n", call.kind, call.numbers[0],
+                call.numbers[1], call.numbers[2], call.numbers[3], call.flags, call.text.c_str());
+}
+
 std::vector<Call> recordCalls(IDirectFBSurface* surface, void (*action)(void*), void* context)
 {
-    recorded.clear();
-    realTable = *surface;
-    surface->Clear = recordClear;
-    surface->SetColor = recordSetColor;
-    surface->FillRectangle = recordFillRectangle;
-    surface->DrawLine = recordDrawLine;
-    surface->DrawString = recordDrawString;
-    surface->Flip = recordFlip;
+    startRecording(surface);
     action(context);
     *surface = realTable;
     return recorded;

@@ -22,6 +22,12 @@ struct Call {
 void watchForSurface(IDirectFB* dfb);
 IDirectFBSurface* watchedSurface();
 
+// Has the calls on the surface of the next window recorded from its first one on.
+void recordFirstSurface(IDirectFB* dfb);
+
+// Reports what was recorded, a line a call.
+void reportCalls();
+
 // The calls that are made on the surface while action runs; they are carried out too.
 std::vector<Call> recordCalls(IDirectFBSurface* surface, void (*action)(void*), void* context);
 

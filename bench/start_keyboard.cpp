@@ -2,17 +2,20 @@
 // The layout files come from the folder in VKB_TEST_ROOT, the font from
 // VIRTUAL_KEYBOARD_FONT_PATH.
 //
-// Usage: start_keyboard [ARROWS]    (reports on file descriptor 3)
+// Usage: start_keyboard [ARROWS|calls]    (reports on file descriptor 3)
 //
+// With "calls" the drawing calls are reported too.
 // With ARROWS, that many arrow keys follow, and the memory is reported again. 5,000 arrow keys go
 // ahead of the first report then: threads of DirectFB's own take up to 128 KiB for themselves in
 // the course of the first 2,000 flips, and no more after that.
 #include <cstdlib>
+#include <cstring>
 
 #include <directfb.h>
 
 #include "keyboard_core.h"
 #include "process_memory.h"
+#include "replay.h"
 #include "report_fd.h"
 
 namespace
@@ -42,6 +45,9 @@ int main(int argc, char** argv)
     IDirectFB* dfb = nullptr;
     check(DirectFBInit(&no_arguments, nullptr), "DirectFBInit");
     check(DirectFBCreate(&dfb), "DirectFBCreate");
+    const bool calls = argc > 1 && std::strcmp(argv[1], "calls") == 0;
+    if (calls)
+        bench::recordFirstSurface(dfb);
 
     auto* core = new velmora::browser::vkb::KeyBoardCore;
     core->OnIMEStart(dfb, nullptr);
@@ -52,8 +58,8 @@ int main(int argc, char** argv)
     }
     bench::report("shown", 1);
     bench::report("resident", bench::residentKiB());
-    bench::report("width", core->getWidth());
-    bench::report("height", core->getHeight());
+    if (calls)
+        bench::reportCalls();
 
     const int arrows = argc > 1 ? std::atoi(argv[1]) : 0;
     if (arrows > 0) {
