@@ -5,7 +5,7 @@ PREFIX ?= /usr/local
 DESTDIR ?=
 export PREFIX DESTDIR
 
-.PHONY: help run run-screen test layouts fuzz install format coverage bench test-arm test-asan test-valgrind soak lint clean keyboard everything
+.PHONY: help run run-screen test layouts fuzz install uninstall package format coverage bench test-arm test-asan test-valgrind soak lint clean keyboard installable everything
 
 help: ## This list
 	@sed -n 's/^\([a-z-]*\):.*## /\1 - /p' Makefile | while IFS= read -r line; do \
@@ -30,8 +30,15 @@ fuzz: ## Fuzz the reader and the check of layout files, ten minutes each
 	@fuzz/run reader 600
 	@fuzz/run checker 600
 
-install: keyboard ## Install to PREFIX (/usr/local) below DESTDIR; layouts to their fixed path
+install: installable ## Install to PREFIX (/usr/local) below DESTDIR; layouts to their fixed path
 	@scripts/install
+
+uninstall: ## Take away what was installed to PREFIX below DESTDIR
+	@scripts/uninstall
+
+package: ## Make the Debian packages, in build/package/
+	@scripts/install-packages build hosts tools package
+	@scripts/build package
 
 format: ## Format the C++ sources
 	@scripts/install-packages test
@@ -77,6 +84,10 @@ clean: ## Delete everything that was built
 keyboard:
 	@scripts/install-packages build run hosts
 	@scripts/build keyboard
+
+installable:
+	@scripts/install-packages build hosts tools install
+	@scripts/build install
 
 everything:
 	@scripts/install-packages build run tools hosts input_methods test

@@ -20,21 +20,28 @@ install(FILES
 # The file finds its prefix from where it lies, so that an unpacked tree works as well.
 file(RELATIVE_PATH VKB_PC_TO_PREFIX
   "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
+# The loader looks below /usr by itself; elsewhere a program has to say where its libraries are.
+if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+  set(VKB_PC_RPATH "-Wl,-rpath,\${libdir} ")
+endif()
 configure_file(cmake/velmora_vkb.pc.in "${CMAKE_CURRENT_BINARY_DIR}/velmora_vkb.pc" @ONLY)
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/velmora_vkb.pc"
   DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
 
-# The keyboard reads its layouts from here, wherever the rest is installed.
-install(DIRECTORY resources/oskeyboard_config/
-  DESTINATION /usr/local/opt/nerovista/resources/oskeyboard_config COMPONENT layouts
+# The layouts that there are, and what the layouts command works with.
+set(VKB_DATA_DIR "${CMAKE_INSTALL_DATADIR}/velmora_vkb")
+# Where the keyboard looks for the layouts that somebody chose, wherever the rest is installed.
+set(VKB_CHOSEN_LAYOUTS /usr/local/opt/nerovista/resources/oskeyboard_config)
+configure_file(cmake/InstallPackageLayouts.cmake.in
+  "${CMAKE_CURRENT_BINARY_DIR}/InstallPackageLayouts.cmake" @ONLY)
+# First, as it compares with what an earlier installation left.
+install(SCRIPT "${CMAKE_CURRENT_BINARY_DIR}/InstallPackageLayouts.cmake"
+  COMPONENT chosen_layouts)
+install(DIRECTORY resources/oskeyboard_config DESTINATION "${VKB_DATA_DIR}" COMPONENT layouts
   FILES_MATCHING PATTERN "Language_*.json")
-
-# What the layouts command works with; the layouts themselves are there but once.
 if(VKB_BUILD_TOOLS)
-  set(VKB_DATA_DIR "${CMAKE_INSTALL_DATADIR}/velmora_vkb")
-  file(CREATE_LINK /usr/local/opt/nerovista/resources/oskeyboard_config
-    "${CMAKE_CURRENT_BINARY_DIR}/oskeyboard_config" SYMBOLIC)
-  install(FILES resources/languages.tsv resources/left_out.tsv "${CMAKE_CURRENT_BINARY_DIR}/oskeyboard_config"
+  install(FILES resources/languages.tsv resources/left_out.tsv
     DESTINATION "${VKB_DATA_DIR}" COMPONENT tools)
-  install(DIRECTORY resources/schema DESTINATION "${VKB_DATA_DIR}" COMPONENT tools)
+  install(DIRECTORY resources/schema DESTINATION "${VKB_DATA_DIR}" COMPONENT tools
+    FILES_MATCHING PATTERN "*.json")
 endif()

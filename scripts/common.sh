@@ -6,6 +6,10 @@ set -euo pipefail
 # shellcheck disable=SC2034 # used by the scripts that source this
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
+# Where the keyboard reads its layouts; the path is fixed.
+# shellcheck disable=SC2034 # used by the scripts that source this
+layouts_on_television=/usr/local/opt/nerovista/resources/oskeyboard_config
+
 say() { printf '%s\n' "$*"; }
 
 # die MESSAGE [WHAT TO DO]...

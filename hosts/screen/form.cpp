@@ -6,8 +6,7 @@
 namespace host
 {
 
-Form::Form(const Screen& screen, const std::string& font)
-    : m_page(screen, font), m_keyboard(screen)
+Form::Form(const Screen& screen, const std::string& font) : m_page(screen, font), m_keyboard(screen)
 {
     m_page.draw(m_line, false);
 }

@@ -4,12 +4,20 @@ set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck disable=SC2034 # used by the tests
+here=$root/tests/run
+# shellcheck disable=SC2034 # used by the tests
 scripts=$root/scripts
 
 fail() {
     printf 'FAILED: %s\n' "$*" >&2
     [ -z "${output:-}" ] || printf 'The command printed:\n%s\n' "$output" >&2
     exit 1
+}
+
+# skip WHY: this system cannot do what the test is about.
+skip() {
+    printf 'SKIPPED: %s\n' "$*"
+    exit 77
 }
 
 # run COMMAND...: sets status and output (both streams).

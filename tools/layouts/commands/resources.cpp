@@ -1,12 +1,29 @@
 // Where the commands find the shipped files.
 #include "resources.h"
 
+#include <filesystem>
 #include <stdexcept>
 
 namespace layouts
 {
+namespace
+{
 
-Resources::Resources() : path(LAYOUTS_RESOURCES) {}
+namespace fs = std::filesystem;
+
+// Beside the program where it is installed, under whatever prefix; else those of the sources.
+std::string ownResources()
+{
+    std::error_code error;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error);
+    const fs::path installed =
+        (program.parent_path() / LAYOUTS_INSTALLED_RESOURCES).lexically_normal();
+    return fs::is_directory(installed, error) ? installed.string() : LAYOUTS_RESOURCES;
+}
+
+} // namespace
+
+Resources::Resources() : path(ownResources()) {}
 
 std::vector<Language> chosenLanguages(const Resources& resources,
                                       const std::vector<std::string>& names)
