@@ -46,32 +46,34 @@ Page::Page(const Screen& screen, const std::string& font)
       m_words(loadFont(screen.directFB(), font, kWordsSize)),
       m_field(screen.directFB(), font, "Your name"), m_remote(screen.directFB(), font)
 {
-    require(m_surface->GetSubSurface(m_surface, &kFieldArea, &m_fieldSurface), "GetSubSurface");
-    require(m_surface->GetSubSurface(m_surface, &kRemoteArea, &m_remoteSurface), "GetSubSurface");
+    require(m_surface->GetSubSurface(m_surface, &kFieldArea, &m_field_surface), "GetSubSurface");
+    require(m_surface->GetSubSurface(m_surface, &kRemoteArea, &m_remote_surface), "GetSubSurface");
     m_surface->Clear(m_surface, kPageColor.red, kPageColor.green, kPageColor.blue, 0xFF);
-    m_remote.draw(m_remoteSurface, kNoKey);
+    m_remote.draw(m_remote_surface, kNoKey);
 }
 
 void Page::draw(const TextLine& line, bool entered)
 {
     drawWords("Who is watching?", entered ? "Arrows move, OK presses, Back hides the keyboard"
                                           : "OK enters the field, Back leaves the page");
-    m_fieldSurface->Clear(m_fieldSurface, kPageColor.red, kPageColor.green, kPageColor.blue, 0xFF);
-    m_field.draw(m_fieldSurface, line, 0, entered);
+    m_field_surface->Clear(m_field_surface, kPageColor.red, kPageColor.green, kPageColor.blue,
+                           0xFF);
+    m_field.draw(m_field_surface, line, 0, entered);
     m_surface->Flip(m_surface, nullptr, DSFLIP_WAITFORSYNC);
 }
 
 void Page::greet(const std::string& name)
 {
     drawWords("Hello, " + name, "");
-    m_fieldSurface->Clear(m_fieldSurface, kPageColor.red, kPageColor.green, kPageColor.blue, 0xFF);
+    m_field_surface->Clear(m_field_surface, kPageColor.red, kPageColor.green, kPageColor.blue,
+                           0xFF);
     m_surface->Flip(m_surface, nullptr, DSFLIP_WAITFORSYNC);
 }
 
 void Page::showPressed(const RemoteKey& key)
 {
-    m_remote.draw(m_remoteSurface, key);
-    m_remoteSurface->Flip(m_remoteSurface, nullptr, DSFLIP_WAITFORSYNC);
+    m_remote.draw(m_remote_surface, key);
+    m_remote_surface->Flip(m_remote_surface, nullptr, DSFLIP_WAITFORSYNC);
 }
 
 void Page::drawWords(const std::string& heading, const char* words)

@@ -34,8 +34,8 @@ private:
     void drawWords(const std::string& heading, const char* words);
 
     IDirectFBSurface* m_surface = nullptr;
-    IDirectFBSurface* m_fieldSurface = nullptr;  // the part of it with the field
-    IDirectFBSurface* m_remoteSurface = nullptr; // the part with the remote control
+    IDirectFBSurface* m_field_surface = nullptr;  // the part of it with the field
+    IDirectFBSurface* m_remote_surface = nullptr; // the part with the remote control
     IDirectFBFont* m_heading = nullptr;
     IDirectFBFont* m_words = nullptr;
     TextField m_field;

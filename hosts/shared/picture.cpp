@@ -34,7 +34,7 @@ Light makeLight()
 
 Picture halved(const Picture& picture)
 {
-    static const Light light = makeLight();
+    static const Light kLight = makeLight();
     Picture half;
     half.width = picture.width / 2;
     half.height = picture.height / 2;
@@ -46,8 +46,8 @@ Picture halved(const Picture& picture)
             for (size_t i = 0; i < 4; ++i) {
                 int sum = 0;
                 for (const size_t offset : {size_t(0), size_t(4), row, row + 4})
-                    sum += light.ofNumber[pixel[offset + i]];
-                half.rgba.push_back(light.toNumber[static_cast<size_t>(sum / 4)]);
+                    sum += kLight.ofNumber[pixel[offset + i]];
+                half.rgba.push_back(kLight.toNumber[static_cast<size_t>(sum / 4)]);
             }
         }
     }

@@ -15,7 +15,7 @@ void look()
 
 // Before any library's own start: DirectFB's keeps a copy of standard error, which takes the place
 // of a closed standard input and then looks like a terminal.
-__attribute__((section(".preinit_array"), used)) void (*const look_first)() = look;
+__attribute__((section(".preinit_array"), used)) void (*const kLookFirst)() = look;
 
 } // namespace
 

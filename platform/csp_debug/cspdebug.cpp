@@ -40,8 +40,8 @@ long read_threshold()
 
 long threshold()
 {
-    static const long value = read_threshold();
-    return value;
+    static const long kThreshold = read_threshold();
+    return kThreshold;
 }
 
 // The host may have set standard output to return at once when it is full; a line waits for its

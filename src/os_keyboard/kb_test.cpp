@@ -105,11 +105,11 @@ const int kNoFirstLine = 0; // the first step logs it
 struct Script {
     const char* command;
     const char* function;
-    int first_line; // of "called", or of "param:" where the command takes a count
+    int firstLine; // of "called", or of "param:" where the command takes a count
     bool counts;
     Step steps[6]; // up to the first without an action
-    int time_line;
-    const char* time_format; // whole format, with the elapsed milliseconds
+    int timeLine;
+    const char* timeFormat; // whole format, with the elapsed milliseconds
 };
 
 // One text for five commands and one for six: kept.
@@ -201,10 +201,10 @@ int times(const Step& step, const std::string& param)
 void run_script(const Script& script, KeyBoardCore* core, const std::string& param)
 {
     if (script.counts)
-        VKB_LOG_FORMAT(LogTrace, script.first_line, script.function, VKB_LOG_HEADER "param:%s\n",
+        VKB_LOG_FORMAT(LogTrace, script.firstLine, script.function, VKB_LOG_HEADER "param:%s\n",
                        param.c_str());
-    else if (script.first_line != kNoFirstLine)
-        VKB_LOG_TEXT(LogTrace, script.first_line, script.function, "called\n");
+    else if (script.firstLine != kNoFirstLine)
+        VKB_LOG_TEXT(LogTrace, script.firstLine, script.function, "called\n");
 
     for (const Step& step : script.steps) {
         if (step.act == nullptr)
@@ -223,7 +223,7 @@ void handle_kb_tests(std::string cmd, std::string param)
 
         const timespec start = monotonicNow();
         run_script(script, g_test_core, param);
-        VKB_LOG_FORMAT(LogTrace, script.time_line, __func__, script.time_format,
+        VKB_LOG_FORMAT(LogTrace, script.timeLine, __func__, script.timeFormat,
                        static_cast<long long>(elapsedMilliseconds(start, monotonicNow())));
         return;
     }

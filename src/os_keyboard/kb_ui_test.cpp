@@ -161,7 +161,7 @@ struct UiCommand {
     const char* name;
     void (*run)(const std::string& param);
     const char* announcement; // logged before the clock starts; null for none
-    const char* time_format;  // whole format, with the elapsed milliseconds
+    const char* timeFormat;   // whole format, with the elapsed milliseconds
 };
 
 const UiCommand kCommands[] = {
@@ -190,7 +190,7 @@ void handle_tests(std::string cmd, std::string param)
             VKB_LOGF(LogTrace, "%s\n", command.announcement);
         const timespec start = monotonicNow();
         command.run(param);
-        VKB_LOG_FORMAT(LogTrace, __LINE__, __func__, command.time_format,
+        VKB_LOG_FORMAT(LogTrace, __LINE__, __func__, command.timeFormat,
                        static_cast<long long>(elapsedMilliseconds(start, monotonicNow())));
         return;
     }

@@ -68,7 +68,7 @@ void checkListed(const LayoutSet& set, const std::set<std::string>& names, const
 
 Checker::Checker(const std::string& schemaFolder)
     : m_catalogue(schemaFolder + "/catalogue.schema.json"),
-      m_keyMap(schemaFolder + "/keymap.schema.json")
+      m_key_map(schemaFolder + "/keymap.schema.json")
 {
 }
 
@@ -83,7 +83,7 @@ Findings Checker::check(const LayoutSet& set, const CheckOptions& options) const
     for (const auto& file : set) {
         if (file.first == kCatalogueName)
             continue;
-        checkKeyMap(file.first, file.second, m_keyMap, catalogue, options, findings);
+        checkKeyMap(file.first, file.second, m_key_map, catalogue, options, findings);
         const std::string layout = layoutOf(file.first);
         if (catalogue && !listed.count(layout) && !options.known.count(layout))
             findings.push_back({file.first, "the whole file", "a file that nobody lists",

@@ -36,7 +36,7 @@ public:
 
 private:
     Schema m_catalogue;
-    Schema m_keyMap;
+    Schema m_key_map;
 };
 
 } // namespace layouts

@@ -55,13 +55,13 @@ class Grid
 public:
     Grid(const Catalogue& catalogue, Findings& findings)
         : m_catalogue(catalogue), m_cells(catalogue.cells),
-          m_pitchX(int64_t(catalogue.gapX) + catalogue.cellWidth),
-          m_pitchY(int64_t(catalogue.gapY) + catalogue.cellHeight), m_findings(findings)
+          m_pitch_x(int64_t(catalogue.gapX) + catalogue.cellWidth),
+          m_pitch_y(int64_t(catalogue.gapY) + catalogue.cellHeight), m_findings(findings)
     {
     }
 
-    int64_t width() const { return right(m_cells.back()) * m_pitchX + m_catalogue.gapX; }
-    int64_t height() const { return bottom(m_cells.back()) * m_pitchY + m_catalogue.gapY; }
+    int64_t width() const { return right(m_cells.back()) * m_pitch_x + m_catalogue.gapX; }
+    int64_t height() const { return bottom(m_cells.back()) * m_pitch_y + m_catalogue.gapY; }
 
     // Each cell alone. Returns whether the grid makes sense as a whole.
     bool checkCells()
@@ -108,8 +108,8 @@ private:
                 "at least 1 by 1, as a key of no size ends the program", "size");
             return false;
         }
-        const int64_t x = right(cell) * m_pitchX + m_catalogue.gapX;
-        const int64_t y = bottom(cell) * m_pitchY + m_catalogue.gapY;
+        const int64_t x = right(cell) * m_pitch_x + m_catalogue.gapX;
+        const int64_t y = bottom(cell) * m_pitch_y + m_catalogue.gapY;
         if (x > kLastPixel || y > kLastPixel) {
             add(i, "a key that ends at pixel " + std::to_string(x) + ", " + std::to_string(y),
                 "none beyond " + std::to_string(kLastPixel), "pixels");
@@ -133,8 +133,8 @@ private:
 
     const Catalogue& m_catalogue;
     const std::vector<Cell>& m_cells;
-    const int64_t m_pitchX; // pixels
-    const int64_t m_pitchY;
+    const int64_t m_pitch_x; // pixels
+    const int64_t m_pitch_y;
     Findings& m_findings;
 };
 

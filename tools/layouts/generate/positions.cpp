@@ -8,7 +8,7 @@ namespace layouts
 
 const std::vector<Position>& positions()
 {
-    static const std::vector<Position> table = {
+    static const std::vector<Position> kTable = {
         {Role::Special, "", "Hide", "Hide", 27, 0},
         {Role::Language, "", "", "", 0, 0},
         {Role::Special, "", "ClearAll", "ClearAll", 12, 0},
@@ -83,7 +83,7 @@ const std::vector<Position>& positions()
         {Role::Fixed, "", "\u2190", "\u2190", 37, 0},
         {Role::Fixed, "", "\u2192", "\u2192", 39, 0},
     };
-    return table;
+    return kTable;
 }
 
 int32_t usKeyCode(char character)
