@@ -1,3 +1,4 @@
+// The terminal's modes and its screen of its own, given back however the process ends or stops.
 #include "terminal_mode.h"
 
 #include <cerrno>
@@ -21,8 +22,10 @@ termios original_mode;
 volatile std::sig_atomic_t is_active = 0;
 int redraw_pipe[2] = {-1, -1};
 
-const char kEnter[] = "\033[?1049h\033[2J";          // a screen of its own, empty
-const char kLeave[] = "\033[0m\033[?25h\033[?1049l"; // plain text, cursor shown, the old screen
+const char kEnter[] = "\033[?1049h\033[2J"; // a screen of its own, empty
+
+// The end of a picture that was being written, plain text, cursor shown, the old screen.
+const char kLeave[] = "\033\\\033[0m\033[?25h\033[?1049l";
 
 const int kEndingSignals[] = {SIGHUP, SIGINT,  SIGQUIT, SIGILL, SIGABRT,
                               SIGFPE, SIGSEGV, SIGBUS,  SIGTERM};
@@ -42,8 +45,17 @@ void writeText(const char* text, size_t bytes)
     }
 }
 
+// Another job has the terminal: it belongs to that one's modes, and changing them would stop us.
+bool isInBackground()
+{
+    const pid_t foreground = tcgetpgrp(terminal_fd);
+    return foreground >= 0 && foreground != ::getpgrp();
+}
+
 void enter()
 {
+    tcdrain(terminal_fd); // in the background it stops here; the modes are read when it goes on
+    tcgetattr(terminal_fd, &original_mode);
     termios raw = original_mode;
     raw.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO); // ISIG stays: Ctrl-C and Ctrl-Z work
     raw.c_cc[VMIN] = 1;
@@ -59,6 +71,8 @@ void leave()
         return;
     is_active = 0;
     writeText(kLeave, sizeof kLeave - 1);
+    if (isInBackground())
+        return;
     tcsetattr(terminal_fd, TCSANOW, &original_mode);
     tcflush(terminal_fd, TCIFLUSH); // an answer of the terminal that nobody reads any more
 }
@@ -79,6 +93,20 @@ void end(int signal)
     std::raise(signal);
 }
 
+// A signal that the starter has ignored stays so: nohup, or a shell that cannot wait for a stopped
+// process.
+void watch(int signal, void (*handler)(int), int flags)
+{
+    struct sigaction action = {};
+    sigaction(signal, nullptr, &action);
+    if (action.sa_handler == SIG_IGN)
+        return;
+    action = {};
+    action.sa_handler = handler;
+    action.sa_flags = flags;
+    sigaction(signal, &action, nullptr);
+}
+
 void stop(int signal)
 {
     const int saved = errno;
@@ -91,9 +119,7 @@ void stop(int signal)
     std::raise(signal);
     pthread_sigmask(SIG_UNBLOCK, &this_signal, &blocked); // stops here, and goes on here
     pthread_sigmask(SIG_SETMASK, &blocked, nullptr);
-    struct sigaction action = {};
-    action.sa_handler = stop;
-    sigaction(signal, &action, nullptr);
+    watch(signal, stop, 0);
     enter();
     askForRedraw(signal);
     errno = saved;
@@ -101,15 +127,10 @@ void stop(int signal)
 
 void watchSignals()
 {
-    struct sigaction action = {};
-    action.sa_handler = end;
     for (const int signal : kEndingSignals)
-        sigaction(signal, &action, nullptr);
-    action.sa_handler = stop;
-    sigaction(SIGTSTP, &action, nullptr);
-    action.sa_handler = askForRedraw;
-    action.sa_flags = SA_RESTART;
-    sigaction(SIGWINCH, &action, nullptr);
+        watch(signal, end, 0);
+    watch(SIGTSTP, stop, 0);
+    watch(SIGWINCH, askForRedraw, SA_RESTART);
 }
 
 } // namespace

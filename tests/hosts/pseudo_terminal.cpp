@@ -104,6 +104,11 @@ void PseudoTerminal::hangUp()
     }
 }
 
+pid_t PseudoTerminal::foreground() const
+{
+    return ::tcgetpgrp(m_master);
+}
+
 bool PseudoTerminal::waitFor(const std::string& text)
 {
     return collectUntil([&] {
@@ -157,6 +162,10 @@ bool PseudoTerminal::collectUntil(const std::function<bool()>& done)
             read = readSome(m_master, m_screen);
         if (ready > 0 && (sources[1].revents & POLLIN) != 0)
             read = readSome(m_pipe, m_out) || read;
+        else if (ready > 0 && sources[1].revents != 0) {
+            ::close(m_pipe); // nobody writes there any more
+            m_pipe = -1;
+        }
         if (ended && !read)
             return done();
         if (std::chrono::steady_clock::now() > deadline)

@@ -24,6 +24,9 @@ public:
     void signal(int number);
     void hangUp();
 
+    // The process that leads the job in the foreground; -1 when there is none any more.
+    pid_t foreground() const;
+
     // Waits until the text is written to the screen, behind what was found by the last such call.
     // Returns false when the deadline passed or the program ended without it.
     bool waitFor(const std::string& text);

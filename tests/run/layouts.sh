@@ -49,9 +49,57 @@ test_own_font_path_is_kept() {
     [ "$output" = /my/font.ttf ] || fail "the font path is wrong"
 }
 
+# What lies below a folder that gets covered is still reached.
+test_layouts_below_a_covered_folder() {
+    mkdir mine
+    echo mine >mine/Language_Name.json
+    run env LAYOUTS="$PWD/mine" "$with_layouts" \
+        env LAYOUTS="$on_television" "$with_layouts" cat "$on_television/Language_Name.json"
+    expect_status 0
+    [ "$output" = mine ] || fail "these are not the chosen layouts"
+}
+
+test_layouts_are_for_reading_only() {
+    mkdir mine
+    echo mine >mine/Language_Name.json
+    export LAYOUTS=mine
+    run "$with_layouts" sh -c "echo yours >'$on_television/Language_Name.json'"
+    expect_status 2
+    expect_said 'Read-only file system'
+    [ "$(cat mine/Language_Name.json)" = mine ] || fail "the layouts were written"
+}
+
+# No process stands between the caller and the command, and no right of the mounts is left.
+test_command_takes_the_place_of_the_script() {
+    "$with_layouts" sh -c 'echo $$ >command' &
+    wait $!
+    [ "$(cat command)" = $! ] || fail "the command is process $(cat command), the script was $!"
+}
+
+# as_plain_user COMMAND...: without the rights of root.
+as_plain_user() {
+    if [ "$(id -u)" -eq 0 ]; then
+        setpriv --reuid=65534 --regid=65534 --clear-groups "$@"
+    else
+        "$@"
+    fi
+}
+test_a_plain_user_gets_layouts_and_no_rights() {
+    cd /
+    run as_plain_user "$with_layouts" sh -c "grep CapEff /proc/self/status; ls '$on_television'"
+    expect_status 0
+    expect_said $'CapEff:\t0000000000000000'
+    expect_said Language_Name.json
+}
+
+test_runs_where_the_caller_is() {
+    run "$with_layouts" pwd
+    [ "$output" = "$PWD" ] || fail "the command runs in $output"
+}
+
 # A system that forbids name spaces. Where layouts are installed they are used instead.
 test_forbidden_name_spaces_say_what_to_do() {
-    fake bwrap 'echo "bwrap: No permissions to create new namespace" >&2; exit 1'
+    fake unshare 'echo "unshare: unshare failed: Operation not permitted" >&2; exit 1'
     run "$with_layouts" echo started
     if [ -f "$on_television/Language_Name.json" ]; then
         expect_status 0
@@ -59,16 +107,16 @@ test_forbidden_name_spaces_say_what_to_do() {
         expect_said started
     else
         expect_status 1
-        expect_said 'No permissions to create new namespace'
+        expect_said 'unshare failed: Operation not permitted'
         expect_said 'as root, run: make install'
         expect_not_said started
     fi
 }
 
-test_no_bwrap_says_what_to_do() {
+test_no_unshare_says_what_to_do() {
     only bash dirname basename
     run bash "$with_layouts" true
     expect_status 1
-    expect_said 'bwrap is not here'
+    expect_said 'unshare is not here'
     expect_said 'scripts/install-packages run'
 }

@@ -34,7 +34,8 @@ end_of() {
     DISPLAY=$(cat display)
     ! gone || fail "the screen is not there"
     kill -s "$1" "$script"
-    wait "$script" || true
+    wait "$script" && status=0 || status=$?
+    [ "$status" -eq "$((128 + $(kill -l "$1")))" ] || fail "the script ended with $status"
     eventually gone
     [ "$1" = KILL ] || ! kill -0 "$(cat command)" 2>/dev/null || fail "the command is left behind"
     [ "$1" != KILL ] || kill "$(cat command)"
