@@ -15,10 +15,10 @@ const int kHeadingTop = 260;
 const int kWordsTop = 370;
 const int kHeadingSize = 72;
 const int kWordsSize = 32;
-// The field stands above the keyboard and is as wide.
-const DFBRectangle kFieldArea = {velmora::browser::vkb::kWindowX, 460, 1302, TextField::kHeight};
-const DFBRectangle kRemoteArea = {330, 590, RemotePicture::kWidth, RemotePicture::kHeight};
-const RemoteKey kNoKey = {RemoteKey::Other, 0};
+const int kFieldTop = 460;
+const int kFieldWidth = 1302; // as wide as the keyboard
+const int kRemoteLeft = 330;
+const int kRemoteTop = 590;
 
 IDirectFBSurface* openWindow(const Screen& screen)
 {
@@ -46,10 +46,14 @@ Page::Page(const Screen& screen, const std::string& font)
       m_words(loadFont(screen.directFB(), font, kWordsSize)),
       m_field(screen.directFB(), font, "Your name"), m_remote(screen.directFB(), font)
 {
-    require(m_surface->GetSubSurface(m_surface, &kFieldArea, &m_field_surface), "GetSubSurface");
-    require(m_surface->GetSubSurface(m_surface, &kRemoteArea, &m_remote_surface), "GetSubSurface");
+    const DFBRectangle field = {velmora::browser::vkb::kWindowX, kFieldTop, kFieldWidth,
+                                TextField::kHeight};
+    const DFBRectangle remote = {kRemoteLeft, kRemoteTop, RemotePicture::kWidth,
+                                 RemotePicture::kHeight};
+    require(m_surface->GetSubSurface(m_surface, &field, &m_field_surface), "GetSubSurface");
+    require(m_surface->GetSubSurface(m_surface, &remote, &m_remote_surface), "GetSubSurface");
     m_surface->Clear(m_surface, kPageColor.red, kPageColor.green, kPageColor.blue, 0xFF);
-    m_remote.draw(m_remote_surface, kNoKey);
+    m_remote.draw(m_remote_surface, {RemoteKey::Other, 0});
 }
 
 void Page::draw(const TextLine& line, bool entered)
@@ -79,8 +83,7 @@ void Page::showPressed(const RemoteKey& key)
 void Page::drawWords(const std::string& heading, const char* words)
 {
     setColor(m_surface, kPageColor);
-    m_surface->FillRectangle(m_surface, kLeft, kHeadingTop, kFieldArea.w,
-                             kFieldArea.y - kHeadingTop);
+    m_surface->FillRectangle(m_surface, kLeft, kHeadingTop, kFieldWidth, kFieldTop - kHeadingTop);
     setColor(m_surface, kWhite);
     m_surface->SetFont(m_surface, m_heading);
     m_surface->DrawString(m_surface, heading.c_str(), -1, kLeft, kHeadingTop, DSTF_TOPLEFT);

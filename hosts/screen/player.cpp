@@ -24,9 +24,12 @@ const int kOkLit = 380;
 const int kOkDark = 320;
 const int kRestAtEnd = 3000;
 
-// What is recorded: the words, the field, the keyboard and the remote control; half as large it
-// is as wide as a column of text on a web page.
-const DFBRectangle kRecorded = {254, 200, 1660, 880};
+// The words, the field, the keyboard and the remote control; half as large, which is as wide as a
+// column of text on a web page.
+Picture recorded(const Screen& screen)
+{
+    return halved(screen.picture({254, 200, 1660, 880}));
+}
 
 } // namespace
 
@@ -69,7 +72,7 @@ void Player::show(int milliseconds)
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
         return;
     }
-    const Picture picture = halved(m_screen.picture(kRecorded));
+    const Picture picture = recorded(m_screen);
     for (const std::unique_ptr<Recorder>& recorder : m_recorders)
         recorder->add(picture, milliseconds);
 }

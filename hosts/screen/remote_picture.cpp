@@ -17,12 +17,13 @@ namespace
 
 const int kFontSize = 28;
 const int kBodyRadius = 56;
-const DFBPoint kRing = {110, 154};
+const int kMiddle = 110; // from the left: of the ring, OK and Back
+const int kRingY = 154;
 const int kRingRadius = 98;
 const int kArrowDistance = 68; // from the ring's centre
 const int kArrowRadius = 28;
 const int kOkRadius = 36;
-const DFBPoint kBack = {110, 362};
+const int kBackY = 362;
 const int kBackRadius = 46;
 
 const Color kBody = {0x2C, 0x34, 0x46};
@@ -37,11 +38,11 @@ struct Arrow {
 const Arrow kArrows[] = {
     {RemoteLeft, -1, 0}, {RemoteUp, 0, -1}, {RemoteRight, 1, 0}, {RemoteDown, 0, 1}};
 
-void disc(IDirectFBSurface* surface, const DFBPoint& centre, int radius)
+void disc(IDirectFBSurface* surface, int x, int y, int radius)
 {
     for (int dy = -radius; dy <= radius; ++dy) {
         const int half = static_cast<int>(std::lround(std::sqrt(radius * radius - dy * dy)));
-        surface->FillRectangle(surface, centre.x - half, centre.y + dy, 2 * half + 1, 1);
+        surface->FillRectangle(surface, x - half, y + dy, 2 * half + 1, 1);
     }
 }
 
@@ -51,7 +52,7 @@ void body(IDirectFBSurface* surface)
     const int bottom = RemotePicture::kHeight - 1 - kBodyRadius;
     for (const int x : {kBodyRadius, right})
         for (const int y : {kBodyRadius, bottom})
-            disc(surface, {x, y}, kBodyRadius);
+            disc(surface, x, y, kBodyRadius);
     surface->FillRectangle(surface, kBodyRadius, 0, right - kBodyRadius + 1,
                            RemotePicture::kHeight);
     surface->FillRectangle(surface, 0, kBodyRadius, RemotePicture::kWidth,
@@ -60,29 +61,27 @@ void body(IDirectFBSurface* surface)
 
 void arrow(IDirectFBSurface* surface, const Arrow& arrow, bool lit)
 {
-    const DFBPoint centre = {kRing.x + arrow.dx * kArrowDistance,
-                             kRing.y + arrow.dy * kArrowDistance};
+    const int x = kMiddle + arrow.dx * kArrowDistance;
+    const int y = kRingY + arrow.dy * kArrowDistance;
     if (lit) {
         setColor(surface, kLight);
-        disc(surface, centre, kArrowRadius);
+        disc(surface, x, y, kArrowRadius);
     }
     const int along = 12;
     const int across = 14;
     setColor(surface, lit ? kDark : kWhite);
-    surface->FillTriangle(surface, centre.x + arrow.dx * along, centre.y + arrow.dy * along,
-                          centre.x - arrow.dx * along + arrow.dy * across,
-                          centre.y - arrow.dy * along + arrow.dx * across,
-                          centre.x - arrow.dx * along - arrow.dy * across,
-                          centre.y - arrow.dy * along - arrow.dx * across);
+    surface->FillTriangle(
+        surface, x + arrow.dx * along, y + arrow.dy * along,
+        x - arrow.dx * along + arrow.dy * across, y - arrow.dy * along + arrow.dx * across,
+        x - arrow.dx * along - arrow.dy * across, y - arrow.dy * along - arrow.dx * across);
 }
 
-void labelled(IDirectFBSurface* surface, const DFBPoint& centre, int radius, const char* label,
-              bool lit)
+void labelled(IDirectFBSurface* surface, int y, int radius, const char* label, bool lit)
 {
     setColor(surface, lit ? kLight : kKey);
-    disc(surface, centre, radius);
+    disc(surface, kMiddle, y, radius);
     setColor(surface, lit ? kDark : kWhite);
-    surface->DrawString(surface, label, -1, centre.x, centre.y - kFontSize * 5 / 8, DSTF_TOPCENTER);
+    surface->DrawString(surface, label, -1, kMiddle, y - kFontSize * 5 / 8, DSTF_TOPCENTER);
 }
 
 } // namespace
@@ -100,11 +99,11 @@ void RemotePicture::draw(IDirectFBSurface* surface, const RemoteKey& pressed) co
     setColor(surface, kBody);
     body(surface);
     setColor(surface, kRingColor);
-    disc(surface, kRing, kRingRadius);
+    disc(surface, kMiddle, kRingY, kRingRadius);
     for (const Arrow& each : kArrows)
         arrow(surface, each, code == each.keyCode);
-    labelled(surface, kRing, kOkRadius, "OK", code == RemoteOk);
-    labelled(surface, kBack, kBackRadius, "Back", pressed.meaning == RemoteKey::Back);
+    labelled(surface, kRingY, kOkRadius, "OK", code == RemoteOk);
+    labelled(surface, kBackY, kBackRadius, "Back", pressed.meaning == RemoteKey::Back);
 }
 
 } // namespace host
