@@ -5,7 +5,7 @@ PREFIX ?= /usr/local
 DESTDIR ?=
 export PREFIX DESTDIR
 
-.PHONY: help run run-screen test layouts fuzz install uninstall package format coverage bench test-arm test-asan test-valgrind soak lint clean keyboard installable everything
+.PHONY: help run run-screen run-browser test layouts fuzz install uninstall package format coverage bench test-arm test-asan test-valgrind soak lint clean keyboard installable everything
 
 help: ## This list
 	@sed -n 's/^\([a-z-]*\):.*## /\1 - /p' Makefile | while IFS= read -r line; do \
@@ -17,11 +17,14 @@ run: keyboard ## Try the keyboard; without a terminal, a tour with pictures in b
 run-screen: keyboard ## The keyboard on a 1920 by 1080 screen, with the test driver's loop
 	@scripts/run-screen
 
+run-browser: ## Web pages with the keyboard; without a display, a played session in build/run/
+	@scripts/run-browser
+
 test: everything ## Build everything and run all tests
 	@scripts/test default
 
 layouts: ## Build the layouts command, which makes and checks keyboard layouts
-	@scripts/install-packages build run tools hosts input_methods test
+	@scripts/install-packages build run tools hosts browser input_methods test
 	@scripts/build default layouts
 
 fuzz: ## Fuzz the reader and the check of layout files, ten minutes each
@@ -70,12 +73,12 @@ test-valgrind: ## The tests under valgrind; takes long
 	@scripts/test valgrind
 
 soak: ## A million random keys and host calls against the model
-	@scripts/install-packages build run tools hosts input_methods test
+	@scripts/install-packages build run tools hosts browser input_methods test
 	@scripts/build default soak_tests
 	@VKB_SOAK_STEPS=1000000 scripts/test default -R '^Soak'
 
 lint: ## clang-tidy and cppcheck on all C++, headers alone, shellcheck; minutes
-	@scripts/install-packages build run tools hosts input_methods test bench lint
+	@scripts/install-packages build run tools hosts browser input_methods test bench lint
 	@scripts/lint
 
 clean: ## Delete everything that was built
@@ -90,5 +93,5 @@ installable:
 	@scripts/build install
 
 everything:
-	@scripts/install-packages build run tools hosts input_methods test
+	@scripts/install-packages build run tools hosts browser input_methods test
 	@scripts/build default

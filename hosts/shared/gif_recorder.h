@@ -1,6 +1,7 @@
 #ifndef GIF_RECORDER_H
 #define GIF_RECORDER_H
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,8 @@ struct GifFileType;
 namespace host
 {
 
-// Writes only what differs from the frame before, in grey: the keyboard has no other colours.
+// Writes only what differs from the frame before. A recording that begins in grey, as the keyboard
+// alone does, stays grey; in any other each frame has the 256 colours that suit it.
 class GifRecorder : public Recorder
 {
 public:
@@ -28,14 +30,18 @@ private:
 
     void begin(int width, int height);
     void write(const Area& area, int milliseconds);
-    Area changedArea(const std::vector<unsigned char>& grey) const;
+    void writeGrey(const Area& area);
+    void writeColours(const Area& area);
+    const uint32_t* pixel(int x, int y) const;
+    Area changedArea(const std::vector<uint32_t>& pixels) const;
     [[noreturn]] void fail() const;
 
     std::string m_file;
     GifFileType* m_gif = nullptr;
     int m_width = 0;
     int m_height = 0;
-    std::vector<unsigned char> m_shown; // one byte for each pixel
+    bool m_is_grey = true;
+    std::vector<uint32_t> m_shown; // for each pixel a level of grey, or 0xRRGGBB
 };
 
 } // namespace host

@@ -11,6 +11,7 @@ namespace
 {
 
 FILE* log_file = nullptr;
+bool is_held = false;
 
 } // namespace
 
@@ -23,13 +24,18 @@ bool openLog(const std::string& file)
     return log_file != nullptr;
 }
 
+void holdLog(bool hold)
+{
+    is_held = hold;
+}
+
 } // namespace host
 
 extern "C" {
 
 int cspDebugCheckLevelGetFrameAndChunk(void*)
 {
-    return log_file != nullptr;
+    return log_file != nullptr && !is_held;
 }
 
 __attribute__((format(printf, 1, 2))) void cspDebugOutput0(const char* format, ...)

@@ -10,6 +10,10 @@ namespace host
 // are not written at all. Returns false when the file cannot be opened.
 bool openLog(const std::string& file);
 
+// While true, no line is written: the keyboard's lines tell what is typed, and a password is
+// nobody's business.
+void holdLog(bool hold);
+
 } // namespace host
 
 #endif

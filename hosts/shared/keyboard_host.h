@@ -1,3 +1,4 @@
+// The one way in which every host here uses the keyboard.
 #ifndef HOSTS_SHARED_KEYBOARD_HOST_H
 #define HOSTS_SHARED_KEYBOARD_HOST_H
 

@@ -83,26 +83,22 @@ std::vector<Press> wayTo(const std::vector<Visit>& visits, size_t start, size_t 
     return presses;
 }
 
-enum class Effect { None, Submits, Goes };
-
-// What a key result does for the text: the Enter key ends it when it is whole, a key whose text
-// comes next carries it on, any other key would spoil it.
-Effect effectOf(const Button_t& key, const std::string& text, size_t& typed)
+// Whether the key result of this key carries the text on, which then is typed so far; any other
+// text would spoil it.
+bool carriesOn(const Button_t& key, const std::string& text, size_t& typed)
 {
-    switch (keyAction(key.keyCode)) {
-    case KeyAction::Submit:
-        return typed == text.size() ? Effect::Submits : Effect::None;
-    case KeyAction::Insert:
-        break;
-    default:
-        return Effect::None;
-    }
+    if (keyAction(key.keyCode) != KeyAction::Insert)
+        return false;
     const std::string piece = decomposed(keyText(key.character, key.text));
     if (piece.empty() || text.compare(typed, piece.size(), piece) != 0)
-        return Effect::None;
+        return false;
     typed += piece.size();
-    return Effect::Goes;
+    return true;
 }
+
+// Whether this press is the last one of the plan. typed: bytes of the text, with this press.
+using IsLast =
+    std::function<bool(const Place& here, Press press, const Button_t* result, size_t typed)>;
 
 // The character around the position as its writer sees it: a letter with its marks is one.
 std::string characterAround(const std::string& text, size_t position)
@@ -118,17 +114,16 @@ std::string characterAround(const std::string& text, size_t position)
     return "";
 }
 
-} // namespace
-
-Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std::string& text)
+// text: decomposed.
+Plan search(const KeyboardModel& model, const KeyboardState& from, const std::string& text,
+            const IsLast& isLast)
 {
-    const std::string wanted = decomposed(text);
     Plan plan;
     if (model.focused(from) == nullptr)
         return plan;
 
     const Numbering numbering(model);
-    std::vector<Visit> visits(numbering.states() * (wanted.size() + 1));
+    std::vector<Visit> visits(numbering.states() * (text.size() + 1));
     const size_t start = numbering.number({from, 0});
     visits[start].seen = true;
     std::vector<size_t> queue = {start};
@@ -141,19 +136,15 @@ Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std
         for (const Press press : kPresses) {
             const KeyboardModel::Step step = model.after(place.state, press);
             Place next = {step.state, place.typed};
-            if (step.hides || model.focused(step.state) == nullptr)
-                continue;
-            if (step.result != nullptr) {
-                const Effect effect = effectOf(*step.result, wanted, next.typed);
-                if (effect == Effect::None)
-                    continue;
-                if (effect == Effect::Submits) {
-                    plan.presses = wayTo(visits, start, here);
-                    plan.presses.push_back(press);
-                    plan.possible = true;
-                    return plan;
-                }
+            const bool fits = step.result == nullptr || carriesOn(*step.result, text, next.typed);
+            if (isLast(place, press, step.result, next.typed)) {
+                plan.presses = wayTo(visits, start, here);
+                plan.presses.push_back(press);
+                plan.possible = true;
+                return plan;
             }
+            if (!fits || step.hides || model.focused(step.state) == nullptr)
+                continue;
             Visit& visit = visits[numbering.number(next)];
             if (visit.seen)
                 continue;
@@ -161,8 +152,36 @@ Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std
             queue.push_back(numbering.number(next));
         }
     }
-    plan.obstacle = characterAround(wanted, farthest);
+    plan.obstacle = characterAround(text, farthest);
     return plan;
+}
+
+} // namespace
+
+Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std::string& text,
+                PlanEnd end)
+{
+    const std::string wanted = decomposed(text);
+    if (end == PlanEnd::Text && wanted.empty()) {
+        Plan nothing;
+        nothing.possible = true;
+        return nothing;
+    }
+    return search(model, from, wanted,
+                  [&](const Place& here, Press, const Button_t* result, size_t typed) {
+                      if (result == nullptr || typed != wanted.size())
+                          return false;
+                      const bool isEnter = keyAction(result->keyCode) == KeyAction::Submit;
+                      return end == PlanEnd::Enter ? isEnter : here.typed < typed;
+                  });
+}
+
+Plan planKey(const KeyboardModel& model, const KeyboardState& from,
+             const std::function<bool(const Button_t&)>& isWanted)
+{
+    return search(model, from, "", [&](const Place& here, Press press, const Button_t*, size_t) {
+        return press == Press::Ok && isWanted(*model.focused(here.state));
+    });
 }
 
 const char* pressName(Press press)

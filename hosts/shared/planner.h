@@ -1,6 +1,7 @@
 #ifndef PLANNER_H
 #define PLANNER_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,7 +11,7 @@ namespace host
 {
 
 struct Plan {
-    std::vector<Press> presses; // the last one presses the Enter key
+    std::vector<Press> presses;
 
     // When there is no way, the first character that cannot be typed; empty when the text can be
     // typed and only the Enter key is out of reach.
@@ -18,10 +19,20 @@ struct Plan {
     std::string obstacle;
 };
 
-// The fewest presses that type the text (UTF-8) from this state and submit it, over arrows, OK,
-// Shift, Alt and the language key. Breadth-first over how far the text is typed together with
-// the keyboard's state, so the whole way is the shortest, not each letter's alone.
-Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std::string& text);
+enum class PlanEnd {
+    Enter, // the last press is that of the Enter key
+    Text,  // it ends with the text
+};
+
+// The fewest presses that type the text (UTF-8) from this state, over arrows, OK, Shift, Alt and
+// the language key. Breadth-first over how far the text is typed together with the keyboard's
+// state, so the whole way is the shortest, not each letter's alone.
+Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std::string& text,
+                PlanEnd end = PlanEnd::Enter);
+
+// The fewest presses that press a key of this kind.
+Plan planKey(const KeyboardModel& model, const KeyboardState& from,
+             const std::function<bool(const velmora::browser::vkb::Button_t&)>& isWanted);
 
 const char* pressName(Press press);
 

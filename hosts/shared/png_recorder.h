@@ -8,6 +8,9 @@
 namespace host
 {
 
+// Throws std::runtime_error when the file cannot be written.
+void writePng(const std::string& file, const Picture& picture);
+
 class PngRecorder : public Recorder
 {
 public:

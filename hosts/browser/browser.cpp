@@ -1,0 +1,523 @@
+// Where the remote control, the keyboard and the page meet.
+#include "browser.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host_log.h"
+#include "keyboard_constants.h"
+
+#include "field_watch.h"
+#include "notices.h"
+
+namespace host
+{
+
+using namespace velmora::browser::vkb;
+
+namespace
+{
+
+const int kRoomBelowCaret = 40; // pixels: the field's edge, and some air
+
+std::string asText(JSCValue* value)
+{
+    const std::unique_ptr<char, decltype(&g_free)> text(jsc_value_to_string(value), &g_free);
+    return text.get();
+}
+
+std::string textOf(JSCValue* object, const char* name)
+{
+    JSCValue* value = jsc_value_object_get_property(object, name);
+    const std::string text = asText(value);
+    g_object_unref(value);
+    return text;
+}
+
+bool isTrue(JSCValue* object, const char* name)
+{
+    return textOf(object, name) == "true";
+}
+
+using ScriptAnswer = std::function<void(JSCValue*)>;
+
+// Finishes a script; the answer gets its value, or null when it failed.
+void answerScript(GObject* view, GAsyncResult* task, gpointer data)
+{
+    const std::unique_ptr<ScriptAnswer> answer(static_cast<ScriptAnswer*>(data));
+    WebKitJavascriptResult* result =
+        webkit_web_view_run_javascript_in_world_finish(WEBKIT_WEB_VIEW(view), task, nullptr);
+    (*answer)(result == nullptr ? nullptr : webkit_javascript_result_get_js_value(result));
+    if (result != nullptr)
+        webkit_javascript_result_unref(result);
+}
+
+// Runs a script in the top frame, in our world.
+void runScript(WebKitWebView* view, const std::string& script, ScriptAnswer answer)
+{
+    webkit_web_view_run_javascript_in_world(view, script.c_str(), Engine::kWorld, nullptr,
+                                            answerScript, new ScriptAnswer(std::move(answer)));
+}
+
+struct DialogForm {
+    WebKitScriptDialogType type;
+    bool hasLine;
+    std::vector<Question::Choice> choices;
+};
+
+const DialogForm& formOf(WebKitScriptDialogType type)
+{
+    static const DialogForm kForms[] = {
+        {WEBKIT_SCRIPT_DIALOG_ALERT, false, {{"OK"}}},
+        {WEBKIT_SCRIPT_DIALOG_CONFIRM, false, {{"OK"}, {"Cancel"}}},
+        {WEBKIT_SCRIPT_DIALOG_PROMPT, true, {{"OK"}, {"Cancel"}}},
+        {WEBKIT_SCRIPT_DIALOG_BEFORE_UNLOAD_CONFIRM, false, {{"Leave"}, {"Stay"}}},
+    };
+    for (const DialogForm& form : kForms)
+        if (form.type == type)
+            return form;
+    return kForms[0];
+}
+
+} // namespace
+
+bool isSame(const PageFocus& a, const PageFocus& b)
+{
+    return a.frame == b.frame && a.serial == b.serial;
+}
+
+Browser::Browser(const Screen& screen, const KeyboardModel& model, Setup setup)
+    : m_setup(std::move(setup)), m_has_keyboard(!m_setup.font.empty() && !model.layouts().empty()),
+      m_window(screen), m_keyboard(screen, &model),
+      m_engine(
+          m_window.width(), m_window.height(), kFieldWatch, m_setup.sandbox,
+          [this](const uint8_t* pixels, int bytesPerRow) { m_window.show(pixels, bytesPerRow); }),
+      m_method(m_engine.view(), {[this](bool focused) {
+                                     m_engine_focused = focused;
+                                     follow();
+                                 },
+                                 [this](const CaretArea& caret) {
+                                     m_caret = caret;
+                                     makeRoom();
+                                 }}),
+      m_input(m_engine, m_method)
+{
+    if (!m_setup.font.empty())
+        m_panel = std::make_unique<Panel>(screen, m_setup.font);
+    connect();
+}
+
+void Browser::connect()
+{
+    WebKitWebView* view = m_engine.view();
+    g_signal_connect(m_engine.content(), "script-message-received::focus",
+                     G_CALLBACK(+[](WebKitUserContentManager*, WebKitJavascriptResult* message,
+                                    Browser* browser) {
+                         browser->takeMessage(webkit_javascript_result_get_js_value(message));
+                     }),
+                     this);
+    g_signal_connect(view, "load-changed",
+                     G_CALLBACK(+[](WebKitWebView*, WebKitLoadEvent event, Browser* browser) {
+                         if (event == WEBKIT_LOAD_COMMITTED)
+                             browser->takeCommit();
+                     }),
+                     this);
+    g_signal_connect(
+        view, "load-failed",
+        G_CALLBACK(+[](WebKitWebView*, WebKitLoadEvent, const char* url, GError* error,
+                       Browser* browser) -> gboolean { return browser->takeFailure(url, *error); }),
+        this);
+    g_signal_connect(view, "web-process-terminated",
+                     G_CALLBACK(+[](WebKitWebView*, WebKitWebProcessTerminationReason,
+                                    Browser* browser) { browser->takeTermination(); }),
+                     this);
+    g_signal_connect(
+        view, "script-dialog",
+        G_CALLBACK(+[](WebKitWebView*, WebKitScriptDialog* dialog, Browser* browser) -> gboolean {
+            return browser->takeDialog(dialog);
+        }),
+        this);
+    g_signal_connect(
+        view, "show-option-menu",
+        G_CALLBACK(+[](WebKitWebView*, WebKitOptionMenu* menu, WebKitRectangle*,
+                       Browser* browser) -> gboolean { return browser->takeMenu(menu); }),
+        this);
+    // One screen, one page: what wants a window of its own gets this one.
+    g_signal_connect(view, "decide-policy",
+                     G_CALLBACK(+[](WebKitWebView* page, WebKitPolicyDecision* decision,
+                                    WebKitPolicyDecisionType type, Browser*) -> gboolean {
+                         if (type != WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION)
+                             return FALSE;
+                         WebKitNavigationAction* action =
+                             webkit_navigation_policy_decision_get_navigation_action(
+                                 WEBKIT_NAVIGATION_POLICY_DECISION(decision));
+                         webkit_web_view_load_request(page,
+                                                      webkit_navigation_action_get_request(action));
+                         webkit_policy_decision_ignore(decision);
+                         return TRUE;
+                     }),
+                     this);
+}
+
+void Browser::open(const std::string& url)
+{
+    if (m_has_keyboard) {
+        webkit_web_view_load_uri(view(), url.c_str());
+        return;
+    }
+    const std::string what = m_setup.font.empty() ? noFontMessage() : noLayoutsMessage();
+    m_setup.complain(what);
+    tell("There is no keyboard", what, "Go on without", url);
+}
+
+void Browser::reload()
+{
+    webkit_web_view_reload(view());
+}
+
+void Browser::goBack()
+{
+    if (webkit_web_view_can_go_back(view()))
+        webkit_web_view_go_back(view());
+    else
+        m_setup.end();
+}
+
+void Browser::tell(const std::string& title, const std::string& text, const std::string& label,
+                   const std::string& url)
+{
+    webkit_web_view_load_alternate_html(view(), noticePage(title, text, label, url).c_str(),
+                                        url.c_str(), nullptr);
+}
+
+void Browser::takeMessage(JSCValue* message)
+{
+    PageFocus focus;
+    focus.frame = textOf(message, "frame");
+    focus.serial = std::stoi(textOf(message, "serial"));
+    focus.kind = textOf(message, "kind");
+    focus.password = isTrue(message, "password");
+    takeFocus(focus, isTrue(message, "top"), isTrue(message, "gone"));
+}
+
+// Each frame tells for itself. What one without the focus tells last must not hide what another
+// one told before.
+void Browser::takeFocus(const PageFocus& focus, bool isTop, bool isGone)
+{
+    const bool isNews = focus.kind != "none" || (isTop && !isGone) || focus.frame == m_focus.frame;
+    if (focus.kind == "frame" || !isNews)
+        return;
+    m_focus = focus;
+    if (focus.kind == "none")
+        m_engine_focused = false; // the engine does not tell when a script removed the field
+    follow();
+}
+
+void Browser::takeCommit()
+{
+    if (m_panel)
+        m_panel->withdraw();
+    m_focus = PageFocus();
+    m_shown_for = PageFocus();
+    m_engine_focused = false;
+    m_is_asking_for_room = false;
+    m_has_scrolled = false;
+    holdLog(false);
+    m_input.forget();
+    hideKeyboard();
+    while (!m_waits.empty()) // the page that was to answer is gone
+        endWait(m_waits.begin()->first);
+}
+
+bool Browser::takeFailure(const std::string& url, const GError& error)
+{
+    if (g_error_matches(&error, WEBKIT_NETWORK_ERROR, WEBKIT_NETWORK_ERROR_CANCELLED))
+        return false;
+    m_setup.complain(url + ": cannot be shown: " + error.message);
+    tell("This page cannot be shown", url + ": " + error.message, "Try again", url);
+    return true;
+}
+
+void Browser::takeTermination()
+{
+    takeCommit();
+    const char* address = webkit_web_view_get_uri(view());
+    const std::string url = address == nullptr ? "about:blank" : address;
+    m_setup.complain(url + ": the page's process ended");
+    tell("This page ended", url + ": its process was ended.", "Load it again", url);
+}
+
+void Browser::ask(const Question& question, Panel::Answer answer)
+{
+    const bool wasShown = m_keyboard.isShown();
+    hideKeyboard();
+    ++m_changes;
+    m_panel->ask(question, [this, wasShown, answer](int choice, const std::string& line) {
+        ++m_changes;
+        hideKeyboard();
+        answer(choice, line);
+        if (wasShown && fieldIsEntered())
+            showKeyboard();
+    });
+    if (m_panel->isOnLine())
+        showKeyboard();
+}
+
+bool Browser::takeDialog(WebKitScriptDialog* dialog)
+{
+    const WebKitScriptDialogType type = webkit_script_dialog_get_dialog_type(dialog);
+    const char* message = webkit_script_dialog_get_message(dialog);
+    if (!m_panel) {
+        m_setup.complain(std::string("a page's dialog is left unanswered: ") + message);
+        return true;
+    }
+    const DialogForm& form = formOf(type);
+    Question question = {message, form.choices, 0, form.hasLine, ""};
+    if (form.hasLine)
+        question.line = webkit_script_dialog_prompt_get_default_text(dialog);
+    webkit_script_dialog_ref(dialog);
+    ask(question, [dialog, type](int choice, const std::string& line) {
+        const bool agreed = choice == 0;
+        if (type == WEBKIT_SCRIPT_DIALOG_CONFIRM ||
+            type == WEBKIT_SCRIPT_DIALOG_BEFORE_UNLOAD_CONFIRM)
+            webkit_script_dialog_confirm_set_confirmed(dialog, agreed);
+        if (type == WEBKIT_SCRIPT_DIALOG_PROMPT && agreed)
+            webkit_script_dialog_prompt_set_text(dialog, line.c_str());
+        webkit_script_dialog_close(dialog);
+        webkit_script_dialog_unref(dialog);
+    });
+    return true;
+}
+
+bool Browser::takeMenu(WebKitOptionMenu* menu)
+{
+    if (!m_panel)
+        return false;
+    Question question;
+    for (unsigned i = 0; i < webkit_option_menu_get_n_items(menu); ++i) {
+        WebKitOptionMenuItem* item = webkit_option_menu_get_item(menu, i);
+        if (webkit_option_menu_item_is_selected(item))
+            question.chosen = i;
+        question.choices.push_back({webkit_option_menu_item_get_label(item),
+                                    webkit_option_menu_item_is_enabled(item) != FALSE});
+    }
+    g_object_ref(menu);
+    const gulong closed = g_signal_connect_swapped(
+        menu, "close", G_CALLBACK(+[](Browser* browser) { browser->m_panel->withdraw(); }), this);
+    ask(question, [menu, closed](int choice, const std::string&) {
+        g_signal_handler_disconnect(menu, closed);
+        if (choice >= 0)
+            webkit_option_menu_activate_item(menu, static_cast<unsigned>(choice));
+        else
+            webkit_option_menu_close(menu);
+        g_object_unref(menu);
+    });
+    return true;
+}
+
+bool Browser::fieldIsEntered() const
+{
+    return m_focus.kind == "text" || (m_focus.kind == "closed" && m_engine_focused);
+}
+
+// Shows the keyboard for a field that was just entered, and hides it when there is none any more.
+// A script may leave one field and enter the next; so the hiding waits for what the page tells
+// after it.
+void Browser::follow()
+{
+    if (!fieldIsEntered()) {
+        m_input.whenHandled([this] {
+            if (fieldIsEntered())
+                return;
+            holdLog(false);
+            m_shown_for = PageFocus();
+            hideKeyboard();
+        });
+        return;
+    }
+    const bool isPassword =
+        m_focus.password ||
+        (m_focus.kind == "closed" && m_method.purpose() == WEBKIT_INPUT_PURPOSE_PASSWORD);
+    holdLog(isPassword);
+    if (isSame(m_focus, m_shown_for))
+        return;
+    m_shown_for = m_focus;
+    m_input.startField();
+    if (!m_panel || !m_panel->isOpen())
+        showKeyboard();
+}
+
+void Browser::showKeyboard()
+{
+    if (!m_has_keyboard)
+        return;
+    if (!m_keyboard.isShown())
+        ++m_changes;
+    m_keyboard.show();
+    makeRoom();
+}
+
+void Browser::hideKeyboard()
+{
+    if (m_keyboard.isShown())
+        ++m_changes;
+    m_keyboard.hide();
+    makeRoom();
+}
+
+// Keeps the caret in sight above the keyboard: the page scrolls as far as it can, and the rest of
+// the way its picture moves up.
+void Browser::makeRoom()
+{
+    const bool isNeeded = m_keyboard.isShown() && fieldIsEntered();
+    const int missing =
+        isNeeded ? std::max(0, m_caret.y + m_caret.height + kRoomBelowCaret - kWindowY) : 0;
+    if (!isNeeded && m_has_scrolled) {
+        m_has_scrolled = false;
+        runScript(view(), "keyboardRoom.back()", [](JSCValue*) {});
+    }
+    if (missing == 0) {
+        m_window.moveUp(0);
+        return;
+    }
+    if (m_is_asking_for_room)
+        return;
+    m_is_asking_for_room = true;
+    const std::string script = "keyboardRoom.up(" + std::to_string(missing) + ")";
+    runScript(view(), script, [this](JSCValue* value) {
+        if (!m_is_asking_for_room)
+            return; // for a page that is gone
+        m_is_asking_for_room = false;
+        const int rows = value == nullptr ? 0 : jsc_value_to_int32(value);
+        if (rows > 0) {
+            m_has_scrolled = true;
+            m_caret.y -= rows;
+            makeRoom();
+            return;
+        }
+        const bool isStillNeeded = m_keyboard.isShown() && fieldIsEntered();
+        const int below = m_caret.y + m_caret.height + kRoomBelowCaret - kWindowY;
+        m_window.moveUp(isStillNeeded ? std::max(0, below) : 0);
+    });
+}
+
+void Browser::press(const RemoteKey& key, bool isHeld)
+{
+    if (!isHeld)
+        m_changes_before = m_changes;
+    // Held down from the page into the keyboard, OK would press a key that nobody has chosen.
+    if (key.meaning == RemoteKey::Other || m_changes_before != m_changes)
+        return;
+    if (m_panel && m_panel->isOpen()) {
+        pressOnPanel(key);
+        return;
+    }
+    if (m_keyboard.isShown() && pressOnKeyboard(key))
+        return;
+    if (key.meaning == RemoteKey::Back)
+        goBack();
+    else if (fieldIsEntered())
+        pressInField(key.keyCode);
+    else
+        pressOnPage(key.keyCode);
+}
+
+bool Browser::pressOnKeyboard(const RemoteKey& key)
+{
+    if (key.meaning == RemoteKey::Back) {
+        hideKeyboard();
+        return true;
+    }
+    if (key.meaning != RemoteKey::ForKeyboard)
+        return false;
+    const KeyboardHost::Answer answer = m_keyboard.press(key.keyCode);
+    if (!m_keyboard.isShown()) { // by its own key
+        ++m_changes;
+        makeRoom();
+    }
+    if (answer.hasEdit && m_panel && m_panel->isOnLine()) {
+        if (answer.edit.action == KeyAction::Submit)
+            m_panel->choose();
+        else
+            m_panel->edit(answer.edit);
+    } else if (answer.hasEdit) {
+        m_input.edit(answer.edit);
+    }
+    return answer.taken;
+}
+
+void Browser::pressOnPanel(const RemoteKey& key)
+{
+    if (m_keyboard.isShown() && pressOnKeyboard(key))
+        return;
+    if (key.meaning == RemoteKey::Back)
+        m_panel->goBack();
+    else if (key.keyCode == RemoteUp || key.keyCode == RemoteLeft)
+        m_panel->move(-1);
+    else if (key.keyCode == RemoteDown || key.keyCode == RemoteRight)
+        m_panel->move(1);
+    else if (key.keyCode == RemoteOk && m_panel->isOnLine())
+        showKeyboard();
+    else if (key.keyCode == RemoteOk)
+        m_panel->choose();
+}
+
+void Browser::pressOnPage(int keyCode)
+{
+    // As the space bar of a computer: Enter would send the form.
+    m_input.key(keyCode == RemoteOk && m_focus.kind == "toggle" ? ' ' : keyCode);
+}
+
+void Browser::pressInField(int keyCode)
+{
+    if (keyCode == RemoteOk)
+        showKeyboard();
+    else if (keyCode == RemoteUp || keyCode == RemoteDown)
+        m_input.key(KeyCodeTab, keyCode == RemoteUp);
+    else
+        m_input.key(keyCode);
+}
+
+// A page that waits for its dialog to be answered shows nothing new.
+void Browser::whenHandled(std::function<void()> done)
+{
+    if (m_panel && m_panel->isOpen())
+        done();
+    else
+        m_input.whenHandled(std::move(done));
+}
+
+void Browser::whenShown(std::function<void()> done)
+{
+    if (m_panel && m_panel->isOpen()) {
+        done();
+        return;
+    }
+    m_input.whenHandled([this, done] {
+        const unsigned number = ++m_last_wait;
+        m_waits[number] = done;
+        webkit_web_view_run_async_javascript_function_in_world(
+            view(),
+            "return new Promise(shown => requestAnimationFrame(() => requestAnimationFrame(shown)))",
+            nullptr, Engine::kWorld, nullptr, answerScript,
+            new ScriptAnswer([this, number](JSCValue*) { endWait(number); }));
+    });
+}
+
+void Browser::endWait(unsigned number)
+{
+    const auto wait = m_waits.find(number);
+    if (wait == m_waits.end())
+        return; // ended with its page
+    const std::function<void()> done = std::move(wait->second);
+    m_waits.erase(wait);
+    done();
+}
+
+void Browser::pageText(std::function<void(const std::string&)> done)
+{
+    runScript(view(), "document.body ? document.body.innerText : ''",
+              [done](JSCValue* value) { done(value == nullptr ? "" : asText(value)); });
+}
+
+} // namespace host

@@ -1,0 +1,115 @@
+// A browser as a television has it: page, keyboard and remote control together.
+#ifndef HOSTS_BROWSER_BROWSER_H
+#define HOSTS_BROWSER_BROWSER_H
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "keyboard_host.h"
+#include "remote_keys.h"
+#include "screen.h"
+
+#include "engine.h"
+#include "input_method.h"
+#include "page_input.h"
+#include "page_window.h"
+#include "panel.h"
+
+namespace host
+{
+
+// What has the focus in the page, as field_watch.js tells it.
+struct PageFocus {
+    std::string frame;
+    int serial = 0;   // another number for each element of the frame
+    std::string kind; // text, closed, toggle, frame, other, none
+    bool password = false;
+};
+
+bool isSame(const PageFocus& a, const PageFocus& b);
+
+// A television's browser: one page, the keyboard above it, and a remote control.
+class Browser
+{
+public:
+    struct Setup {
+        std::string font; // empty: there is none, and so no keyboard
+        bool sandbox = true;
+        std::function<void()> end;                        // the viewer leaves
+        std::function<void(const std::string&)> complain; // in a line for standard error
+    };
+
+    // screen and model are lent; a model without layouts is a browser without a keyboard.
+    Browser(const Screen& screen, const KeyboardModel& model, Setup setup);
+
+    void open(const std::string& url);
+    void reload();
+
+    // In the history; on the first page the browser ends.
+    void goBack();
+
+    // One press of the remote control. isHeld: the key was down before, so this is a repetition.
+    void press(const RemoteKey& key, bool isHeld = false);
+
+    // Calls back once the page has handled the presses before; whenShown also waits until what
+    // came of them is on the screen.
+    void whenHandled(std::function<void()> done);
+    void whenShown(std::function<void()> done);
+
+    // Calls back with the text that the page shows; empty while it cannot answer.
+    void pageText(std::function<void(const std::string&)> done);
+
+    bool keyboardIsShown() { return m_keyboard.isShown(); }
+    const KeyboardState& keyboardState() const { return m_keyboard.state(); }
+    WebKitWebView* view() const { return m_engine.view(); }
+
+private:
+    void connect();
+    void takeMessage(JSCValue* message);
+    void takeFocus(const PageFocus& focus, bool isTop, bool isGone);
+    void takeCommit();
+    bool takeFailure(const std::string& url, const GError& error);
+    void takeTermination();
+    bool takeDialog(WebKitScriptDialog* dialog);
+    bool takeMenu(WebKitOptionMenu* menu);
+
+    bool fieldIsEntered() const;
+    void follow();
+    void showKeyboard();
+    void hideKeyboard();
+    void makeRoom();
+    void endWait(unsigned number);
+    void ask(const Question& question, Panel::Answer answer);
+    void tell(const std::string& title, const std::string& text, const std::string& label,
+              const std::string& url);
+
+    bool pressOnKeyboard(const RemoteKey& key);
+    void pressOnPanel(const RemoteKey& key);
+    void pressOnPage(int keyCode);
+    void pressInField(int keyCode);
+
+    Setup m_setup;
+    bool m_has_keyboard;
+    PageWindow m_window;
+    KeyboardHost m_keyboard;
+    Engine m_engine;
+    InputMethod m_method;
+    PageInput m_input;
+    std::unique_ptr<Panel> m_panel; // null without a font
+    PageFocus m_focus;
+    PageFocus m_shown_for; // the field that the keyboard was last shown for
+    bool m_engine_focused = false;
+    CaretArea m_caret = {};
+    bool m_is_asking_for_room = false;
+    bool m_has_scrolled = false;                       // the page, to make room
+    std::map<unsigned, std::function<void()>> m_waits; // for the page's next picture
+    unsigned m_last_wait = 0;
+    int m_changes = 0;        // of who gets the keys: page, keyboard, panel
+    int m_changes_before = 0; // when the key that is down now was pressed
+};
+
+} // namespace host
+
+#endif

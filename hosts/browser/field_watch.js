@@ -1,0 +1,114 @@
+// Runs in every frame, in a world of its own that the page cannot see, from the document's start.
+// Tells the browser what has the focus: the engine's input method is silent when a script moves,
+// removes or disables the field.
+(() => {
+  'use strict';
+  const handler = window.webkit && window.webkit.messageHandlers.focus;
+  if (!handler) return;
+
+  const textTypes = new Set(['text', 'search', 'url', 'tel', 'email', 'password', 'number']);
+  const toggleTypes = new Set(['checkbox', 'radio']);
+  // A custom element, or one that may have a shadow tree that even this script cannot look into.
+  const mayBeClosed = element => element.shadowRoot === null && !isFrame(element) &&
+    (element.localName.includes('-') || /^(article|aside|div|footer|header|main|nav|p|section|span)$/
+      .test(element.localName));
+  const isFrame = element => /^(iframe|frame|object)$/.test(element.localName);
+
+  const frame = Math.random().toString(36).slice(2); // tells the frames of one page apart
+  let serial = 0;         // a new number for each element that gets the focus
+  let watched = null;     // the element last told
+  let told = '';          // what was told of it
+
+  const focused = () => {
+    let element = document.hasFocus() ? document.activeElement : null;
+    while (element && element.shadowRoot && element.shadowRoot.activeElement)
+      element = element.shadowRoot.activeElement;
+    return element;
+  };
+
+  const isShown = element => element.getClientRects().length > 0;
+
+  const kindOf = element => {
+    if (!element) return 'none';
+    if (element.inputMode !== 'none' && isShown(element)) {
+      if (element.isContentEditable) return 'text';
+      if (element.localName === 'textarea' || element.localName === 'input' && textTypes.has(element.type))
+        return element.readOnly || element.matches(':disabled') ? 'other' : 'text';
+    }
+    if (element.localName === 'input' && toggleTypes.has(element.type)) return 'toggle';
+    if (element.localName === 'select' && !element.multiple) return 'toggle';
+    if (isFrame(element)) return 'frame';
+    if (element === document.body || element === document.documentElement) return 'none';
+    return mayBeClosed(element) ? 'closed' : 'other';
+  };
+
+  // Removal and a changed attribute fire no focus event, and a change of the layout neither.
+  const changes = new MutationObserver(() => look());
+  const sizes = new ResizeObserver(() => look());
+  const watch = element => {
+    changes.disconnect();
+    sizes.disconnect();
+    if (!element) return;
+    sizes.observe(element);
+    for (let root = element.getRootNode(); root; root = root.host ? root.host.getRootNode() : null)
+      changes.observe(root, {
+        subtree: true, childList: true, attributes: true,
+        attributeFilter: ['contenteditable', 'disabled', 'inputmode', 'readonly', 'type'],
+      });
+  };
+
+  const tell = state => {
+    const text = JSON.stringify(state);
+    if (text === told) return;
+    told = text;
+    handler.postMessage(state);
+  };
+
+  const look = () => {
+    const element = focused();
+    if (element !== watched) {
+      watched = element;
+      serial += 1;
+      watch(element);
+    }
+    const kind = kindOf(element);
+    tell({frame, top: window === window.top, serial, kind,
+      password: kind === 'text' && element.type === 'password',
+      lines: kind === 'text' && (element.isContentEditable || element.localName === 'textarea')});
+  };
+
+  const leave = () => {
+    watched = null;
+    watch(null);
+    tell({frame, top: window === window.top, serial, kind: 'none', password: false, lines: false, gone: true});
+  };
+
+  // The browser asks for room above the keyboard, and gives back what the page did not use since.
+  let scrolled = null; // {from, to}: rows of the page
+  window.keyboardRoom = {
+    up(rows) {
+      const page = document.scrollingElement;
+      if (!page) return 0;
+      const before = page.scrollTop;
+      page.scrollBy({top: rows, behavior: 'instant'});
+      if (page.scrollTop !== before)
+        scrolled = {from: scrolled && scrolled.to === before ? scrolled.from : before, to: page.scrollTop};
+      return page.scrollTop - before;
+    },
+    back() {
+      const page = document.scrollingElement;
+      if (page && scrolled && page.scrollTop === scrolled.to)
+        page.scrollTo({top: scrolled.from, behavior: 'instant'});
+      scrolled = null;
+    },
+  };
+
+  window.addEventListener('focusin', look, true);
+  // With another element to follow, its focusin tells; the field is not left in between.
+  window.addEventListener('focusout', event => { if (!event.relatedTarget) look(); }, true);
+  window.addEventListener('focus', look, true);
+  window.addEventListener('blur', event => { if (event.target === window) look(); }, true);
+  window.addEventListener('pageshow', look, true);
+  window.addEventListener('pagehide', leave, true);
+  look();
+})();
