@@ -38,7 +38,7 @@ namespace
 TEST(StubbornCore, FailsToHide)
 {
     const test_support::LogCapture log;
-    kb_test("hide", "", nullptr, nullptr);
+    EXPECT_EQ(kb_test("hide", "", nullptr, nullptr), 0);
 
     const auto& lines = log.lines();
     const auto verdict = std::find_if(lines.begin(), lines.end(), [](const auto& line) {
@@ -47,6 +47,7 @@ TEST(StubbornCore, FailsToHide)
     ASSERT_NE(verdict, lines.end());
     EXPECT_EQ(verdict->message, "Failed to hide VKB\n");
     EXPECT_EQ(verdict->line, 299);
+    EXPECT_EQ(verdict->record[0], 0x5F0FA0u);
     EXPECT_EQ(verdict->file, "kb_test.cpp");
 }
 

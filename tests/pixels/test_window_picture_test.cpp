@@ -30,7 +30,7 @@ protected:
 
 TEST_F(TestWindowPicture, Show)
 {
-    kb_ui_test("show", "");
+    EXPECT_EQ(kb_ui_test("show", ""), 0);
     EXPECT_PICTURE("kbui-show", shownOn(surface));
 }
 
