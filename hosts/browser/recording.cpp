@@ -5,7 +5,7 @@ namespace host
 {
 
 Recording::Recording(const Screen& screen, const std::string& file)
-    : m_screen(screen), m_recorder(makeRecorder(file))
+    : m_screen(screen), m_recorder(makeRecorder(file, RecorderColours::All))
 {
 }
 

@@ -24,14 +24,6 @@ const int kColourBits = 8;
 
 using ColourMap = std::unique_ptr<ColorMapObject, decltype(&GifFreeMapObject)>;
 
-bool isGrey(const Picture& picture)
-{
-    for (size_t i = 0; i < picture.rgba.size(); i += 4)
-        if (picture.rgba[i] != picture.rgba[i + 1] || picture.rgba[i] != picture.rgba[i + 2])
-            return false;
-    return true;
-}
-
 std::vector<uint32_t> coloursOf(const Picture& picture)
 {
     std::vector<uint32_t> colours;
@@ -77,7 +69,8 @@ bool putDelay(GifFileType* gif, int milliseconds)
 
 } // namespace
 
-GifRecorder::GifRecorder(const std::string& file) : m_file(file)
+GifRecorder::GifRecorder(const std::string& file, RecorderColours colours)
+    : m_file(file), m_is_grey(colours == RecorderColours::Grey)
 {
     // Opened here, as the library would keep the file from everybody but its owner.
     const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
@@ -99,10 +92,8 @@ GifRecorder::~GifRecorder()
 void GifRecorder::add(const Picture& frame, int milliseconds)
 {
     const bool isFirst = m_shown.empty();
-    if (isFirst) {
-        m_is_grey = isGrey(frame);
+    if (isFirst)
         begin(frame.width, frame.height);
-    }
     std::vector<uint32_t> pixels = m_is_grey ? greyOf(frame) : coloursOf(frame);
     const Area area = isFirst ? Area{0, 0, frame.width, frame.height} : changedArea(pixels);
     m_shown = std::move(pixels);

@@ -12,12 +12,12 @@ struct GifFileType;
 namespace host
 {
 
-// Writes only what differs from the frame before. A recording that begins in grey, as the keyboard
-// alone does, stays grey; in any other each frame has the 256 colours that suit it.
+// Writes only what differs from the frame before: in grey, which is small and has all that the
+// keyboard needs, or each frame in the 256 colours that suit it.
 class GifRecorder : public Recorder
 {
 public:
-    explicit GifRecorder(const std::string& file);
+    GifRecorder(const std::string& file, RecorderColours colours);
     ~GifRecorder() override;
 
     void add(const Picture& frame, int milliseconds) override;
@@ -40,7 +40,7 @@ private:
     GifFileType* m_gif = nullptr;
     int m_width = 0;
     int m_height = 0;
-    bool m_is_grey = true;
+    bool m_is_grey;
     std::vector<uint32_t> m_shown; // for each pixel a level of grey, or 0xRRGGBB
 };
 

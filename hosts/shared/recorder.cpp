@@ -18,10 +18,10 @@ bool endsWith(const std::string& text, const std::string& end)
 
 } // namespace
 
-std::unique_ptr<Recorder> makeRecorder(const std::string& file)
+std::unique_ptr<Recorder> makeRecorder(const std::string& file, RecorderColours colours)
 {
     if (endsWith(file, ".gif"))
-        return std::make_unique<GifRecorder>(file);
+        return std::make_unique<GifRecorder>(file, colours);
     if (endsWith(file, ".png"))
         return std::make_unique<PngRecorder>(file.substr(0, file.size() - 4));
     throw std::runtime_error(file + ": expected a name that ends in .gif or .png");

@@ -9,6 +9,11 @@
 namespace host
 {
 
+enum class RecorderColours {
+    Grey, // for a GIF; a PNG has its own colours always
+    All,
+};
+
 // Keeps what was shown: a moving GIF picture, or one PNG file for each frame.
 class Recorder
 {
@@ -25,7 +30,8 @@ public:
 
 // By the file name's end: NAME.gif, or NAME.png, which gives NAME-001.png, NAME-002.png ...
 // Throws std::runtime_error for another end or a file that cannot be made.
-std::unique_ptr<Recorder> makeRecorder(const std::string& file);
+std::unique_ptr<Recorder> makeRecorder(const std::string& file,
+                                       RecorderColours colours = RecorderColours::Grey);
 
 } // namespace host
 
