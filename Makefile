@@ -74,7 +74,7 @@ test-valgrind: ## The tests under valgrind; takes long
 
 soak: ## A million random keys and host calls against the model
 	@scripts/install-packages build run tools hosts browser input_methods test
-	@scripts/build default soak_tests
+	@scripts/build default soak_tests input_methods_tests
 	@VKB_SOAK_STEPS=1000000 scripts/test default -R '^Soak'
 
 lint: ## clang-tidy and cppcheck on all C++, headers alone, shellcheck; minutes

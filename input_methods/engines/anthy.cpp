@@ -7,6 +7,7 @@
 #include "engine.h"
 #include "kana.h"
 #include "text.h"
+#include "whole_data.h"
 
 using namespace input_methods;
 
@@ -27,7 +28,7 @@ bool startLibrary(const EngineSettings& settings)
     anthy_conf_override("HOME", home.c_str());
     anthy_conf_override("ANTHYDIR", (data + "/").c_str());
     anthy_conf_override("DIC_FILE", (data + "/anthy.dic").c_str());
-    isStarted = anthy_init() == 0;
+    isStarted = isWholeAnthy(data + "/anthy.dic") && anthy_init() == 0;
     return isStarted;
 }
 
@@ -172,7 +173,7 @@ Engine* VKB_MAKE_ENGINE(const EngineSettings& settings, std::string& problem)
 {
     anthy_context_t context = startLibrary(settings) ? anthy_create_context() : nullptr;
     if (context == nullptr) {
-        problem = "anthy does not start, expected its dictionary " + settings.engineData +
+        problem = "anthy does not start; expected its whole dictionary " + settings.engineData +
                   "/anthy/anthy.dic";
         return nullptr;
     }

@@ -1,11 +1,12 @@
 // Chinese in Zhuyin, by chewing. The scheme is chewing's name of a keyboard.
-#include <cstdarg>
+#include <algorithm>
 #include <map>
 
 #include <chewing.h>
 
 #include "engine.h"
 #include "text.h"
+#include "whole_data.h"
 
 using namespace input_methods;
 
@@ -214,10 +215,12 @@ Engine* VKB_MAKE_ENGINE(const EngineSettings& settings, std::string& problem)
     const std::string data = settings.engineData + "/libchewing";
     const bool learns = !settings.learningFolder.empty();
     const std::string user = learns ? settings.learningFolder + "/words.sqlite3" : ":memory:";
-    ChewingContext* context = chewing_new2(data.c_str(), user.c_str(), ignoreLog, nullptr);
+    const bool isWhole = isWholeChewing(data + "/index_tree.dat", data + "/dictionary.dat");
+    ChewingContext* context =
+        isWhole ? chewing_new2(data.c_str(), user.c_str(), ignoreLog, nullptr) : nullptr;
     if (context == nullptr) {
-        problem = "chewing finds no dictionary in " + data +
-                  (learns ? ", or cannot write " + user : std::string());
+        problem = "chewing does not start; expected its whole dictionary in " + data +
+                  (learns ? ", and to write " + user : std::string());
         return nullptr;
     }
     chewing_set_KBType(context, chewing_KBStr2Num(settings.scheme.c_str()));

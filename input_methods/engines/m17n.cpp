@@ -54,10 +54,34 @@ public:
 
     bool type(const std::string& character, Answer& answer) override
     {
-        return feed(character.c_str(), answer);
+        const bool used = feed(character, answer);
+        m_keys.push_back(character);
+        if (preedit().empty())
+            m_keys.clear();
+        return used;
     }
 
-    bool erase(Answer& answer) override { return !preedit().empty() && feed("BackSpace", answer); }
+    // The tables know no Back, or delete more than a letter: what is composed is typed again
+    // without its last key. Keys whose letters are committed already still stand before those.
+    bool erase(Answer& answer) override
+    {
+        const std::string before = preedit();
+        if (before.empty())
+            return false;
+        for (auto first = m_keys.end(); first != m_keys.begin();) {
+            --first;
+            if (!gives(std::vector<std::string>(first, m_keys.end()), before))
+                continue;
+            const std::vector<std::string> keys(first, m_keys.end() - 1);
+            reset();
+            for (const std::string& key : keys)
+                type(key, answer);
+            return true;
+        }
+        reset();
+        answer.commit += before.substr(0, before.size() - lastLetterBytes(before));
+        return true;
+    }
 
     void take(size_t, Answer&) override {}
 
@@ -67,15 +91,20 @@ public:
         reset();
     }
 
-    void reset() override { minput_reset_ic(m_context); }
+    void reset() override
+    {
+        minput_reset_ic(m_context);
+        m_keys.clear();
+    }
+
     std::string preedit() const override { return fromMText(m_context->preedit); }
     std::vector<std::string> candidates(size_t, size_t) override { return {}; }
 
 private:
     // Returns whether the key was used.
-    bool feed(const char* name, Answer& answer)
+    bool feed(const std::string& name, Answer& answer)
     {
-        const MSymbol key = msymbol(name);
+        const MSymbol key = msymbol(name.c_str());
         if (minput_filter(m_context, key, nullptr) != 0)
             return true;
         MText* produced = mtext();
@@ -85,8 +114,18 @@ private:
         return used;
     }
 
+    bool gives(const std::vector<std::string>& keys, const std::string& composed)
+    {
+        minput_reset_ic(m_context);
+        Answer answer;
+        for (const std::string& key : keys)
+            feed(key, answer);
+        return answer.commit.empty() && preedit() == composed;
+    }
+
     MInputMethod* m_method;
     MInputContext* m_context;
+    std::vector<std::string> m_keys; // since the last moment when nothing was composed
 };
 
 } // namespace

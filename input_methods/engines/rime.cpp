@@ -4,7 +4,7 @@
 #include <rime_api.h>
 
 #include "engine.h"
-#include "text.h"
+#include "whole_data.h"
 
 using namespace input_methods;
 
@@ -142,6 +142,15 @@ void simplify(RimeApi* api, RimeConfig& schema, bool learns)
         api->config_set_bool(&schema, "translator/enable_user_dict", False);
 }
 
+// A schema that names no file of its own has that of its dictionary.
+std::string fileOf(RimeApi* api, RimeConfig& schema, const char* key)
+{
+    const char* name = api->config_get_cstring(&schema, key);
+    if (name == nullptr)
+        name = api->config_get_cstring(&schema, "translator/dictionary");
+    return name == nullptr ? "" : name;
+}
+
 } // namespace
 
 Engine* VKB_MAKE_ENGINE(const EngineSettings& settings, std::string& problem)
@@ -154,19 +163,16 @@ Engine* VKB_MAKE_ENGINE(const EngineSettings& settings, std::string& problem)
         problem = "rime has no schema '" + settings.scheme + "' in " + api->get_shared_data_dir();
         return nullptr;
     }
+    const std::string data = std::string(api->get_shared_data_dir()) + "/build/";
+    if (!isWholeRimeTable(data + fileOf(api, schema, "translator/dictionary") + ".table.bin") ||
+        !isWholeRimePrism(data + fileOf(api, schema, "translator/prism") + ".prism.bin")) {
+        api->config_close(&schema);
+        problem = std::string("rime cannot read the dictionary of '") + name + "'; expected its " +
+                  "whole .table.bin and .prism.bin in " + data;
+        return nullptr;
+    }
     simplify(api, schema, !settings.learningFolder.empty());
     const RimeSessionId session = api->create_session();
     api->select_schema(session, name);
-
-    // rime takes a schema whose dictionary it cannot read, and then finds nothing.
-    auto engine = std::make_unique<Rime>(api, schema, session);
-    Answer answer;
-    engine->type("a", answer);
-    const bool finds = !engine->candidates(0, 1).empty();
-    engine->reset();
-    if (finds)
-        return engine.release();
-    problem = std::string("rime cannot read the dictionary of '") + name + "' in " +
-              api->get_shared_data_dir() + "/build";
-    return nullptr;
+    return new Rime(api, schema, session);
 }

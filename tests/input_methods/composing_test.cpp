@@ -284,6 +284,45 @@ TEST_F(VietnameseLetters, TakeNoMarkAfterTheCaretMoved)
     }
 }
 
+struct Spelled {
+    const char* layout;
+    const char* keys; // each takes one Back
+};
+
+const Spelled kSpelled[] = {
+    {"Amharic", "hWa"}, {"Cherokee", "nah"}, {"Korean", "ㄱㅏㅂㅅ"},          {"Tigrinya", "qWe"},
+    {"Vai", "leng"},    {"Yi", "zzyr"},      {"Vietnamese_Telex", "tieengs"},
+};
+
+using Back = Composing;
+
+// What a key did, one Back takes back; the text before it is never touched.
+TEST_F(Back, UndoesKeyByKey)
+{
+    std::vector<std::string> lines;
+    const std::unique_ptr<InputMethods> methods = shipped(lines);
+    for (const Spelled& spelled : kSpelled) {
+        InputMethod* method = find(*methods, spelled.layout);
+        ASSERT_NE(method, nullptr);
+        TextField field(*method);
+        field.type("1");
+        std::vector<std::string> preedits = {""};
+        for (const std::string& key : characters(spelled.keys))
+            preedits.push_back(field.type(key).preedit);
+        const std::string before = field.text();
+        while (!preedits.back().empty()) {
+            EXPECT_EQ(field.last().preedit, preedits.back()) << spelled.layout;
+            preedits.pop_back();
+            EXPECT_TRUE(field.press(kBack).used) << spelled.layout;
+            EXPECT_EQ(field.text(), before) << spelled.layout;
+            if (!field.last().preedit.empty())
+                continue;
+            break; // what came before is committed
+        }
+        EXPECT_FALSE(field.press(kBack).used) << spelled.layout;
+    }
+}
+
 } // namespace
 
 } // namespace input_methods_test

@@ -1,0 +1,189 @@
+// What is missing, broken or full: the text stays, and a line says what is wrong.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include <gmock/gmock.h>
+
+#include "process.h"
+#include "text_field.h"
+
+namespace input_methods_test
+{
+
+using input_methods::Field;
+using input_methods::InputMethod;
+using input_methods::InputMethods;
+using input_methods::Settings;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+class Faults : public testing::Test
+{
+protected:
+    Faults()
+    {
+        char name[] = "/tmp/input-methods-XXXXXX";
+        m_folder = ::mkdtemp(name);
+    }
+    ~Faults() override { fs::remove_all(m_folder); }
+
+    fs::path folder() const { return m_folder; }
+    std::vector<std::string>& lines() { return m_lines; }
+
+    void writeTable(const std::string& text) { std::ofstream(m_folder / "layouts.tsv") << text; }
+
+    std::unique_ptr<InputMethods> open(const std::string& dataFolder)
+    {
+        Settings settings;
+        settings.dataFolder = dataFolder;
+        settings.report = [this](const std::string& line) { m_lines.push_back(line); };
+        return std::make_unique<InputMethods>(settings);
+    }
+
+    // A process of its own: engines keep what they found for the whole process.
+    test_process::Result tryOut(const std::string& layout, const std::string& input,
+                                std::vector<std::string> more = {})
+    {
+        test_process::Command command;
+        command.words = {INPUT_METHOD, layout, "--data", DATA_FOLDER};
+        command.words.insert(command.words.end(), more.begin(), more.end());
+        return test_process::run(command, input);
+    }
+
+private:
+    fs::path m_folder;
+    std::vector<std::string> m_lines;
+};
+
+TEST_F(Faults, WithoutATableNoLayoutHasAnInputMethod)
+{
+    const std::unique_ptr<InputMethods> methods = open("/nonexistent");
+    EXPECT_EQ(methods->find("Korean", Field::Text), nullptr);
+    EXPECT_THAT(lines(), ElementsAre(HasSubstr("/nonexistent/layouts.tsv: No such file")));
+}
+
+TEST_F(Faults, ALineOfTheTableThatIsNoneIsNamed)
+{
+    writeTable("# a comment\n\nKorean\thangul\t2\tno\tlibhangul1\nKorean hangul\n");
+    const std::unique_ptr<InputMethods> methods = open(folder());
+    EXPECT_THAT(lines(), ElementsAre(HasSubstr("layouts.tsv:4: found 'Korean hangul'")));
+    EXPECT_NE(methods->find("Korean", Field::Text), nullptr);
+}
+
+TEST_F(Faults, AnEngineThatIsNotBuiltIsNamedOnce)
+{
+    writeTable("A\tnosuch\tx\tno\tlibnosuch1\nB\t../evil\tx\tno\tp\nC\thangul\tnosuch\tno\tp\n"
+               "D\tm17n\txx nosuch\tno\tp\n");
+    const std::unique_ptr<InputMethods> methods = open(folder());
+    EXPECT_EQ(methods->find("A", Field::Text), nullptr);
+    EXPECT_EQ(methods->find("A", Field::Text), nullptr);
+    EXPECT_THAT(lines(), ElementsAre(testing::AllOf(HasSubstr("A: no input method: "),
+                                                    HasSubstr("nosuch.so"),
+                                                    HasSubstr("install libnosuch1"))));
+    EXPECT_EQ(methods->find("B", Field::Text), nullptr);
+    EXPECT_EQ(methods->find("C", Field::Text), nullptr);
+    EXPECT_THAT(lines()[1], HasSubstr("found '../evil', expected the name of an engine"));
+    EXPECT_THAT(lines()[2], HasSubstr("libhangul has no keyboard 'nosuch'"));
+    EXPECT_EQ(methods->find("D", Field::Text), nullptr);
+    EXPECT_THAT(lines()[3], HasSubstr("m17n has no table xx-nosuch.mim"));
+}
+
+TEST_F(Faults, OtherLayoutsAndFieldsHaveNone)
+{
+    const std::unique_ptr<InputMethods> methods = open(DATA_FOLDER);
+    EXPECT_EQ(methods->find("English", Field::Text), nullptr);
+    EXPECT_EQ(methods->find("Korean", Field::Password), nullptr);
+    EXPECT_EQ(methods->find("Korean", Field::Address), nullptr);
+    EXPECT_THAT(lines(), IsEmpty());
+}
+
+struct DataOfEngine {
+    const char* layout;
+    const char* folder; // below /usr/share
+    const char* file;   // that it cannot do without
+};
+
+const DataOfEngine kData[] = {
+    {"Chinese_Pinyin", "rime-data", "build/luna_pinyin.table.bin"},
+    {"Chinese_Pinyin", "rime-data", "build/luna_pinyin_simp.prism.bin"},
+    {"Chinese_Zhuyin", "libchewing", "dictionary.dat"},
+    {"Chinese_Zhuyin", "libchewing", "index_tree.dat"},
+    {"Japanese", "anthy", "anthy.dic"},
+};
+
+TEST_F(Faults, MissingDataIsNamed)
+{
+    for (const DataOfEngine& data : kData) {
+        fs::copy(fs::path("/usr/share") / data.folder, folder() / data.folder,
+                 fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+        fs::remove(folder() / data.folder / data.file);
+        const test_process::Result result = tryOut(data.layout, "a\n", {"--engine-data", folder()});
+        EXPECT_EQ(result.exit_status, 2) << data.file << result.out << result.err;
+        EXPECT_THAT(result.err, HasSubstr("no input method")) << data.file;
+        EXPECT_THAT(result.err, HasSubstr(folder() / data.folder)) << data.file;
+    }
+}
+
+TEST_F(Faults, AMissingSchemaIsNamed)
+{
+    fs::create_directory(folder() / "rime-data");
+    const test_process::Result result =
+        tryOut("Chinese_Pinyin", "a\n", {"--engine-data", folder()});
+    EXPECT_EQ(result.exit_status, 2);
+    EXPECT_THAT(result.err, HasSubstr("rime has no schema 'luna_pinyin_simp' in " +
+                                      (folder() / "rime-data").string()));
+}
+
+TEST_F(Faults, DataThatIsCutOffIsNamed)
+{
+    for (const DataOfEngine& data : kData)
+        for (const double part : {0.0, 0.01, 0.5, 0.99, 0.999}) {
+            fs::copy(fs::path("/usr/share") / data.folder, folder() / data.folder,
+                     fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+            const fs::path file = folder() / data.folder / data.file;
+            fs::resize_file(file, static_cast<uintmax_t>(double(fs::file_size(file)) * part));
+            const test_process::Result result =
+                tryOut(data.layout, "a\n", {"--engine-data", folder()});
+            EXPECT_EQ(result.exit_status, 2)
+                << data.file << " signal " << result.signal << result.out << result.err;
+            EXPECT_THAT(result.err, HasSubstr("no input method")) << data.file;
+        }
+}
+
+const char kNotAFolder[] = "/dev/null";
+
+TEST_F(Faults, AFolderThatCannotBeWrittenIsNotLearnedIn)
+{
+    for (const char* layout : {"Chinese_Pinyin", "Japanese"}) {
+        const test_process::Result result = tryOut(layout, "nihon \n", {"--learn", kNotAFolder});
+        EXPECT_EQ(result.exit_status, 0) << result.err;
+        EXPECT_THAT(result.out, HasSubstr("text\t'"));
+        EXPECT_THAT(result.err, HasSubstr("expected a folder to write to; nothing is learned"));
+    }
+}
+
+TEST_F(Faults, LearnsOnlyWhereItIsTold)
+{
+    for (const char* layout : {"Chinese_Pinyin", "Chinese_Zhuyin", "Japanese"})
+        EXPECT_EQ(tryOut(layout, "nihon \n").exit_status, 0);
+    EXPECT_TRUE(fs::is_empty(folder()));
+    for (const char* layout : {"Chinese_Pinyin", "Chinese_Zhuyin", "Japanese"}) {
+        EXPECT_EQ(tryOut(layout, "nihon \n", {"--learn", folder()}).exit_status, 0);
+        EXPECT_FALSE(fs::is_empty(folder())) << layout;
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder())) {
+            EXPECT_FALSE(fs::is_empty(entry)) << layout;
+            fs::remove_all(entry);
+        }
+    }
+}
+
+} // namespace
+
+} // namespace input_methods_test
