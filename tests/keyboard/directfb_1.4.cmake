@@ -1,7 +1,7 @@
 # The televisions have DirectFB 1.4 and this machine a later one. Each source of the keyboard is
 # compiled with every name of the installed DirectFB poisoned, except those that are known to be
 # in 1.4.
-set(names_file "${CMAKE_CURRENT_SOURCE_DIR}/names_in_1.4.txt")
+set(names_file "${CMAKE_CURRENT_SOURCE_DIR}/directfb_1.4_names.txt")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${names_file}")
 file(STRINGS "${names_file}" names_in_1_4 REGEX "^[^#]")
 
@@ -69,28 +69,28 @@ endif()
 file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/os_keyboard/*.cpp")
 foreach(source IN LISTS sources)
   get_filename_component(name "${source}" NAME_WE)
-  add_test(NAME television.${name}_uses_only_names_in_1.4 COMMAND ${compile} "${source}")
+  vkb_add_test(DirectFB14.KnowsEachNameOf.${name} COMMAND ${compile} "${source}")
 endforeach()
 
 # The poison works: a name of 1.4 compiles, a later one does not and the compiler says which.
 function(add_poison_test name expression outcome)
   set(file "${poison_folder}/uses_${name}.cpp")
   file(CONFIGURE OUTPUT "${file}" @ONLY CONTENT "const auto used = sizeof(@expression@);\n")
-  set(test "television.poison_${outcome}_${name}")
-  add_test(NAME ${test} COMMAND ${compile} "${file}")
-  if(outcome STREQUAL "finds")
+  set(test "DirectFB14.Poison${outcome}.${name}")
+  vkb_add_test(${test} COMMAND ${compile} "${file}")
+  if(outcome STREQUAL "Finds")
     set_tests_properties(${test} PROPERTIES
       PASS_REGULAR_EXPRESSION "poisoned .${name}|has no member named [^ ]*${name}")
   endif()
 endfunction()
-add_poison_test(SetOpacity "static_cast<IDirectFBWindow*>(nullptr)->SetOpacity" leaves)
-add_poison_test(SetGeometry "static_cast<IDirectFBWindow*>(nullptr)->SetGeometry" finds)
-add_poison_test(SendEvent "static_cast<IDirectFBWindow*>(nullptr)->SendEvent" finds)
-add_poison_test(GetSurface "static_cast<IDirectFB*>(nullptr)->GetSurface" finds)
-add_poison_test(DSTF_BLEND_FUNCS "DSTF_BLEND_FUNCS" finds)
-add_poison_test(DSFLIP_SWAP "DSFLIP_SWAP" finds)
+add_poison_test(SetOpacity "static_cast<IDirectFBWindow*>(nullptr)->SetOpacity" Leaves)
+add_poison_test(SetGeometry "static_cast<IDirectFBWindow*>(nullptr)->SetGeometry" Finds)
+add_poison_test(SendEvent "static_cast<IDirectFBWindow*>(nullptr)->SendEvent" Finds)
+add_poison_test(GetSurface "static_cast<IDirectFB*>(nullptr)->GetSurface" Finds)
+add_poison_test(DSTF_BLEND_FUNCS "DSTF_BLEND_FUNCS" Finds)
+add_poison_test(DSFLIP_SWAP "DSFLIP_SWAP" Finds)
 
 # Values that the televisions' programs are built with.
-add_library(television_values OBJECT values_in_1.4.cpp)
+add_library(television_values OBJECT directfb_1.4_values.cpp)
 target_link_libraries(television_values PRIVATE PkgConfig::directfb)
 vkb_enable_warnings(television_values)

@@ -4,7 +4,7 @@ set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck disable=SC2034 # used by the tests
-here=$root/tests/run
+here=$root/tests/commands
 # shellcheck disable=SC2034 # used by the tests
 scripts=$root/scripts
 

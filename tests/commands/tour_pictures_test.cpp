@@ -209,7 +209,7 @@ void expect_labels_changed(const std::string& from, const Face& face, const std:
 
 } // namespace
 
-TEST(Pictures, FrameIsOnTheFocusedKeyAlone)
+TEST(TourPictures, FrameIsOnTheFocusedKeyAlone)
 {
     const std::vector<std::pair<std::string, std::string>> steps = {
         {"01-start", "Hide"},  {"02-move", "1"},      {"03-type", "t"},        {"04-letter", "v"},
@@ -220,14 +220,14 @@ TEST(Pictures, FrameIsOnTheFocusedKeyAlone)
         EXPECT_EQ(std::set<int>{find(step.second)}, framed(Picture(step.first))) << step.first;
 }
 
-TEST(Pictures, EveryKeyIsPaintedAndNoneSunkenAtTheStart)
+TEST(TourPictures, EveryKeyIsPaintedAndNoneSunkenAtTheStart)
 {
     const Picture start("01-start");
     for (int id = 0; id < key_count(); ++id)
         EXPECT_EQ(kNormal, fill(start, key(id))) << "key " << id;
 }
 
-TEST(Pictures, ShiftIsSunkenWhileItIsOn)
+TEST(TourPictures, ShiftIsSunkenWhileItIsOn)
 {
     const std::set<int> shift = {find("Shift")};
     EXPECT_EQ(shift, sunken(Picture("05-shift")));
@@ -236,25 +236,25 @@ TEST(Pictures, ShiftIsSunkenWhileItIsOn)
     EXPECT_EQ(std::set<int>{}, sunken(Picture("08-unshift")));
 }
 
-TEST(Pictures, ShiftShowsTheShiftedLabels)
+TEST(TourPictures, ShiftShowsTheShiftedLabels)
 {
     expect_labels_changed("01-start", kEnglish, "07-shifted", kEnglishShift);
     expect_labels_changed("08-unshift", kEnglish, "07-shifted", kEnglishShift);
 }
 
-TEST(Pictures, AltIsSunkenAndShowsTheSymbols)
+TEST(TourPictures, AltIsSunkenAndShowsTheSymbols)
 {
     EXPECT_EQ(std::set<int>{find("Alt")}, sunken(Picture("09-alt")));
     expect_labels_changed("01-start", kEnglish, "09-alt", kEnglishSymbols);
 }
 
-TEST(Pictures, LanguageKeyShowsTheSecondLayout)
+TEST(TourPictures, LanguageKeyShowsTheSecondLayout)
 {
     expect_labels_changed("01-start", kEnglish, "11-language", second_layout());
     EXPECT_EQ(std::set<int>{}, sunken(Picture("11-language"))) << "Alt went off with the layout";
 }
 
-TEST(Pictures, HiddenKeyboardLeavesTheScreenEmpty)
+TEST(TourPictures, HiddenKeyboardLeavesTheScreenEmpty)
 {
     const Picture hidden("13-hide");
     std::set<uint32_t> colours;
@@ -265,7 +265,7 @@ TEST(Pictures, HiddenKeyboardLeavesTheScreenEmpty)
     EXPECT_EQ(std::set<uint32_t>{0x000000}, colours);
 }
 
-TEST(Pictures, ShownAgainItIsAsBefore)
+TEST(TourPictures, ShownAgainItIsAsBefore)
 {
     const Picture before("12-german");
     const Picture after("14-show");
