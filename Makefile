@@ -1,27 +1,31 @@
-# The door: every command for people stands here. CMake does the building behind it
-# (CMakePresets.json), and the scripts in scripts/ do the rest.
+# The commands for people. CMake builds (CMakePresets.json), and the scripts in scripts/ do the rest.
 
 PREFIX ?= /usr/local
 DESTDIR ?=
 export PREFIX DESTDIR
 
-.PHONY: help run run-screen run-browser test layouts fuzz install uninstall package format coverage bench test-arm test-asan test-valgrind soak lint clean keyboard installable everything
+.PHONY: help run run-screen run-browser run-driver test layouts fuzz install uninstall package format coverage bench test-arm test-asan test-valgrind soak lint clean keyboard installable
 
 help: ## This list
 	@sed -n 's/^\([a-z-]*\):.*## /\1 - /p' Makefile | while IFS= read -r line; do \
 		printf '  make %-12s %s\n' "$${line%% - *}" "$${line#* - }"; done
 
-run: keyboard ## Try the keyboard; without a terminal, a tour with pictures in build/run/
-	@scripts/run
+run: keyboard ## Try the keyboard in the terminal; without one it plays, pictures in build/run/
+	@scripts/run terminal
 
-run-screen: keyboard ## The keyboard on a 1920 by 1080 screen, with the test driver's loop
-	@scripts/run-screen
+run-screen: keyboard ## A page and its keyboard in a window; without a display it plays as well
+	@scripts/run screen
 
 run-browser: ## Web pages with the keyboard; without a display, a played session in build/run/
 	@scripts/run-browser
 
-test: everything ## Build everything and run all tests
-	@scripts/test default
+run-driver: keyboard ## The test driver's loop, on a screen of 1920 by 1080
+	@scripts/run driver
+
+test: ## Build everything and run all tests; ONLY=NAME: those whose names match
+	@scripts/install-packages build run tools hosts browser input_methods test
+	@scripts/build default
+	@scripts/test default $(if $(ONLY),-R '$(ONLY)')
 
 layouts: ## Build the layouts command, which makes and checks keyboard layouts
 	@scripts/install-packages build run tools hosts browser input_methods test
@@ -91,7 +95,3 @@ keyboard:
 installable:
 	@scripts/install-packages build hosts tools install
 	@scripts/build install
-
-everything:
-	@scripts/install-packages build run tools hosts browser input_methods test
-	@scripts/build default

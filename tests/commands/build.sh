@@ -2,11 +2,13 @@
 # Tests of scripts/build and scripts/test.
 
 test_old_cmake_says_what_to_do() {
-    fake cmake 'echo "cmake version 3.18.4"'
-    run "$scripts/build" keyboard
+    fake cmake 'case $1 in --version) echo "cmake version 3.18.4" ;; *) exit 1 ;; esac'
+    mkdir -p project/scripts
+    cp "$scripts/common.sh" "$scripts/build" project/scripts
+    touch project/CMakePresets.json
+    run project/scripts/build keyboard
     expect_status 1
-    expect_said 'cmake is 3.18.4, and the build needs 3.25 or newer'
-    expect_said 'Debian 12 and newer have it'
+    expect_said 'this is cmake version 3.18.4; Debian 12 has 3.25, which is the oldest that will do'
 }
 
 test_no_cmake_says_what_to_do() {
@@ -46,8 +48,19 @@ test_passing_tests_are_summed_up() {
         add_test(NAME two COMMAND true)'
     run project/scripts/test
     expect_status 0
+    expect_said 'Running 2 tests of build/default'
     expect_said '100% tests passed, 0 tests failed out of 2'
-    expect_said 'Tests: 2, failures: 0, skipped: 0, time: '
+    expect_not_said 'two'
+}
+
+test_progress_on_a_terminal_is_one_line() {
+    project 'foreach(i RANGE 1 9)
+        add_test(NAME "number${i}" COMMAND true)
+        endforeach()'
+    timeout 60 script -qefc project/scripts/test typed >/dev/null || fail "ended with $?"
+    output=$(grep -a number typed)
+    [ "$(wc -l <<<"$output")" -eq 1 ] || fail "expected one line"
+    expect_said number9
 }
 
 test_failing_test_fails() {
@@ -56,7 +69,31 @@ test_failing_test_fails() {
     run project/scripts/test
     [ "$status" -ne 0 ] || fail "a failing test must fail"
     expect_said 'the reason'
-    expect_said 'Tests: 2, failures: 1, skipped: 0, time: '
+    expect_said '50% tests passed, 1 tests failed out of 2'
+}
+
+test_filter_that_matches_nothing_fails() {
+    project 'add_test(NAME one COMMAND true)'
+    run project/scripts/test default -R two
+    [ "$status" -ne 0 ] || fail "no test at all must fail"
+    expect_said 'No tests were found'
+}
+
+# build_project: a project of its own with scripts/build, built once.
+build_project() {
+    project 'add_custom_command(OUTPUT made COMMAND ${CMAKE_COMMAND} -E touch made)
+        add_custom_target(make_it ALL DEPENDS made)'
+    cp "$scripts/build" project/scripts
+    run project/scripts/build default
+    expect_status 0
+    expect_said 'Building build/default'
+}
+
+test_nothing_to_build_says_nothing() {
+    build_project
+    run project/scripts/build default
+    expect_status 0
+    [ -z "$output" ] || fail "it spoke"
 }
 
 test_no_tests_at_all_fail() {
@@ -71,6 +108,5 @@ test_skipped_test_is_named() {
         set_tests_properties(two PROPERTIES SKIP_RETURN_CODE 77)'
     run project/scripts/test
     expect_status 0
-    expect_said 'skipped: 1'
-    expect_said 'skipped: two'
+    expect_said 'two (Skipped)'
 }

@@ -26,7 +26,7 @@ test_help_names_every_command() {
     run make -C "$root" --no-print-directory help
     expect_status 0
     local command
-    for command in run run-screen test install format coverage clean; do
+    for command in run run-screen run-driver test install format coverage clean; do
         expect_said "make $command "
     done
 }

@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2154,SC2016
-# Tests of scripts/with-screen, scripts/run and scripts/run-screen.
+# Tests of scripts/with-screen.
 
 with_screen=$scripts/with-screen
 
@@ -83,13 +83,4 @@ test_screen_that_does_not_start_shows_its_words() {
     expect_status 1
     expect_said 'the screen did not start'
     expect_said 'no room for a screen'
-}
-
-test_run_at_a_terminal_starts_the_driver_loop() {
-    printf 'getkey\nquit \n\n' | timeout 30 script -qefc "'$scripts/run-screen'" typed >/dev/null ||
-        fail "run-screen ended with status $?: $(tail -n 5 typed)"
-    output=$(cat typed)
-    expect_said 'There is no display here'
-    expect_said '=>pls input cmd  [parames]'
-    expect_said 'test getkey using:'
 }

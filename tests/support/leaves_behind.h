@@ -3,8 +3,8 @@
 
 // Of the leak checker, in programs that are built with it.
 extern "C" {
-void __lsan_disable() __attribute__((weak));
-void __lsan_enable() __attribute__((weak));
+void __lsan_disable() __attribute__((weak)); // NOLINT(bugprone-reserved-identifier)
+void __lsan_enable() __attribute__((weak));  // NOLINT(bugprone-reserved-identifier)
 }
 
 namespace test_support
