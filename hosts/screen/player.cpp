@@ -37,7 +37,7 @@ Player::Player(Form& form, const Screen& screen, const std::vector<std::string>&
     : m_form(form), m_screen(screen)
 {
     for (const std::string& file : files)
-        m_recorders.push_back(makeRecorder(file));
+        m_recorders.push_back(makeRecorder(file, RecorderColours::All));
 }
 
 Form::Progress Player::play(const Plan& plan)
