@@ -18,7 +18,7 @@ using namespace velmora::browser::vkb;
 namespace
 {
 
-const int kRoomBelowCaret = 40; // pixels: the field's edge, and some air
+const int kRoomBelowField = 24; // pixels
 
 std::string asText(JSCValue* value)
 {
@@ -98,7 +98,7 @@ Browser::Browser(const Screen& screen, const KeyboardModel& model, Setup setup)
                                  },
                                  [this](const CaretArea& caret) {
                                      m_caret = caret;
-                                     makeRoom();
+                                     makeRoom(Caret::Moved, true);
                                  }}),
       m_input(m_engine, m_method)
 {
@@ -192,6 +192,10 @@ void Browser::tell(const std::string& title, const std::string& text, const std:
 
 void Browser::takeMessage(JSCValue* message)
 {
+    if (isTrue(message, "scrolled")) {
+        makeRoom(Caret::Same, false);
+        return;
+    }
     PageFocus focus;
     focus.frame = textOf(message, "frame");
     focus.serial = std::stoi(textOf(message, "serial"));
@@ -220,13 +224,11 @@ void Browser::takeCommit()
     m_focus = PageFocus();
     m_shown_for = PageFocus();
     m_engine_focused = false;
-    m_is_asking_for_room = false;
-    m_has_scrolled = false;
+    m_has_room = false;
     holdLog(false);
     m_input.forget();
     hideKeyboard();
-    while (!m_waits.empty()) // the page that was to answer is gone
-        endWait(m_waits.begin()->first);
+    endWaits();
 }
 
 bool Browser::takeFailure(const std::string& url, const GError& error)
@@ -261,6 +263,13 @@ void Browser::ask(const Question& question, Panel::Answer answer)
     });
     if (m_panel->isOnLine())
         showKeyboard();
+    // Later, as the engine must not get the answer while it still asks.
+    g_idle_add(
+        [](gpointer browser) -> gboolean {
+            static_cast<Browser*>(browser)->endWaits();
+            return G_SOURCE_REMOVE;
+        },
+        this);
 }
 
 bool Browser::takeDialog(WebKitScriptDialog* dialog)
@@ -354,7 +363,7 @@ void Browser::showKeyboard()
     if (!m_keyboard.isShown())
         ++m_changes;
     m_keyboard.show();
-    makeRoom();
+    makeRoom(Caret::Same, true);
 }
 
 void Browser::hideKeyboard()
@@ -362,43 +371,35 @@ void Browser::hideKeyboard()
     if (m_keyboard.isShown())
         ++m_changes;
     m_keyboard.hide();
-    makeRoom();
+    giveRoomBack();
 }
 
-// Keeps the caret in sight above the keyboard: the page scrolls as far as it can, and the rest of
-// the way its picture moves up.
-void Browser::makeRoom()
+// Keeps what is typed in sight above the keyboard: the page scrolls as far as it can, and the rest
+// of the way its picture moves up.
+void Browser::makeRoom(Caret news, bool mayScroll)
 {
-    const bool isNeeded = m_keyboard.isShown() && fieldIsEntered();
-    const int missing =
-        isNeeded ? std::max(0, m_caret.y + m_caret.height + kRoomBelowCaret - kWindowY) : 0;
-    if (!isNeeded && m_has_scrolled) {
-        m_has_scrolled = false;
-        runScript(view(), "keyboardRoom.back()", [](JSCValue*) {});
-    }
-    if (missing == 0) {
-        m_window.moveUp(0);
+    if (!m_keyboard.isShown() || !fieldIsEntered()) {
+        giveRoomBack();
         return;
     }
-    if (m_is_asking_for_room)
-        return;
-    m_is_asking_for_room = true;
-    const std::string script = "keyboardRoom.up(" + std::to_string(missing) + ")";
-    runScript(view(), script, [this](JSCValue* value) {
-        if (!m_is_asking_for_room)
-            return; // for a page that is gone
-        m_is_asking_for_room = false;
-        const int rows = value == nullptr ? 0 : jsc_value_to_int32(value);
-        if (rows > 0) {
-            m_has_scrolled = true;
-            m_caret.y -= rows;
-            makeRoom();
-            return;
-        }
-        const bool isStillNeeded = m_keyboard.isShown() && fieldIsEntered();
-        const int below = m_caret.y + m_caret.height + kRoomBelowCaret - kWindowY;
-        m_window.moveUp(isStillNeeded ? std::max(0, below) : 0);
+    m_has_room = true;
+    const std::string bottom =
+        news == Caret::Moved ? std::to_string(m_caret.y + m_caret.height) : "null";
+    const std::string script = "keyboardRoom.make(" + std::to_string(kWindowY - kRoomBelowField) +
+                               "," + bottom + "," + (mayScroll ? "true" : "false") + ")";
+    runScript(view(), script, [this](JSCValue* rows) {
+        if (m_has_room && rows != nullptr)
+            m_window.moveUp(jsc_value_to_int32(rows));
     });
+}
+
+void Browser::giveRoomBack()
+{
+    m_window.moveUp(0);
+    if (!m_has_room)
+        return;
+    m_has_room = false;
+    runScript(view(), "keyboardRoom.back()", [](JSCValue*) {});
 }
 
 void Browser::press(const RemoteKey& key, bool isHeld)
@@ -433,7 +434,7 @@ bool Browser::pressOnKeyboard(const RemoteKey& key)
     const KeyboardHost::Answer answer = m_keyboard.press(key.keyCode);
     if (!m_keyboard.isShown()) { // by its own key
         ++m_changes;
-        makeRoom();
+        giveRoomBack();
     }
     if (answer.hasEdit && m_panel && m_panel->isOnLine()) {
         if (answer.edit.action == KeyAction::Submit)
@@ -464,8 +465,24 @@ void Browser::pressOnPanel(const RemoteKey& key)
 
 void Browser::pressOnPage(int keyCode)
 {
-    // As the space bar of a computer: Enter would send the form.
-    m_input.key(keyCode == RemoteOk && m_focus.kind == "toggle" ? ' ' : keyCode);
+    if (keyCode == RemoteOk && m_focus.kind == "select")
+        openMenu();
+    else if (keyCode == RemoteOk && m_focus.kind == "toggle")
+        m_input.key(' '); // Enter would send the form
+    else
+        m_input.key(keyCode);
+}
+
+// No key opens the engine's menu, but a click does.
+void Browser::openMenu()
+{
+    m_input.whenHandled([this] {
+        runScript(view(), "keyboardPoint()", [this](JSCValue* point) {
+            const int place = point == nullptr ? -1 : jsc_value_to_int32(point);
+            if (place >= 0)
+                m_input.click(place % 65536, place / 65536);
+        });
+    });
 }
 
 void Browser::pressInField(int keyCode)
@@ -478,24 +495,25 @@ void Browser::pressInField(int keyCode)
         m_input.key(keyCode);
 }
 
-// A page that waits for its dialog to be answered shows nothing new.
+// A page that waits for its dialog to be answered handles and shows nothing before.
 void Browser::whenHandled(std::function<void()> done)
-{
-    if (m_panel && m_panel->isOpen())
-        done();
-    else
-        m_input.whenHandled(std::move(done));
-}
-
-void Browser::whenShown(std::function<void()> done)
 {
     if (m_panel && m_panel->isOpen()) {
         done();
         return;
     }
-    m_input.whenHandled([this, done] {
-        const unsigned number = ++m_last_wait;
-        m_waits[number] = done;
+    const unsigned number = addWait(std::move(done));
+    m_input.whenHandled([this, number] { endWait(number); });
+}
+
+void Browser::whenShown(std::function<void()> done)
+{
+    whenHandled([this, done] {
+        if (m_panel && m_panel->isOpen()) {
+            done();
+            return;
+        }
+        const unsigned number = addWait(done);
         webkit_web_view_run_async_javascript_function_in_world(
             view(),
             "return new Promise(shown => requestAnimationFrame(() => requestAnimationFrame(shown)))",
@@ -504,11 +522,26 @@ void Browser::whenShown(std::function<void()> done)
     });
 }
 
+unsigned Browser::addWait(std::function<void()> done)
+{
+    m_waits[++m_last_wait] = std::move(done);
+    return m_last_wait;
+}
+
+// The page will not answer: it is gone, or a dialog holds it up.
+void Browser::endWaits()
+{
+    std::map<unsigned, std::function<void()>> waits;
+    waits.swap(m_waits); // who is called back may wait again
+    for (const auto& wait : waits)
+        wait.second();
+}
+
 void Browser::endWait(unsigned number)
 {
     const auto wait = m_waits.find(number);
     if (wait == m_waits.end())
-        return; // ended with its page
+        return; // ended before its answer came
     const std::function<void()> done = std::move(wait->second);
     m_waits.erase(wait);
     done();
@@ -516,6 +549,10 @@ void Browser::endWait(unsigned number)
 
 void Browser::pageText(std::function<void(const std::string&)> done)
 {
+    if (m_panel && m_panel->isOpen()) {
+        done(m_panel->text());
+        return;
+    }
     runScript(view(), "document.body ? document.body.innerText : ''",
               [done](JSCValue* value) { done(value == nullptr ? "" : asText(value)); });
 }

@@ -24,7 +24,7 @@ namespace host
 struct PageFocus {
     std::string frame;
     int serial = 0;   // another number for each element of the frame
-    std::string kind; // text, closed, toggle, frame, other, none
+    std::string kind; // text, closed, toggle, select, frame, other, none
     bool password = false;
 };
 
@@ -58,7 +58,8 @@ public:
     void whenHandled(std::function<void()> done);
     void whenShown(std::function<void()> done);
 
-    // Calls back with the text that the page shows; empty while it cannot answer.
+    // Calls back with the text that the page or its open dialog shows; empty while the page cannot
+    // answer.
     void pageText(std::function<void(const std::string&)> done);
 
     bool keyboardIsShown() { return m_keyboard.isShown(); }
@@ -79,8 +80,12 @@ private:
     void follow();
     void showKeyboard();
     void hideKeyboard();
-    void makeRoom();
+    enum class Caret { Same, Moved };
+    void makeRoom(Caret news, bool mayScroll);
+    void giveRoomBack();
+    unsigned addWait(std::function<void()> done);
     void endWait(unsigned number);
+    void endWaits();
     void ask(const Question& question, Panel::Answer answer);
     void tell(const std::string& title, const std::string& text, const std::string& label,
               const std::string& url);
@@ -88,6 +93,7 @@ private:
     bool pressOnKeyboard(const RemoteKey& key);
     void pressOnPanel(const RemoteKey& key);
     void pressOnPage(int keyCode);
+    void openMenu();
     void pressInField(int keyCode);
 
     Setup m_setup;
@@ -102,9 +108,8 @@ private:
     PageFocus m_shown_for; // the field that the keyboard was last shown for
     bool m_engine_focused = false;
     CaretArea m_caret = {};
-    bool m_is_asking_for_room = false;
-    bool m_has_scrolled = false;                       // the page, to make room
-    std::map<unsigned, std::function<void()>> m_waits; // for the page's next picture
+    bool m_has_room = false;                           // the page made room for the keyboard
+    std::map<unsigned, std::function<void()>> m_waits; // by number
     unsigned m_last_wait = 0;
     int m_changes = 0;        // of who gets the keys: page, keyboard, panel
     int m_changes_before = 0; // when the key that is down now was pressed

@@ -36,7 +36,7 @@
         return element.readOnly || element.matches(':disabled') ? 'other' : 'text';
     }
     if (element.localName === 'input' && toggleTypes.has(element.type)) return 'toggle';
-    if (element.localName === 'select' && !element.multiple) return 'toggle';
+    if (element.localName === 'select' && !element.multiple) return 'select';
     if (isFrame(element)) return 'frame';
     if (element === document.body || element === document.documentElement) return 'none';
     return mayBeClosed(element) ? 'closed' : 'other';
@@ -83,25 +83,66 @@
     tell({frame, top: window === window.top, serial, kind: 'none', password: false, lines: false, gone: true});
   };
 
+  // Where the focused element is, in the top frame's pixels; null in a frame of another site.
+  const place = () => {
+    let element = focused();
+    let left = 0;
+    let above = 0;
+    while (element && isFrame(element)) {
+      if (!element.contentDocument) return null;
+      left += element.getBoundingClientRect().left + element.clientLeft;
+      above += element.getBoundingClientRect().top + element.clientTop;
+      element = element.contentDocument.activeElement;
+    }
+    while (element && element.shadowRoot && element.shadowRoot.activeElement)
+      element = element.shadowRoot.activeElement;
+    if (!element || element === document.body) return null;
+    const box = element.getBoundingClientRect();
+    return {
+      left: box.left + left, width: box.width, top: box.top + above, bottom: box.bottom + above,
+      lines: element.localName !== 'input',
+    };
+  };
+
+  // A point on the focused element, as x + 65536 * y; -1 when it is not known.
+  window.keyboardPoint = () => {
+    const field = place();
+    if (!field) return -1;
+    return Math.round(field.left + field.width / 2) + 65536 * Math.round((field.top + field.bottom) / 2);
+  };
+
   // The browser asks for room above the keyboard, and gives back what the page did not use since.
   let scrolled = null; // {from, to}: rows of the page
+  let caret = null;    // its lower end, in rows below the field's top
   window.keyboardRoom = {
-    up(rows) {
+    // caretBottom: null when it is the same as before. Scrolls as far as the page goes, where that is
+    // wanted, and returns how many rows are still missing above the limit.
+    make(limit, caretBottom, mayScroll) {
+      const field = place();
       const page = document.scrollingElement;
-      if (!page) return 0;
+      if (caretBottom !== null) caret = caretBottom - (field ? field.top : 0);
+      let bottom = field ? field.bottom : caret;
+      if (field && field.lines && caret !== null) bottom = Math.min(bottom, field.top + caret);
+      const missing = Math.ceil(bottom - limit);
+      if (missing <= 0 || !page || !mayScroll) return Math.max(0, missing);
       const before = page.scrollTop;
-      page.scrollBy({top: rows, behavior: 'instant'});
-      if (page.scrollTop !== before)
+      page.scrollBy({top: missing, behavior: 'instant'});
+      const gained = page.scrollTop - before;
+      if (gained !== 0)
         scrolled = {from: scrolled && scrolled.to === before ? scrolled.from : before, to: page.scrollTop};
-      return page.scrollTop - before;
+      return Math.max(0, missing - gained);
     },
     back() {
       const page = document.scrollingElement;
       if (page && scrolled && page.scrollTop === scrolled.to)
         page.scrollTo({top: scrolled.from, behavior: 'instant'});
       scrolled = null;
+      caret = null;
     },
   };
+  window.addEventListener('scroll', () => {
+    if (kindOf(focused()) === 'text') handler.postMessage({scrolled: true});
+  }, true);
 
   window.addEventListener('focusin', look, true);
   // With another element to follow, its focusin tells; the field is not left in between.

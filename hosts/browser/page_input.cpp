@@ -95,6 +95,11 @@ const KeyOfKeyboard* keyOf(int keyCode)
     return nullptr;
 }
 
+uint32_t now()
+{
+    return static_cast<uint32_t>(g_get_monotonic_time() / 1000);
+}
+
 // Its code point when the text is exactly one, else 0.
 uint32_t onlyCharacter(const std::string& text)
 {
@@ -160,7 +165,7 @@ void PageInput::insert(const std::string& text, const Edit& edit)
 void PageInput::send(uint32_t symbol, uint32_t hardwareCode, bool shift)
 {
     wpe_input_keyboard_event event = {};
-    event.time = static_cast<uint32_t>(g_get_monotonic_time() / 1000);
+    event.time = now();
     event.key_code = symbol;
     event.hardware_key_code = hardwareCode;
     event.modifiers = shift ? static_cast<uint32_t>(wpe_input_keyboard_modifier_shift) : 0;
@@ -193,6 +198,24 @@ void PageInput::commit(const std::string& text)
 void PageInput::compose(const std::string& text)
 {
     add(kAnswersForKey, [this, text] { m_method.compose(text); });
+}
+
+void PageInput::click(int x, int y)
+{
+    add(kAnswersForKey, [this, x, y] {
+        wpe_input_pointer_event event = {};
+        event.type = wpe_input_pointer_event_type_motion;
+        event.time = now();
+        event.x = x;
+        event.y = y;
+        wpe_view_backend_dispatch_pointer_event(m_engine.input(), &event);
+        event.type = wpe_input_pointer_event_type_button;
+        event.button = 1;
+        for (const unsigned pressed : {1U, 0U}) {
+            event.state = pressed;
+            wpe_view_backend_dispatch_pointer_event(m_engine.input(), &event);
+        }
+    });
 }
 
 void PageInput::deleteBefore(int characters)

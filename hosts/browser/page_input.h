@@ -39,6 +39,9 @@ public:
     // Shows text at the caret as being composed; empty ends that.
     void compose(const std::string& text);
 
+    // A mouse's click, at a place in the page's pixels.
+    void click(int x, int y);
+
     // Takes so many characters before the caret away.
     void deleteBefore(int characters);
 

@@ -95,6 +95,14 @@ void Panel::move(int rows)
     draw();
 }
 
+std::string Panel::text() const
+{
+    std::string text = m_question.text;
+    for (const Question::Choice& choice : m_question.choices)
+        text += "\n" + choice.label;
+    return text;
+}
+
 int Panel::rows() const
 {
     return firstChoiceRow() + static_cast<int>(m_question.choices.size());

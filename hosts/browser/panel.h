@@ -47,6 +47,9 @@ public:
 
     bool isOpen() const { return m_window != nullptr; }
 
+    // The question and its choices, one a line.
+    std::string text() const;
+
     // The focus is on the line, which takes what is typed.
     bool isOnLine() const { return isOpen() && m_question.hasLine && m_row == 0; }
     void edit(const Edit& edit);
