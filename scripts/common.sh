@@ -19,8 +19,3 @@ die() {
     (($# == 0)) || printf '  %s\n' "$@" >&2
     exit 1
 }
-
-# True when version $1 is at least version $2.
-version_at_least() {
-    [ "$(printf '%s\n' "$2" "$1" | sort -V | head -n 1)" = "$2" ]
-}
