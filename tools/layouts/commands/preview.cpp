@@ -22,7 +22,11 @@ using velmora::browser::vkb::Button_t;
 using velmora::browser::vkb::KeyBoardUI;
 
 constexpr int kFontSize = 30;
-constexpr int kSpace = 12; // pixels between two faces
+constexpr int kCaptionHeight = 64; // pixels above each face
+constexpr int kCaptionSize = 32;
+
+// How the viewer comes to each of kFaces.
+constexpr const char* kCaptions[] = {"1   Default", "2   Shift", "3   Alt", "4   Alt and Shift"};
 
 struct Picture {
     int width;
@@ -97,19 +101,44 @@ void copy(IDirectFBSurface* surface, Picture& picture, int y, int height)
     surface->Unlock(surface);
 }
 
-void drawFace(IDirectFB* dfb, const KeyMap& keyMap, const Face& face, const Catalogue& catalogue,
-              const std::string& fontFile, Picture& picture, int y, int height)
+IDirectFBSurface* createSurface(IDirectFB* dfb, int width, int height)
 {
     DFBSurfaceDescription description = {};
     description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_CAPS | DSDESC_WIDTH |
                                                                 DSDESC_HEIGHT | DSDESC_PIXELFORMAT);
     description.caps = DSCAPS_DOUBLE;
-    description.width = picture.width;
+    description.width = width;
     description.height = height;
     description.pixelformat = DSPF_ARGB;
     IDirectFBSurface* surface = nullptr;
     require(dfb->CreateSurface(dfb, &description, &surface), "a surface");
+    return surface;
+}
 
+void drawCaption(IDirectFB* dfb, const char* caption, int left, const std::string& fontFile,
+                 Picture& picture, int y)
+{
+    DFBFontDescription description = {};
+    description.flags = DFDESC_HEIGHT;
+    description.height = kCaptionSize;
+    IDirectFBFont* font = nullptr;
+    require(dfb->CreateFont(dfb, fontFile.c_str(), &description, &font), fontFile.c_str());
+    IDirectFBSurface* surface = createSurface(dfb, picture.width, kCaptionHeight);
+    surface->Clear(surface, 0, 0, 0, 0xFF);
+    surface->SetColor(surface, 0xFF, 0xC8, 0x3C, 0xFF);
+    surface->SetFont(surface, font);
+    surface->DrawString(surface, caption, -1, left, (kCaptionHeight - kCaptionSize) / 2,
+                        DSTF_TOPLEFT);
+    surface->Flip(surface, nullptr, DSFLIP_NONE);
+    copy(surface, picture, y, kCaptionHeight);
+    surface->Release(surface);
+    font->Release(font);
+}
+
+void drawFace(IDirectFB* dfb, const KeyMap& keyMap, const Face& face, const Catalogue& catalogue,
+              const std::string& fontFile, Picture& picture, int y, int height)
+{
+    IDirectFBSurface* surface = createSurface(dfb, picture.width, height);
     std::vector<Button_t> buttons = buttonsOf(keyMap, face, catalogue);
     std::vector<Button_t> locked = lockedOf(buttons, face);
     {
@@ -142,12 +171,14 @@ void writePreview(const KeyMap& keyMap, const Catalogue& catalogue, const std::s
         (last.column + last.width) * (catalogue.gapX + catalogue.cellWidth) + catalogue.gapX;
     const int height =
         (last.row + last.height) * (catalogue.gapY + catalogue.cellHeight) + catalogue.gapY;
-    Picture picture(width, 4 * height + 3 * kSpace);
+    Picture picture(width, 4 * (kCaptionHeight + height));
     IDirectFB* dfb = startDirectFB();
     int y = 0;
+    const char* const* caption = kCaptions;
     for (const Face& face : kFaces) {
-        drawFace(dfb, keyMap, face, catalogue, fontFile, picture, y, height);
-        y += height + kSpace;
+        drawCaption(dfb, *caption++, catalogue.gapX, fontFile, picture, y);
+        drawFace(dfb, keyMap, face, catalogue, fontFile, picture, y + kCaptionHeight, height);
+        y += kCaptionHeight + height;
     }
     writePng(picture, pngFile);
 }
