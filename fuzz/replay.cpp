@@ -1,6 +1,5 @@
-// Runs the fuzzed function over layout sets without fuzzing: each folder's catalogue with each of
-// its key maps, and each file as it is. With --write FOLDER first, writes the inputs there instead,
-// as seeds for the fuzzing.
+// Runs the fuzzed function over the tests' layout sets and over the files named, without fuzzing.
+// With --write FOLDER, writes the inputs there instead, as seeds for the fuzzing.
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -9,6 +8,7 @@
 #include <vector>
 
 #include "input.h"
+#include "layout_sets.h"
 
 namespace
 {
@@ -21,26 +21,15 @@ std::string readFile(const fs::path& file)
     return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
-void addSets(const fs::path& folder, std::vector<std::string>& inputs)
-{
-    const fs::path catalogue = folder / "Language_Name.json";
-    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-        const fs::path& file = entry.path();
-        if (file.extension() != ".json" || file.filename() == catalogue.filename())
-            continue;
-        inputs.push_back(readFile(file.parent_path() / catalogue.filename()) + kSeparator +
-                         readFile(file));
-    }
-}
-
-std::vector<std::string> inputsOf(const std::vector<std::string>& paths)
+// The catalogue of each of the tests' sets with each of its key maps.
+std::vector<std::string> inputsOfSets()
 {
     std::vector<std::string> inputs;
-    for (const std::string& path : paths) {
-        if (fs::is_directory(path))
-            addSets(path, inputs);
-        else
-            inputs.push_back(readFile(path));
+    for (CheckedSet& set : readCheckedSets()) {
+        const std::string catalogue = set.files[layouts::kCatalogueName];
+        set.files.erase(layouts::kCatalogueName);
+        for (const auto& file : set.files)
+            inputs.push_back(catalogue + kSeparator + file.second);
     }
     return inputs;
 }
@@ -50,12 +39,14 @@ std::vector<std::string> inputsOf(const std::vector<std::string>& paths)
 int main(int argc, char** argv)
 {
     std::vector<std::string> paths(argv + 1, argv + argc);
-    const bool writes = paths.size() > 2 && paths[0] == "--write";
+    const bool writes = paths.size() >= 2 && paths[0] == "--write";
     const fs::path to = writes ? fs::path(paths[1]) : fs::path();
     if (writes)
         paths.erase(paths.begin(), paths.begin() + 2);
 
-    const std::vector<std::string> inputs = inputsOf(paths);
+    std::vector<std::string> inputs = inputsOfSets();
+    for (const std::string& path : paths)
+        inputs.push_back(readFile(path));
     for (size_t i = 0; i < inputs.size(); ++i) {
         if (writes)
             std::ofstream(to / std::to_string(i), std::ios::binary) << inputs[i];

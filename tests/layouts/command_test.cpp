@@ -8,6 +8,7 @@
 #include <png.h>
 
 #include "json_file.h"
+#include "layout_sets.h"
 #include "shipped.h"
 
 using testing::ContainsRegex;
@@ -31,9 +32,17 @@ Outcome call(const std::string& arguments)
     return {WEXITSTATUS(pclose(pipe)), output};
 }
 
+// A folder with the files of a set of sets.txt.
 std::string bad(const std::string& name)
 {
-    return std::string(BAD_SETS) + "/" + name;
+    static const TemporaryFolder parent;
+    const std::string folder = parent.path(name);
+    std::filesystem::create_directories(folder);
+    for (const CheckedSet& set : readCheckedSets())
+        for (const auto& file : set.files)
+            if (set.name == name)
+                std::ofstream(folder + "/" + file.first, std::ios::binary) << file.second;
+    return folder;
 }
 
 TEST(Command, ChecksTheShippedFolder)

@@ -63,16 +63,6 @@ std::vector<std::string> lines(const Findings& findings)
     return result;
 }
 
-std::vector<std::string> foldersIn(const std::string& folder)
-{
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder))
-        if (entry.is_directory())
-            names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 TemporaryFolder::TemporaryFolder()
 {
     std::string name = (fs::temp_directory_path() / "layouts-test-XXXXXX").string();

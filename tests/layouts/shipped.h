@@ -25,9 +25,6 @@ layouts::KeyMap shippedKeyMap(const std::string& layout);
 
 std::vector<std::string> lines(const layouts::Findings& findings);
 
-// The folders in a folder, by name.
-std::vector<std::string> foldersIn(const std::string& folder);
-
 // A folder of its own that goes with the object.
 class TemporaryFolder
 {
