@@ -42,6 +42,7 @@ install(DIRECTORY resources/oskeyboard_config DESTINATION "${VKB_DATA_DIR}" COMP
 if(VKB_BUILD_TOOLS)
   install(FILES resources/languages.tsv resources/left_out.tsv
     DESTINATION "${VKB_DATA_DIR}" COMPONENT tools)
+  install(DIRECTORY resources/xkb DESTINATION "${VKB_DATA_DIR}" COMPONENT tools)
   install(DIRECTORY resources/schema DESTINATION "${VKB_DATA_DIR}" COMPONENT tools
     FILES_MATCHING PATTERN "*.json")
 endif()

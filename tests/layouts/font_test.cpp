@@ -1,8 +1,10 @@
+#include <algorithm>
 #include <set>
 
 #include <directfb.h>
 #include <gtest/gtest.h>
 
+#include "font.h"
 #include "font_files.h"
 #include "shipped.h"
 #include "text.h"
@@ -32,6 +34,16 @@ std::set<std::string> labelsDrawnWith(const std::string& font)
                 labels.insert(legendOf(key, face).text);
     }
     return labels;
+}
+
+// U+02CA is named there and blank.
+TEST(FontFile, AGlyphWithoutInkIsNone)
+{
+    const Font font(findFontFile("wqy-microhei.ttc"));
+    EXPECT_TRUE(font.hasGlyph(U'ㄅ'));
+    EXPECT_TRUE(font.hasGlyph(U' '));
+    EXPECT_FALSE(font.hasGlyph(U'ˊ'));
+    EXPECT_FALSE(font.hasGlyph(U'ꀀ'));
 }
 
 class DrawnFont : public testing::TestWithParam<std::string>
@@ -76,7 +88,9 @@ TEST_P(DrawnFont, IsNoWiderThanTheCheckSays)
 
 std::string testName(const testing::TestParamInfo<std::string>& info)
 {
-    return info.param.substr(0, info.param.find('.'));
+    std::string name = info.param.substr(0, info.param.find('.'));
+    name.erase(std::remove(name.begin(), name.end(), '-'), name.end());
+    return name;
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, DrawnFont, testing::ValuesIn(fontsOfTheTable()), testName);

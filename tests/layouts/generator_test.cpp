@@ -56,7 +56,7 @@ TEST(Generator, RefusesAnotherGrid)
 
 TEST(Generator, SaysWhenThereAreTooManyLetters)
 {
-    Language amharic = {"am", "Amharic", "AM", "us", "", "FreeSerif.ttf", ""};
+    Language amharic = {"am", "Amharic", "AM", "us", "", "FreeSerif.ttf", "", ""};
     EXPECT_THAT([&] { generate(amharic, shippedCatalogue()); },
                 ThrowsMessage<std::runtime_error>(
                     HasSubstr("Amharic: its letters are too many for four faces")));
@@ -64,7 +64,7 @@ TEST(Generator, SaysWhenThereAreTooManyLetters)
 
 TEST(Generator, WantsLettersThatTheLocaleDataLacks)
 {
-    Language occitan = {"oc", "Occitan", "OC", "fr", "oci", "DejaVuSans.ttf", ""};
+    Language occitan = {"oc", "Occitan", "OC", "fr", "oci", "DejaVuSans.ttf", "", ""};
     EXPECT_THAT([&] { generate(occitan, shippedCatalogue()); },
                 ThrowsMessage<std::runtime_error>(
                     HasSubstr("Occitan: the locale data has no letters for \"oc\"")));

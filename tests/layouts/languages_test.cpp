@@ -66,11 +66,17 @@ TEST(Languages, AreAllShippedOrLeftOutWithAReason)
     EXPECT_GE(shipped.size(), 180u);
 }
 
+// A language may have several ways of typing, each named by the language and by the way. Yi is
+// called by its province as well, of which the layout says nothing.
 TEST(Languages, AreNamedByTheLocaleData)
 {
     std::set<std::string> names;
     for (const Language& language : languages()) {
-        EXPECT_EQ(language.name, nameFromIcu(language.icuName));
+        const std::string name = nameFromIcu(language.icuName);
+        const bool isOneOfSeveral = !language.letters.empty() &&
+                                    (language.name.compare(0, name.size() + 1, name + "_") == 0 ||
+                                     "Sichuan_" + language.name == name);
+        EXPECT_EQ(language.name, isOneOfSeveral ? language.name : name);
         EXPECT_TRUE(names.insert(language.name).second) << language.name << " twice";
     }
 }

@@ -15,6 +15,7 @@ public:
     explicit Font(const std::string& file);
     ~Font();
 
+    // Whether there is a picture, with ink in it.
     bool hasGlyph(char32_t codePoint) const;
 
     struct Extent {

@@ -30,7 +30,8 @@ void placeXkbKey(KeySet& keys, size_t i, KeyTexts texts, const Language& languag
 KeySet defaultSet(const Language& language)
 {
     KeySet keys;
-    const auto keyboard = readXkbKeyboard(language.xkbLayout, language.xkbVariant);
+    const auto keyboard =
+        readXkbKeyboard(language.xkbLayout, language.xkbVariant, language.xkbFolder);
     size_t extra = 0;
     for (size_t i = 0; i < keys.size(); ++i) {
         const std::string name = positions()[i].xkbName;

@@ -56,17 +56,19 @@ std::string textOf(xkb_keymap* keymap, xkb_keycode_t key, xkb_level_index_t leve
 
 } // namespace
 
-std::map<std::string, KeyTexts> readXkbKeyboard(const std::string& layout,
-                                                const std::string& variant)
+std::map<std::string, KeyTexts>
+readXkbKeyboard(const std::string& layout, const std::string& variant, const std::string& ownFolder)
 {
-    // Only the packaged database: what a user has in the home folder or the environment must
-    // not change the layouts.
+    // Only the packaged database and our own keyboards: what a user has in the home folder or the
+    // environment must not change the layouts.
     const std::unique_ptr<xkb_context, void (*)(xkb_context*)> context(
         xkb_context_new(static_cast<xkb_context_flags>(XKB_CONTEXT_NO_DEFAULT_INCLUDES |
                                                        XKB_CONTEXT_NO_ENVIRONMENT_NAMES)),
         xkb_context_unref);
     xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL);
     xkb_context_include_path_append(context.get(), "/usr/share/X11/xkb");
+    if (!ownFolder.empty())
+        xkb_context_include_path_append(context.get(), ownFolder.c_str());
     const xkb_rule_names names = {"evdev", "pc105", layout.c_str(), variant.c_str(), ""};
     const std::unique_ptr<xkb_keymap, void (*)(xkb_keymap*)> keymap(
         xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS),

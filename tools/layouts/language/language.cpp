@@ -43,7 +43,8 @@ Language parse(const std::vector<std::string>& fields)
             keyboard.substr(0, bracket),
             variant,
             fields[4],
-            fields.size() > kColumns ? fields[kColumns] : std::string()};
+            fields.size() > kColumns ? fields[kColumns] : std::string(),
+            std::string()};
 }
 
 std::vector<std::string> lettersOf(const icu::UnicodeSet& set)
@@ -97,7 +98,8 @@ std::vector<Language> readLanguages(const std::string& file)
                                      std::to_string(fields.size()) + " columns, expected " +
                                      std::to_string(kColumns) +
                                      " with a tab between them; see the file's first lines");
-        const Language language = parse(fields);
+        Language language = parse(fields);
+        language.xkbFolder = file.substr(0, file.rfind('/') + 1) + "xkb";
         if (!language.letters.empty() && lettersOf(language.letters).empty())
             throw std::runtime_error(file + ": line " + std::to_string(number) +
                                      ": found the letters " + quoted(language.letters) +
@@ -145,6 +147,9 @@ std::vector<std::string> mainLetters(const Language& language)
 
 std::vector<std::string> auxiliaryLetters(const Language& language)
 {
+    // Those of the table are all that the keys are to have.
+    if (!language.letters.empty())
+        return std::vector<std::string>();
     return exemplars(language.icuName, ULOCDATA_ES_AUXILIARY);
 }
 

@@ -16,6 +16,7 @@ struct Language {
     std::string xkbVariant; // or empty
     std::string font;       // a font file that has all labels of the layout
     std::string letters;    // "[a-zß]", for a language that the locale data lacks; else empty
+    std::string xkbFolder;  // of keyboards that the database lacks, beside the table; or empty
 };
 
 // Throws std::runtime_error with the line that is wrong.
