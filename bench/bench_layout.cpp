@@ -48,10 +48,10 @@ test_support::Key keyAt(int position, int keys, int columns, char plain, char sh
 
 } // namespace
 
-void writeLayout(test_support::LayoutFolder& folder, int keys)
+void writeLayout(test_support::LayoutFolder& folder, int keys, const std::string& name)
 {
     const Grid grid = gridFor(keys);
-    test_support::Catalogue catalogue = {{kLayoutName},  grid.gap,        grid.gap,
+    test_support::Catalogue catalogue = {{name},         grid.gap,        grid.gap,
                                          grid.cellWidth, grid.cellHeight, {}};
     std::vector<test_support::Key> defaultKeys;
     std::vector<test_support::Key> symbolKeys;
@@ -61,7 +61,7 @@ void writeLayout(test_support::LayoutFolder& folder, int keys)
         symbolKeys.push_back(keyAt(i, keys, grid.columns, 'A', 'a'));
     }
     folder.writeCatalogue(asJson(catalogue));
-    folder.writeKeyMap(kLayoutName, asJson(defaultKeys, symbolKeys));
+    folder.writeKeyMap(name, asJson(defaultKeys, symbolKeys));
 }
 
 } // namespace bench

@@ -1,6 +1,8 @@
 #ifndef BENCH_LAYOUT_H
 #define BENCH_LAYOUT_H
 
+#include <string>
+
 #include "layout_folder.h"
 
 namespace bench
@@ -8,10 +10,11 @@ namespace bench
 
 extern const char kLayoutName[];
 
-// Writes a catalogue and one layout of this many keys in each set, with labels of one letter,
+// Writes a catalogue and a layout of this many keys in each set, with labels of one letter,
 // the first key a Shift key, and each key's right neighbour the next one, round and round. The
 // keyboard has about a television keyboard's shape, and fits into 1920 by 1080 pixels.
-void writeLayout(test_support::LayoutFolder& folder, int keys);
+void writeLayout(test_support::LayoutFolder& folder, int keys,
+                 const std::string& name = kLayoutName);
 
 } // namespace bench
 
