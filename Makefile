@@ -45,7 +45,7 @@ uninstall: ## Take away what was installed to PREFIX below DESTDIR
 
 package: ## Make the Debian packages, in build/package/
 	@scripts/install-packages build hosts tools package
-	@scripts/build package
+	@scripts/package
 
 format: ## Format the C++ sources
 	@scripts/install-packages test
