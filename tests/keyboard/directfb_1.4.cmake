@@ -66,7 +66,7 @@ if(CMAKE_SYSROOT)
   list(APPEND compile "--sysroot=${CMAKE_SYSROOT}")
 endif()
 
-file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/os_keyboard/*.cpp")
+file(GLOB sources "${PROJECT_SOURCE_DIR}/src/os_keyboard/*.cpp")
 foreach(source IN LISTS sources)
   get_filename_component(name "${source}" NAME_WE)
   vkb_add_test(DirectFB14.KnowsEachNameOf.${name} COMMAND ${compile} "${source}")
