@@ -1,11 +1,8 @@
+// The two ways to type on a terminal: by hand, and by a plan that is shown.
 #include "interactive.h"
 
-#include <cerrno>
-
-#include <poll.h>
-#include <unistd.h>
-
-#include "key_parser.h"
+#include <chrono>
+#include <optional>
 
 namespace host
 {
@@ -13,15 +10,39 @@ namespace host
 namespace
 {
 
-const int kEscapeWait = 100; // milliseconds: a slow line may bring a sequence in pieces
-const int kForEver = -1;
+const int kAnswerWait = 250;        // milliseconds that a terminal has for its answers
 const int kFrameMilliseconds = 300; // of a recording by hand
 
-enum class End { None, Submitted, GivenUp };
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
 
-Press pressOf(Input input)
+int millisecondsUntil(Clock::time_point time)
 {
-    switch (input) {
+    const auto left = std::chrono::ceil<milliseconds>(time - Clock::now()).count();
+    return left < 0 ? 0 : static_cast<int>(left);
+}
+
+// Asks the terminal what it can show. Returns the keys that came instead of an answer.
+std::vector<Input> meet(TerminalEvents& events, TerminalView& view)
+{
+    const Clock::time_point end = Clock::now() + milliseconds(kAnswerWait);
+    std::vector<Input> keys;
+    view.ask();
+    while (keys.empty() && millisecondsUntil(end) > 0) {
+        for (const Input& input : events.wait(millisecondsUntil(end))) {
+            view.learn(input);
+            if (input.kind == Input::Attributes)
+                return keys;
+            if (input.kind != Input::CursorAt && input.kind != Input::SixelLimit)
+                keys.push_back(input);
+        }
+    }
+    return keys;
+}
+
+Press pressOf(Input::Kind kind)
+{
+    switch (kind) {
     case Input::Left:
         return Press::Left;
     case Input::Up:
@@ -35,72 +56,107 @@ Press pressOf(Input input)
     }
 }
 
-End whileHidden(Input input, Session& session)
+// What a key does, unless typing goes on.
+std::optional<Outcome> pressed(Input::Kind kind, KeyboardHost& keyboard, Session& session)
 {
-    if (input == Input::Escape)
-        return End::GivenUp;
-    if (input == Input::Ok)
+    const bool isShown = keyboard.isShown();
+    if (kind == Input::Escape && !isShown)
+        return Outcome::GivenUp;
+    if (kind == Input::Escape) {
+        session.hideKeyboard();
+    } else if (isShown) {
+        if (session.press(pressOf(kind), kFrameMilliseconds) == Session::Progress::Submitted)
+            return Outcome::Submitted;
+    } else if (kind == Input::Ok) {
         session.showKeyboard();
-    return End::None;
+    }
+    return std::nullopt;
 }
 
-End handle(Input input, TerminalView& view, KeyboardHost& keyboard, Session& session)
+std::optional<Outcome> handle(const Input& input, TerminalView& view, KeyboardHost& keyboard,
+                              Session& session)
 {
-    if (input == Input::EndOfInput)
-        return End::GivenUp;
-    if (input == Input::SixelAnswer) {
-        view.sixelIsPossible();
+    switch (input.kind) {
+    case Input::EndOfInput:
+        return Outcome::GivenUp;
+    case Input::Redraw:
         view.forget();
-        session.draw();
-        return End::None;
+        return std::nullopt;
+    case Input::Attributes:
+    case Input::SixelLimit:
+    case Input::CursorAt:
+        if (view.learn(input))
+            view.forget();
+        return std::nullopt;
+    case Input::Text:
+        session.type(input.text);
+        return std::nullopt;
+    case Input::EraseBefore:
+        session.eraseBefore();
+        return std::nullopt;
+    default:
+        return pressed(input.kind, keyboard, session);
     }
-    if (!keyboard.isShown())
-        return whileHidden(input, session);
-    if (input == Input::Escape) {
-        session.hideKeyboard();
-        return End::None;
+}
+
+// Waits, and draws anew where that is asked for. Returns false when the terminal is gone.
+bool watch(int delay, TerminalEvents& events, TerminalView& view, Session& session)
+{
+    const Clock::time_point end = Clock::now() + milliseconds(delay);
+    while (millisecondsUntil(end) > 0) {
+        for (const Input& input : events.wait(millisecondsUntil(end))) {
+            if (input.kind == Input::EndOfInput)
+                return false;
+            if (input.kind == Input::Redraw || view.learn(input)) {
+                view.forget();
+                session.draw();
+            }
+        }
     }
-    const bool submitted =
-        session.press(pressOf(input), kFrameMilliseconds) == Session::Progress::Submitted;
-    return submitted ? End::Submitted : End::None;
+    return true;
 }
 
 } // namespace
 
-bool typeByHand(int keys, TerminalMode& mode, TerminalView& view, KeyboardHost& keyboard,
-                Session& session)
+Outcome typeByHand(TerminalEvents& events, TerminalView& view, KeyboardHost& keyboard,
+                   Session& session)
 {
-    KeyParser parser;
-    view.askForSixel();
-    session.draw();
+    std::vector<Input> inputs = meet(events, view);
     session.record(kFrameMilliseconds);
-
-    pollfd sources[] = {{keys, POLLIN, 0}, {mode.redrawDescriptor(), POLLIN, 0}};
-    while (true) {
-        const int ready = ::poll(sources, 2, parser.waiting() ? kEscapeWait : kForEver);
-        if (ready < 0 && errno != EINTR)
-            return false;
-        if (mode.takeRedraw()) {
-            view.forget();
-            session.draw();
-        }
-
-        std::vector<Input> inputs;
-        if (ready == 0)
-            inputs = parser.idle();
-        if (ready > 0 && sources[0].revents != 0) {
-            char bytes[256];
-            const ssize_t count = ::read(keys, bytes, sizeof bytes);
-            if (count <= 0)
-                return false; // the terminal is gone
-            inputs = parser.feed(std::string(bytes, static_cast<size_t>(count)));
-        }
-        for (const Input input : inputs) {
-            const End end = handle(input, view, keyboard, session);
-            if (end != End::None)
-                return end == End::Submitted;
-        }
+    while (view.showsUtf8()) {
+        for (const Input& input : inputs)
+            if (const std::optional<Outcome> outcome = handle(input, view, keyboard, session))
+                return *outcome;
+        // Keys that are there already are worked off before anything is shown.
+        inputs = events.wait(0);
+        if (!inputs.empty())
+            continue;
+        session.draw();
+        inputs = events.wait(TerminalEvents::kForEver);
     }
+    return Outcome::NotUtf8;
+}
+
+Outcome play(const Plan& plan, int delay, TerminalEvents& events, TerminalView& view,
+             Session& session)
+{
+    const int kLastFrameMilliseconds = 2500; // of a recording: long enough to read the text
+    meet(events, view);
+    session.draw();
+    session.record(delay);
+    for (const Press& press : plan.presses) {
+        if (!view.showsUtf8())
+            return Outcome::NotUtf8;
+        if (!watch(delay, events, view, session))
+            return Outcome::GivenUp;
+        const bool isLast = &press == &plan.presses.back();
+        const Session::Progress progress =
+            session.press(press, isLast ? kLastFrameMilliseconds : delay);
+        session.draw();
+        if (progress == Session::Progress::Submitted)
+            return Outcome::Submitted;
+    }
+    return Outcome::GivenUp;
 }
 
 } // namespace host

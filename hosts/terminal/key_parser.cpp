@@ -1,4 +1,9 @@
+// Reads a terminal's bytes: keys, typed characters, answers to questions.
 #include "key_parser.h"
+
+#include <cstdio>
+
+#include <unistr.h>
 
 namespace host
 {
@@ -8,24 +13,26 @@ namespace
 
 const char kEscape = '\x1b';
 const char kEndOfTransmission = '\x04';
+const char kBackspace = '\x08';
+const char kDelete = '\x7f'; // most terminals send it for the backspace key
 
 void addArrow(char final, std::vector<Input>& inputs)
 {
     switch (final) {
     case 'A':
-        inputs.push_back(Input::Up);
+        inputs.emplace_back(Input::Up);
         break;
     case 'B':
-        inputs.push_back(Input::Down);
+        inputs.emplace_back(Input::Down);
         break;
     case 'C':
-        inputs.push_back(Input::Right);
+        inputs.emplace_back(Input::Right);
         break;
     case 'D':
-        inputs.push_back(Input::Left);
+        inputs.emplace_back(Input::Left);
         break;
     case 'M': // Enter on the number pad
-        inputs.push_back(Input::Ok);
+        inputs.emplace_back(Input::Ok);
         break;
     default:
         break;
@@ -33,12 +40,37 @@ void addArrow(char final, std::vector<Input>& inputs)
 }
 
 // The answer to "what are you?" lists numbers; a 4 behind the first one means sixel.
-bool tellsSixel(const std::string& parameters)
+void addAttributes(const std::string& parameters, std::vector<Input>& inputs)
 {
-    return parameters.rfind('?', 0) == 0 && (parameters + ";").find(";4;") != std::string::npos;
+    if (parameters.rfind('?', 0) == 0)
+        inputs.emplace_back(Input::Attributes,
+                            (parameters + ";").find(";4;") != std::string::npos ? 1 : 0);
+}
+
+// The answer to "how large may a sixel picture be?": 2, 0 for success, width, height.
+void addSixelLimit(const std::string& parameters, std::vector<Input>& inputs)
+{
+    int width = 0;
+    int height = 0;
+    if (std::sscanf(parameters.c_str(), "?2;0;%d;%d", &width, &height) == 2 && width > 0 &&
+        height > 0)
+        inputs.emplace_back(Input::SixelLimit, width, height);
+}
+
+void addCursor(const std::string& parameters, std::vector<Input>& inputs)
+{
+    int row = 0;
+    int column = 0;
+    if (std::sscanf(parameters.c_str(), "%d;%d", &row, &column) == 2)
+        inputs.emplace_back(Input::CursorAt, row, column);
 }
 
 } // namespace
+
+bool operator==(const Input& a, const Input& b)
+{
+    return a.kind == b.kind && a.text == b.text && a.first == b.first && a.second == b.second;
+}
 
 std::vector<Input> KeyParser::feed(const std::string& bytes)
 {
@@ -75,22 +107,42 @@ void KeyParser::ground(char byte, std::vector<Input>& inputs)
     if (byte == kEscape)
         m_state = State::Escape;
     else if (byte == '\r' || byte == '\n')
-        inputs.push_back(Input::Ok);
+        inputs.emplace_back(Input::Ok);
     else if (byte == kEndOfTransmission)
-        inputs.push_back(Input::EndOfInput);
+        inputs.emplace_back(Input::EndOfInput);
+    else if (byte == kBackspace || byte == kDelete)
+        inputs.emplace_back(Input::EraseBefore);
+    else if (static_cast<unsigned char>(byte) >= ' ')
+        text(byte, inputs);
+}
+
+void KeyParser::text(char byte, std::vector<Input>& inputs)
+{
+    const int kIncomplete = -2;
+    m_character += byte;
+    ucs4_t character = 0;
+    const int length = u8_mbtoucr(&character, reinterpret_cast<const uint8_t*>(m_character.data()),
+                                  m_character.size());
+    if (length == kIncomplete)
+        return;
+    if (length > 0)
+        inputs.emplace_back(m_character);
+    m_character.clear();
 }
 
 void KeyParser::afterEscape(char byte, std::vector<Input>& inputs)
 {
     m_parameters.clear();
+    m_character.clear();
     if (byte == '[') {
         m_state = State::Csi;
     } else if (byte == 'O') {
         m_state = State::Ss3;
     } else {
-        inputs.push_back(Input::Escape);
+        inputs.emplace_back(Input::Escape);
         m_state = State::Ground;
-        ground(byte, inputs);
+        if (static_cast<unsigned char>(byte) < ' ') // with a letter it is a shortcut, no text
+            ground(byte, inputs);
     }
 }
 
@@ -101,10 +153,21 @@ void KeyParser::csi(char byte, std::vector<Input>& inputs)
         return;
     }
     m_state = State::Ground;
-    if (byte == 'c' && tellsSixel(m_parameters))
-        inputs.push_back(Input::SixelAnswer);
-    else if (byte >= 'A' && byte <= 'D')
+    switch (byte) {
+    case 'c':
+        addAttributes(m_parameters, inputs);
+        break;
+    case 'S':
+        addSixelLimit(m_parameters, inputs);
+        break;
+    case 'R':
+        addCursor(m_parameters, inputs);
+        break;
+    case 'M':
+        break; // a mouse's, not the number pad's
+    default:
         addArrow(byte, inputs);
+    }
 }
 
 } // namespace host

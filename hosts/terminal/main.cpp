@@ -1,3 +1,4 @@
+// Types a line of text with the on-screen keyboard, in a terminal or without one.
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -6,7 +7,6 @@
 #include <memory>
 
 #include <fcntl.h>
-#include <time.h>
 #include <unistd.h>
 
 #include "host_log.h"
@@ -21,6 +21,7 @@
 #include "recorder.h"
 #include "session.h"
 #include "standard_input.h"
+#include "terminal_events.h"
 #include "terminal_mode.h"
 #include "terminal_view.h"
 
@@ -31,7 +32,6 @@ namespace
 
 const int kGivenUp = 1;
 const int kCannotRun = 2;
-const int kLastFrameMilliseconds = 2500; // of a recording: long enough to read the text
 
 // The size that the keyboard's place is made for; the dummy system has no display.
 const Screen::Option kScreenOptions[] = {
@@ -85,26 +85,18 @@ int openTerminal()
     return name == nullptr ? -1 : ::open(name, O_RDWR | O_NOCTTY | O_CLOEXEC);
 }
 
-void pause(int milliseconds)
+// The plan's presses where nobody sees them.
+Outcome playUnseen(const Plan& plan, int delay, Session& session)
 {
-    timespec rest = {milliseconds / 1000, milliseconds % 1000 * 1000000L};
-    while (::nanosleep(&rest, &rest) != 0) {
-    }
-}
-
-bool play(const Plan& plan, Session& session, bool isSeen, int delay)
-{
-    session.draw();
+    const int kLastFrameMilliseconds = 2500; // of a recording: long enough to read the text
     session.record(delay);
     for (const Press& press : plan.presses) {
-        if (isSeen)
-            pause(delay);
         const bool isLast = &press == &plan.presses.back();
         if (session.press(press, isLast ? kLastFrameMilliseconds : delay) ==
             Session::Progress::Submitted)
-            return true;
+            return Outcome::Submitted;
     }
-    return false;
+    return Outcome::GivenUp;
 }
 
 int printPlan(const Plan& plan)
@@ -114,26 +106,14 @@ int printPlan(const Plan& plan)
     return 0;
 }
 
-struct Typed {
-    bool submitted;
-    std::string text;
-};
-
-// terminal: to be shown on, or -1.
-Typed typeText(const Options& options, const Plan& plan, const KeyboardModel& model,
-               const std::string& font, int terminal, const Screen& screen, KeyboardHost& keyboard,
-               Recorder* recorder)
+// On a terminal, which gets back what it had at the end.
+Outcome typeOnTerminal(const Options& options, const Plan& plan, int terminal,
+                       KeyboardHost& keyboard, TerminalView& view, Session& session)
 {
-    std::unique_ptr<TerminalMode> mode;
-    std::unique_ptr<TerminalView> view;
-    if (terminal >= 0) {
-        mode = std::make_unique<TerminalMode>(terminal);
-        view = std::make_unique<TerminalView>(terminal, options.picture);
-    }
-    Session session(screen, keyboard, model, view.get(), recorder, font);
-    const bool submitted = options.type ? play(plan, session, terminal >= 0, options.delay)
-                                        : typeByHand(terminal, *mode, *view, keyboard, session);
-    return {submitted, session.text()};
+    TerminalMode mode(terminal);
+    TerminalEvents events(terminal, mode);
+    return options.type ? play(plan, options.delay, events, view, session)
+                        : typeByHand(events, view, keyboard, session);
 }
 
 int run(const Options& options)
@@ -171,14 +151,21 @@ int run(const Options& options)
     KeyboardHost keyboard(screen, &model);
     if (!keyboard.show())
         return fail(noLayoutsMessage());
-    const Typed typed = typeText(options, plan, model, font, why.empty() ? terminal : -1, screen,
-                                 keyboard, recorder.get());
+    std::unique_ptr<TerminalView> view;
+    if (why.empty())
+        view = std::make_unique<TerminalView>(terminal, options.picture);
+    Session session(screen, keyboard, model, view.get(), recorder.get(), font);
+    const Outcome outcome = view ? typeOnTerminal(options, plan, terminal, keyboard, *view, session)
+                                 : playUnseen(plan, options.delay, session);
     keyboard.end();
     if (recorder)
         recorder->finish();
-    if (!typed.submitted)
+    if (outcome == Outcome::NotUtf8)
+        return fail("the terminal shows letters beyond ASCII as others, expected one in UTF-8; use "
+                    "--type TEXT --picture none to type without it");
+    if (outcome == Outcome::GivenUp)
         return kGivenUp;
-    std::puts(typed.text.c_str());
+    std::puts(session.text().c_str());
     return 0;
 }
 

@@ -42,22 +42,9 @@ Session::Progress Session::press(Press press, int milliseconds)
     const KeyboardHost::Answer answer = m_keyboard.press(press);
     if (answer.hasEdit)
         applyEdit(answer.edit, m_line);
-    draw();
     record(milliseconds);
     const bool submitted = answer.hasEdit && answer.edit.action == KeyAction::Submit;
     return submitted ? Progress::Submitted : Progress::Goes;
-}
-
-void Session::hideKeyboard()
-{
-    m_keyboard.hide();
-    draw();
-}
-
-void Session::showKeyboard()
-{
-    m_keyboard.show();
-    draw();
 }
 
 void Session::draw()

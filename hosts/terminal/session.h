@@ -29,8 +29,14 @@ public:
     // milliseconds: how long what this press shows stays, for the recording.
     Progress press(Press press, int milliseconds);
 
-    void hideKeyboard();
-    void showKeyboard();
+    // What a computer's keyboard does to the line.
+    void type(const std::string& character) { m_line.insert(character); }
+    void eraseBefore() { m_line.eraseBefore(); }
+
+    void hideKeyboard() { m_keyboard.hide(); }
+    void showKeyboard() { m_keyboard.show(); }
+
+    // Shows what the calls before have changed.
     void draw();
     void record(int milliseconds);
 

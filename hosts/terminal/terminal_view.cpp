@@ -1,3 +1,4 @@
+// What the terminal shows: text line, status, picture, hint.
 #include "terminal_view.h"
 
 #include <algorithm>
@@ -20,8 +21,11 @@ const char kClearBelow[] = "\033[J";
 const char kClearLine[] = "\033[K";
 const char kHideCursor[] = "\033[?25l";
 const char kShowCursor[] = "\033[?25h";
-const char kAskForSixel[] = "\033[c";
-const char kForgetKittyPictures[] = "\033_Ga=d\033\\";
+
+// A letter of two bytes, which no set of characters shows as one narrow character but UTF-8, then
+// where the cursor is; the largest sixel picture; what the terminal is.
+const char kQuestions[] = "\033[1;1H\u00EB\033[6n\033[?2;1;0S\033[c";
+const int kColumnInUtf8 = 2;
 
 const int kTextRow = 1;
 const int kStatusRow = 2;
@@ -45,11 +49,6 @@ Window windowOf(int terminal)
     return window;
 }
 
-std::string at(int row, int column)
-{
-    return "\033[" + std::to_string(row) + ";" + std::to_string(column) + "H";
-}
-
 size_t characterBytes(const std::string& utf8, size_t from)
 {
     const uint8_t* start = reinterpret_cast<const uint8_t*>(utf8.data()) + from;
@@ -68,18 +67,12 @@ std::string firstColumns(const std::string& utf8, int room)
     return utf8.substr(0, to);
 }
 
-// Words that are longer than the window is wide lose their end.
-std::string lineAt(int row, const std::string& text, int room)
-{
-    return at(row, 1) + firstColumns(text, room) + kClearLine;
-}
-
 } // namespace
 
 std::string lastColumns(const std::string& utf8, int room)
 {
     size_t from = 0;
-    while (columns(utf8.substr(from)) > room)
+    while (from < utf8.size() && columns(utf8.substr(from)) > room)
         from += characterBytes(utf8, from);
     return utf8.substr(from);
 }
@@ -88,9 +81,31 @@ TerminalView::TerminalView(int terminal, PictureMode mode) : m_terminal(terminal
 {
 }
 
-void TerminalView::askForSixel() const
+void TerminalView::ask()
 {
-    write(kAskForSixel);
+    m_asked = true;
+    write(kQuestions);
+}
+
+bool TerminalView::learn(const Input& answer)
+{
+    const PictureMode mode = m_picture.mode();
+    switch (answer.kind) {
+    case Input::CursorAt: // once asked for; later it is a key, F3 with Shift
+        if (m_asked)
+            m_shows_utf8 = answer.second == kColumnInUtf8;
+        m_asked = false;
+        return false;
+    case Input::SixelLimit:
+        m_picture.limitSixel({answer.first, answer.second});
+        return mode == PictureMode::Sixel;
+    case Input::Attributes:
+        if (answer.first != 0)
+            m_picture.sixelIsPossible();
+        return mode != m_picture.mode();
+    default:
+        return false;
+    }
 }
 
 void TerminalView::draw(const Scene& scene)
@@ -103,35 +118,65 @@ void TerminalView::draw(const Scene& scene)
 
     std::string output = kHideCursor;
     if (m_clear)
-        output += kClear;
-    m_clear = false;
-    output += lineAt(kTextRow, kPrompt + before + behind, width);
-    output += lineAt(kStatusRow, scene.status, width);
-
-    const CellArea picture = {width, window.cells.rows - kRowsOfWords};
+        output += clear();
     int hintRow = kStatusRow + 1;
-    if (scene.keyboard != nullptr && m_picture.mode() != PictureMode::None && picture.rows > 2) {
-        const CellArea area = m_picture.fit(*scene.keyboard, picture, window.cell);
-        output += pictureAt(kPictureRow, scene, area, window.cell);
-        hintRow = kPictureRow + area.rows;
-    } else {
-        output += at(hintRow, 1) + kClearBelow;
-    }
-    output += lineAt(hintRow, scene.hint, width);
-    output += at(kTextRow, columns(kPrompt) + columns(before) + 1) + kShowCursor;
-    write(output);
+    output += picture(scene, window.cells, window.cell, hintRow);
+
+    std::map<int, std::string> lines;
+    lines[kTextRow] = kPrompt + before + behind;
+    lines[kStatusRow] = scene.status;
+    lines[hintRow] = scene.hint;
+    lines.erase(lines.upper_bound(window.cells.rows), lines.end());
+    for (auto& line : lines)
+        line.second = firstColumns(line.second, width);
+    output += words(lines);
+    write(output + cursorTo(kTextRow, columns(kPrompt) + columns(before) + 1) + kShowCursor);
 }
 
-std::string TerminalView::pictureAt(int row, const Scene& scene, CellArea area, CellSize cell)
+std::string TerminalView::clear()
 {
-    const std::vector<std::string> lines =
-        m_picture.print(*scene.keyboard, area, cell, scene.labels);
+    m_clear = false;
+    m_area = {0, 0};
+    m_lines.clear();
+    m_picture.forget();
+    return kClear;
+}
+
+// nextRow: the row below the picture; as it was without one.
+std::string TerminalView::picture(const Scene& scene, CellArea window, CellSize cell, int& nextRow)
+{
+    const CellArea room = {window.columns, window.rows - kRowsOfWords};
+    CellArea area = {0, 0};
+    if (scene.keyboard != nullptr && m_picture.mode() != PictureMode::None && room.rows > 2)
+        area = m_picture.fit(*scene.keyboard, room, cell);
+
     std::string output;
-    if (m_picture.mode() == PictureMode::Kitty)
-        output += kForgetKittyPictures;
-    for (const std::string& line : lines)
-        output += at(row++, 1) + line;
-    return output + "\033[0m";
+    if (m_area.rows > 0 && (area.rows != m_area.rows || area.columns != m_area.columns)) {
+        output += m_picture.remove() + cursorTo(kStatusRow + 1, 1) + kClearBelow;
+        m_lines.erase(m_lines.upper_bound(kStatusRow), m_lines.end());
+    }
+    m_area = area;
+    if (area.rows == 0)
+        return output;
+    nextRow = kPictureRow + area.rows;
+    return output + m_picture.update(*scene.keyboard, kPictureRow, area, cell, scene.labels);
+}
+
+// Words without the rows that the picture has.
+std::string TerminalView::words(const std::map<int, std::string>& lines)
+{
+    std::string output;
+    for (const auto& line : m_lines)
+        if (lines.count(line.first) == 0 &&
+            (line.first < kPictureRow || line.first >= kPictureRow + m_area.rows))
+            output += cursorTo(line.first, 1) + kClearLine;
+    for (const auto& line : lines) {
+        const auto shown = m_lines.find(line.first);
+        if (shown == m_lines.end() || shown->second != line.second)
+            output += cursorTo(line.first, 1) + line.second + kClearLine;
+    }
+    m_lines = lines;
+    return output;
 }
 
 void TerminalView::write(const std::string& text) const

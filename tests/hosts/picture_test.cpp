@@ -20,7 +20,7 @@ using host::Picture;
 using host::PictureMode;
 using host::TerminalPicture;
 using testing::HasSubstr;
-using testing::SizeIs;
+using testing::Not;
 using testing::StartsWith;
 
 const host::CellSize kCell = {10, 20};
@@ -61,15 +61,15 @@ TEST_F(TerminalKind, XtermShowsSymbolsUntilItSaysSixel)
     EXPECT_EQ(picture.mode(), PictureMode::Symbols);
     picture.sixelIsPossible();
     EXPECT_EQ(picture.mode(), PictureMode::Sixel);
-    EXPECT_THAT(picture.print(grey(100, 40, 50), {10, 2}, kCell, {})[0], StartsWith("\x1bP"));
+    EXPECT_THAT(picture.update(grey(100, 40, 50), 4, {10, 2}, kCell, {}), HasSubstr("\x1bP"));
 }
 
 TEST_F(TerminalKind, KittyShowsItsOwnPictures)
 {
     setTerminal("xterm-kitty", "truecolor");
-    const TerminalPicture picture(PictureMode::Auto);
+    TerminalPicture picture(PictureMode::Auto);
     EXPECT_EQ(picture.mode(), PictureMode::Kitty);
-    EXPECT_THAT(picture.print(grey(100, 40, 50), {10, 2}, kCell, {})[0], StartsWith("\x1b_G"));
+    EXPECT_THAT(picture.update(grey(100, 40, 50), 4, {10, 2}, kCell, {}), HasSubstr("\x1b_G"));
 }
 
 TEST_F(TerminalKind, WhatTheUserAskedForStays)
@@ -83,13 +83,20 @@ TEST_F(TerminalKind, WhatTheUserAskedForStays)
 TEST_F(TerminalKind, SymbolsCarryTheLabels)
 {
     setTerminal("xterm-256color", "truecolor");
-    const TerminalPicture picture(PictureMode::Symbols);
-    const std::vector<Label> labels = {{0, 0, 50, 60, "Hi", false}, {50, 0, 50, 60, "ü", true}};
-    const auto lines = picture.print(grey(100, 60, 50), {10, 3}, kCell, labels);
-    ASSERT_THAT(lines, SizeIs(3));
-    EXPECT_THAT(lines[1], HasSubstr("Hi"));
-    EXPECT_THAT(lines[1], HasSubstr("ü"));
-    EXPECT_THAT(lines[1], HasSubstr("48;2;255;255;255")); // the focused key stands out
+    TerminalPicture picture(PictureMode::Symbols);
+    std::vector<Label> labels = {{0, 0, 50, 60, "Hi", false}, {50, 0, 50, 60, "ü", true}};
+    const std::string first = picture.update(grey(100, 60, 50), 4, {10, 3}, kCell, labels);
+    EXPECT_THAT(first, HasSubstr("Hi"));
+    EXPECT_THAT(first, HasSubstr("ü"));
+    EXPECT_THAT(first, HasSubstr("48;2;255;255;255")); // the focused key stands out
+    EXPECT_THAT(first, HasSubstr("\x1b[6;1H"));
+
+    EXPECT_EQ(picture.update(grey(100, 60, 50), 4, {10, 3}, kCell, labels), "");
+    labels[0].text = "Ho";
+    const std::string second = picture.update(grey(100, 60, 50), 4, {10, 3}, kCell, labels);
+    EXPECT_THAT(second, StartsWith("\x1b[5;1H"));
+    EXPECT_THAT(second, HasSubstr("Ho"));
+    EXPECT_THAT(second, Not(HasSubstr("\x1b[6;1H")));
 }
 
 TEST_F(TerminalKind, KeepsThePicturesProportions)

@@ -50,7 +50,9 @@ bool readSome(int descriptor, std::string& text)
 } // namespace
 
 PseudoTerminal::PseudoTerminal(const std::string& line,
-                               const std::map<std::string, std::string>& environment)
+                               const std::map<std::string, std::string>& environment,
+                               const TerminalScreen& screen)
+    : m_shown(screen)
 {
     int output[2];
     if (::pipe2(output, O_CLOEXEC) != 0 ||
@@ -85,9 +87,12 @@ void PseudoTerminal::send(const std::string& bytes)
         throw std::runtime_error("the terminal takes no keys");
 }
 
-void PseudoTerminal::resize(unsigned short columns, unsigned short rows)
+void PseudoTerminal::resize(unsigned short columns, unsigned short rows, unsigned short cellWidth,
+                            unsigned short cellHeight)
 {
-    const winsize window = {rows, columns, 0, 0};
+    const winsize window = {rows, columns, static_cast<unsigned short>(columns * cellWidth),
+                            static_cast<unsigned short>(rows * cellHeight)};
+    m_shown.resize(columns, rows);
     ::ioctl(m_master, TIOCSWINSZ, &window);
 }
 
@@ -118,6 +123,11 @@ bool PseudoTerminal::waitFor(const std::string& text)
         m_found = at + text.size();
         return true;
     });
+}
+
+bool PseudoTerminal::waitUntil(const std::function<bool(const TerminalScreen&)>& condition)
+{
+    return collectUntil([&] { return condition(m_shown); });
 }
 
 bool PseudoTerminal::waitForEnd()
@@ -159,7 +169,7 @@ bool PseudoTerminal::collectUntil(const std::function<bool()>& done)
         const int ready = ::poll(sources, 2, ended ? 0 : 50);
         bool read = false;
         if (ready > 0 && (sources[0].revents & POLLIN) != 0)
-            read = readSome(m_master, m_screen);
+            read = readScreen();
         if (ready > 0 && (sources[1].revents & POLLIN) != 0)
             read = readSome(m_pipe, m_out) || read;
         else if (ready > 0 && sources[1].revents != 0) {
@@ -171,6 +181,18 @@ bool PseudoTerminal::collectUntil(const std::function<bool()>& done)
         if (std::chrono::steady_clock::now() > deadline)
             return false;
     }
+    return true;
+}
+
+bool PseudoTerminal::readScreen()
+{
+    const size_t before = m_screen.size();
+    if (!readSome(m_master, m_screen))
+        return false;
+    m_shown.feed(m_screen.substr(before));
+    const std::string answers = m_shown.takeAnswers();
+    if (!answers.empty())
+        send(answers);
     return true;
 }
 

@@ -8,19 +8,23 @@
 #include <sys/types.h>
 #include <termios.h>
 
+#include "terminal_screen.h"
+
 // A program on a terminal of its own, its standard output caught apart: what is drawn and said
 // arrives at the screen, what the program delivers at out().
 class PseudoTerminal
 {
 public:
     // A line for the shell. The environment gets these variables; an empty value removes one.
-    PseudoTerminal(const std::string& line, const std::map<std::string, std::string>& environment);
+    PseudoTerminal(const std::string& line, const std::map<std::string, std::string>& environment,
+                   const TerminalScreen& screen = TerminalScreen());
     ~PseudoTerminal();
     PseudoTerminal(const PseudoTerminal&) = delete;
     PseudoTerminal& operator=(const PseudoTerminal&) = delete;
 
     void send(const std::string& bytes);
-    void resize(unsigned short columns, unsigned short rows);
+    void resize(unsigned short columns, unsigned short rows, unsigned short cellWidth = 0,
+                unsigned short cellHeight = 0);
     void signal(int number);
     void hangUp();
 
@@ -32,11 +36,16 @@ public:
     bool waitFor(const std::string& text);
     bool waitForEnd();
 
+    // Waits for something that the terminal shows.
+    bool waitUntil(const std::function<bool(const TerminalScreen&)>& condition);
+
     // After the end: the exit status, and the signal that ended the program or 0.
     int exitStatus() const;
     int endingSignal() const;
 
+    // All that was written to the terminal, and what it shows of it.
     const std::string& screen() const { return m_screen; }
+    const TerminalScreen& shown() const { return m_shown; }
     const std::string& out() const { return m_out; }
 
     // The terminal's modes now, and as they were before the program.
@@ -45,6 +54,7 @@ public:
 
 private:
     bool collectUntil(const std::function<bool()>& done);
+    bool readScreen();
     bool reap();
 
     pid_t m_pid = -1;
@@ -54,6 +64,7 @@ private:
     bool m_ended = false;
     int m_wait_status = 0;
     std::string m_screen;
+    TerminalScreen m_shown;
     std::string m_out;
     std::string m_modes_before;
     size_t m_found = 0;

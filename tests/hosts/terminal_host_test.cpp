@@ -8,9 +8,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "key_result.h"
 #include "keyboard_model.h"
 #include "planner.h"
 #include "pseudo_terminal.h"
+#include "text_line.h"
 
 namespace
 {
@@ -72,7 +74,17 @@ std::string statusOf(const KeyboardModel& model, const KeyboardState& state)
         status += state.shift == host::Shift::Once ? ", Shift" : ", Shift locked";
     if (state.alt)
         status += ", Alt";
-    return status + ", on: " + (key->text == " " ? "space" : key->text) + "\033[K";
+    return status + ", on: " + (key->text == " " ? "space" : key->text);
+}
+
+// Waits until the terminal's rows of text and status are these.
+bool showsLine(PseudoTerminal& terminal, const std::string& text, const std::string& status)
+{
+    std::string line = "Text: " + text;
+    line.erase(line.find_last_not_of(' ') + 1);
+    return terminal.waitUntil([&](const TerminalScreen& screen) {
+        return screen.row(1) == line && screen.row(2) == status;
+    });
 }
 
 TEST(TerminalHost, TypesByHandOverShiftSymbolsLanguageAndANewWindowSize)
@@ -84,18 +96,22 @@ TEST(TerminalHost, TypesByHandOverShiftSymbolsLanguageAndANewWindowSize)
 
     PseudoTerminal terminal(host(""), with({}));
     KeyboardState state;
-    ASSERT_TRUE(terminal.waitFor(statusOf(model, state))) << terminal.screen();
+    host::TextLine typed;
+    ASSERT_TRUE(showsLine(terminal, "", statusOf(model, state))) << terminal.screen();
     EXPECT_NE(terminal.modes(), terminal.modesBefore());
     bool shifted = false, symbols = false, otherLanguage = false;
     for (size_t i = 0; i + 1 < plan.presses.size(); ++i) {
         if (i == plan.presses.size() / 2) {
             terminal.resize(60, 20);
             ASSERT_TRUE(terminal.waitFor("\033[2J"));
-            ASSERT_TRUE(terminal.waitFor(statusOf(model, state)));
+            ASSERT_TRUE(showsLine(terminal, typed.text(), statusOf(model, state)));
         }
         terminal.send(bytesOf(plan.presses[i]));
-        state = model.after(state, plan.presses[i]).state;
-        ASSERT_TRUE(terminal.waitFor(statusOf(model, state)))
+        const KeyboardModel::Step step = model.after(state, plan.presses[i]);
+        state = step.state;
+        if (step.result != nullptr)
+            typed.insert(host::keyText(step.result->character, step.result->text));
+        ASSERT_TRUE(showsLine(terminal, typed.text(), statusOf(model, state)))
             << "press " << i << ", expected " << statusOf(model, state);
         shifted = shifted || state.shift != host::Shift::Off;
         symbols = symbols || state.alt;
@@ -211,7 +227,8 @@ TEST(TerminalHost, AWindowTooSmallForThePictureStillTakesKeys)
     ASSERT_TRUE(terminal.waitFor("\033[2J"));
     terminal.send(bytesOf(Press::Right));
     const std::string status = statusOf(model, model.after(KeyboardState(), Press::Right).state);
-    ASSERT_TRUE(terminal.waitFor(status.substr(0, 12)));
+    ASSERT_TRUE(terminal.waitUntil(
+        [&](const TerminalScreen& screen) { return screen.row(2) == status.substr(0, 12); }));
     terminal.send(kInterrupt);
     ASSERT_TRUE(terminal.waitForEnd());
 }
