@@ -118,8 +118,7 @@ void Browser::connect()
                      this);
     g_signal_connect(view, "load-changed",
                      G_CALLBACK(+[](WebKitWebView*, WebKitLoadEvent event, Browser* browser) {
-                         if (event == WEBKIT_LOAD_COMMITTED)
-                             browser->takeCommit();
+                         browser->takeLoad(event);
                      }),
                      this);
     g_signal_connect(
@@ -162,7 +161,7 @@ void Browser::connect()
 void Browser::open(const std::string& url)
 {
     if (m_has_keyboard) {
-        webkit_web_view_load_uri(view(), url.c_str());
+        load(url);
         return;
     }
     const std::string what = m_setup.font.empty() ? noFontMessage() : noLayoutsMessage();
@@ -170,13 +169,21 @@ void Browser::open(const std::string& url)
     tell("There is no keyboard", what, "Go on without", url);
 }
 
+void Browser::load(std::string url)
+{
+    m_notice_link.clear();
+    webkit_web_view_load_uri(view(), url.c_str());
+}
+
 void Browser::reload()
 {
+    m_notice_link.clear();
     webkit_web_view_reload(view());
 }
 
 void Browser::goBack()
 {
+    m_notice_link.clear();
     if (webkit_web_view_can_go_back(view()))
         webkit_web_view_go_back(view());
     else
@@ -186,6 +193,7 @@ void Browser::goBack()
 void Browser::tell(const std::string& title, const std::string& text, const std::string& label,
                    const std::string& url)
 {
+    m_notice_link = url;
     webkit_web_view_load_alternate_html(view(), noticePage(title, text, label, url).c_str(),
                                         url.c_str(), nullptr);
 }
@@ -215,6 +223,23 @@ void Browser::takeFocus(const PageFocus& focus, bool isTop, bool isGone)
     if (focus.kind == "none")
         m_engine_focused = false; // the engine does not tell when a script removed the field
     follow();
+}
+
+void Browser::takeLoad(WebKitLoadEvent event)
+{
+    if (event == WEBKIT_LOAD_COMMITTED)
+        takeCommit();
+    if (event != WEBKIT_LOAD_FINISHED)
+        return;
+    std::vector<std::function<void()>> waits;
+    waits.swap(m_load_waits);
+    for (const std::function<void()>& done : waits)
+        done();
+}
+
+void Browser::whenLoaded(std::function<void()> done)
+{
+    m_load_waits.push_back(std::move(done));
 }
 
 void Browser::takeCommit()
@@ -465,7 +490,9 @@ void Browser::pressOnPanel(const RemoteKey& key)
 
 void Browser::pressOnPage(int keyCode)
 {
-    if (keyCode == RemoteOk && m_focus.kind == "select")
+    if (keyCode == RemoteOk && !m_notice_link.empty())
+        load(m_notice_link);
+    else if (keyCode == RemoteOk && m_focus.kind == "select")
         openMenu();
     else if (keyCode == RemoteOk && m_focus.kind == "toggle")
         m_input.key(' '); // Enter would send the form

@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "keyboard_host.h"
 #include "remote_keys.h"
@@ -58,6 +59,9 @@ public:
     void whenHandled(std::function<void()> done);
     void whenShown(std::function<void()> done);
 
+    // Calls back once the page that is loaded next is complete, or has failed.
+    void whenLoaded(std::function<void()> done);
+
     // Calls back with the text that the page or its open dialog shows; empty while the page cannot
     // answer.
     void pageText(std::function<void(const std::string&)> done);
@@ -70,6 +74,7 @@ private:
     void connect();
     void takeMessage(JSCValue* message);
     void takeFocus(const PageFocus& focus, bool isTop, bool isGone);
+    void takeLoad(WebKitLoadEvent event);
     void takeCommit();
     bool takeFailure(const std::string& url, const GError& error);
     void takeTermination();
@@ -87,6 +92,7 @@ private:
     void endWait(unsigned number);
     void endWaits();
     void ask(const Question& question, Panel::Answer answer);
+    void load(std::string url);
     void tell(const std::string& title, const std::string& text, const std::string& label,
               const std::string& url);
 
@@ -111,8 +117,10 @@ private:
     bool m_has_room = false;                           // the page made room for the keyboard
     std::map<unsigned, std::function<void()>> m_waits; // by number
     unsigned m_last_wait = 0;
-    int m_changes = 0;        // of who gets the keys: page, keyboard, panel
-    int m_changes_before = 0; // when the key that is down now was pressed
+    std::vector<std::function<void()>> m_load_waits;
+    std::string m_notice_link; // where OK leads from a notice of ours; empty: no notice is shown
+    int m_changes = 0;         // of who gets the keys: page, keyboard, panel
+    int m_changes_before = 0;  // when the key that is down now was pressed
 };
 
 } // namespace host

@@ -7,8 +7,8 @@
 namespace host
 {
 
-// A page that says what went wrong, with one link that has the focus, so that OK follows it. All
-// are plain text.
+// A page that says what went wrong, with one link that looks focused: the browser follows it at OK.
+// All are plain text.
 std::string noticePage(const std::string& title, const std::string& text, const std::string& label,
                        const std::string& url);
 

@@ -156,14 +156,24 @@ void Player::begin(const Step& step)
         show(0, [this] { takePicture(); });
         break;
     case StepKind::Reload:
-        browser.reload();
-        finishStep();
+        load([&browser] { browser.reload(); });
         break;
     case StepKind::Back:
-        browser.goBack();
-        finishStep();
+        load([&browser] { browser.goBack(); });
         break;
     }
+}
+
+// Does what loads a page, and goes on when it is there.
+void Player::load(const std::function<void()>& begin)
+{
+    m_awaited = "the page";
+    const unsigned turn = m_turn;
+    m_with.browser.whenLoaded([this, turn] {
+        if (turn == m_turn)
+            show(kPressMilliseconds, [this] { finishStep(); });
+    });
+    begin();
 }
 
 void Player::press(const std::string& key, int count)

@@ -45,6 +45,7 @@ private:
     void bePatient();
     void finishStep();
     void fail(const std::string& awaited, const std::string& found);
+    void load(const std::function<void()>& begin);
     void press(const std::string& key, int count);
     void play(std::vector<Press> presses);
     void type(const Plan& plan);

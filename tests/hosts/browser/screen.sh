@@ -1,0 +1,55 @@
+# shellcheck shell=bash disable=SC2154
+# The browser host on a screen with a keyboard's real events.
+
+. "$root/tests/hosts/browser/host.sh"
+
+# with_keys PAGE: the host on a screen of its own; the session in "steps" says with pictures how far it is,
+# and keys come from xdotool meanwhile.
+with_keys() {
+    export -f host
+    export PRELOAD HOST patience font
+    # shellcheck disable=SC2016 # the inner shell's own
+    "$scripts/with-screen" bash -c 'echo "$DISPLAY" >display; host "$@"' - "$@" >said 2>&1 &
+    there display
+    DISPLAY=$(cat display)
+    export DISPLAY
+}
+
+test_burst_of_200_keys_without_a_pause() {
+    cat >steps <<'STEPS'
+wait page ready
+picture ready.png
+wait keyboard shown
+press down
+press right
+picture there.png
+wait title 200 letters.
+wait keyboard shown
+press back
+STEPS
+    with_keys "file://$pages/count.html"
+    there ready.png
+    xdotool key Return # on the page's button
+    there there.png
+    xdotool key --delay 0 --repeat-delay 0 --repeat 200 Return
+    ends_with 0
+}
+
+# What is held down from the page into the keyboard presses no key there.
+test_key_that_is_held_while_a_field_is_entered() {
+    cat >steps <<'STEPS'
+wait page ready
+picture ready.png
+wait keyboard shown
+picture shown.png
+wait page held
+wait keyboard shown
+STEPS
+    sed 's|</script>|setTimeout(() => say("held"), 2000);</script>|' "$pages/count.html" >held.html
+    cp "$pages"/tools.js "$pages"/style.css .
+    with_keys "file://$PWD/held.html"
+    there ready.png
+    xdotool keydown Return
+    ends_with 0
+    xdotool keyup Return || true
+}
