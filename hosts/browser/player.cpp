@@ -17,8 +17,10 @@ namespace
 {
 
 const unsigned kLookAgain = 20;     // milliseconds between two looks at an awaited state
-const int kPressMilliseconds = 110; // of a recording
-const int kLastMilliseconds = 2500;
+const int kPressMilliseconds = 120; // of a recording
+const int kOkMilliseconds = 300;
+const int kStateMilliseconds = 1000;
+const int kLastMilliseconds = 3000;
 const size_t kMostFound = 200; // bytes of a page's text in a message
 
 struct KeyMeaning {
@@ -217,8 +219,9 @@ void Player::play(std::vector<Press> presses)
     }
     bePatient();
     m_with.browser.press({RemoteKey::ForKeyboard, static_cast<int>(presses.back())});
+    const bool isOk = presses.back() == Press::Ok;
     presses.pop_back();
-    show(kPressMilliseconds, [this, presses] { play(presses); });
+    show(isOk ? kOkMilliseconds : kPressMilliseconds, [this, presses] { play(presses); });
 }
 
 // Goes on when what was pressed has arrived; with a recording when it can also be seen.
@@ -252,7 +255,7 @@ void Player::check()
         return;
     if (m_is_there()) {
         m_is_there = nullptr;
-        show(kPressMilliseconds, [this] { finishStep(); });
+        show(kStateMilliseconds, [this] { finishStep(); });
         return;
     }
     g_timeout_add(
