@@ -1,11 +1,6 @@
 #include "driver_run.h"
 
-#include <algorithm>
 #include <cstdlib>
-#include <fstream>
-#include <stdexcept>
-
-#include <json/json.h>
 
 #include "grid_layout.h"
 
@@ -24,18 +19,6 @@ std::string driverProgram()
     return other != nullptr && *other != '\0' ? other : VKB_TEST_DRIVER;
 }
 
-Json::Value shippedCatalogue()
-{
-    const std::string file = shippedFile("Language_Name.json");
-    std::ifstream stream(file);
-    Json::Value catalogue;
-    Json::CharReaderBuilder reader;
-    std::string errors;
-    if (!Json::parseFromStream(reader, stream, &catalogue, &errors))
-        throw std::runtime_error(file + ": " + errors);
-    return catalogue;
-}
-
 } // namespace
 
 void TestPlace::putGridLayouts(const std::vector<std::string>& names)
@@ -43,21 +26,6 @@ void TestPlace::putGridLayouts(const std::vector<std::string>& names)
     m_folder.writeCatalogue(grid_layout::catalogue(names));
     for (const std::string& name : names)
         m_folder.writeKeyMap(name, grid_layout::keyMap(name));
-}
-
-void TestPlace::putShippedLayouts(const std::string& first)
-{
-    std::vector<std::string> names = shippedLayoutNames();
-    std::rotate(names.begin(), std::find(names.begin(), names.end(), first), names.end());
-
-    Json::Value catalogue = shippedCatalogue();
-    catalogue["language"] = Json::Value(Json::arrayValue);
-    for (const std::string& name : names) {
-        catalogue["language"].append(name);
-        m_folder.linkFile(test_support::LayoutFolder::keyMapPath(name),
-                          shippedFile("Language_" + name + ".json"));
-    }
-    m_folder.writeCatalogue(catalogue.toStyledString());
 }
 
 void TestPlace::putFonts()
@@ -69,20 +37,6 @@ void TestPlace::putFonts()
 std::string testFont()
 {
     return VKB_TEST_FONT;
-}
-
-std::string shippedFile(const std::string& name)
-{
-    return std::string(VKB_TEST_LAYOUTS) + "/" + name;
-}
-
-std::vector<std::string> shippedLayoutNames()
-{
-    std::vector<std::string> names;
-    const Json::Value catalogue = shippedCatalogue();
-    for (const Json::Value& name : catalogue["language"])
-        names.push_back(name.asString());
-    return names;
 }
 
 Command driverCommandInRealTime(const TestPlace& place, const std::vector<std::string>& arguments)

@@ -16,8 +16,6 @@ public:
 
     // The test keyboard (grid_layout.h) with these layouts.
     void putGridLayouts(const std::vector<std::string>& names = {"One", "Two"});
-    // The layouts that are shipped, with this one first in the catalogue.
-    void putShippedLayouts(const std::string& first);
     // The fonts of both modes.
     void putFonts();
 
@@ -27,12 +25,6 @@ private:
 
 // The font that stands in for the television's.
 std::string testFont();
-
-// In the order of the shipped catalogue.
-std::vector<std::string> shippedLayoutNames();
-
-// The path of a shipped file.
-std::string shippedFile(const std::string& name);
 
 // The test driver with these arguments in this place, on a display without a screen: pauses take
 // no time and stand among the log lines, and the clock stands still but for them.

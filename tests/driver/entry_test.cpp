@@ -51,44 +51,46 @@ std::string head(int count, int line, const std::string& mode)
 
 } // namespace
 
-TEST(Entry, NoArgumentsPrintsGeneralUsageWithoutTouchingTheDisplay)
+struct Refused {
+    const char* name;
+    Lines words;
+    std::string printed;
+};
+
+const Refused kRefused[] = {
+    {"NoArguments", {}, mainLine(56, "argc:1") + "\n" + generalUsage()},
+    {"FiveArguments", {"kb", "left", "3", "4"}, mainLine(56, "argc:5") + "\n" + generalUsage()},
+    {"SevenArguments",
+     {"kb", "left", "3", "4", "5", "6"},
+     mainLine(56, "argc:7") + "\n" + generalUsage()},
+    {"DirectFBOptionsCount",
+     {"kb", "left", "3", "--dfb:no-cursor"},
+     mainLine(56, "argc:5") + "\n" + generalUsage()},
+    {"LoneKb", {"kb"}, head(2, 61, "kb") + kbUsage("main_test.cpp", 34, "printusage_kb")},
+    {"LoneKbui", {"kbui"}, head(2, 61, "kbui") + uiUsage()},
+};
+
+void PrintTo(const Refused& refused, std::ostream* stream)
 {
-    const Result result = runDriver({});
-    EXPECT_EQ(result.out, mainLine(56, "argc:1") + "\n" + generalUsage());
+    *stream << refused.name;
+}
+
+class EntryUsage : public testing::TestWithParam<Refused>
+{
+};
+
+TEST_P(EntryUsage, IsPrintedWithoutTouchingTheDisplay)
+{
+    const Result result = runDriver(GetParam().words);
+    EXPECT_EQ(result.out, GetParam().printed);
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(result.exit_status, kExitOfMinusOne);
 }
 
-TEST(Entry, FiveArgumentsPrintGeneralUsage)
-{
-    const Result result = runDriver({"kb", "left", "3", "4"});
-    EXPECT_EQ(result.out, mainLine(56, "argc:5") + "\n" + generalUsage());
-    EXPECT_EQ(result.err, "");
-    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
-}
-
-TEST(Entry, MoreThanFiveArgumentsPrintGeneralUsage)
-{
-    const Result result = runDriver({"kb", "left", "3", "4", "5", "6"});
-    EXPECT_EQ(result.out, mainLine(56, "argc:7") + "\n" + generalUsage());
-    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
-}
-
-TEST(Entry, LoneKbPrintsKbUsage)
-{
-    const Result result = runDriver({"kb"});
-    EXPECT_EQ(result.out, head(2, 61, "kb") + kbUsage("main_test.cpp", 34, "printusage_kb"));
-    EXPECT_EQ(result.err, "");
-    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
-}
-
-TEST(Entry, LoneKbuiPrintsRendererUsage)
-{
-    const Result result = runDriver({"kbui"});
-    EXPECT_EQ(result.out, head(2, 61, "kbui") + uiUsage());
-    EXPECT_EQ(result.err, "");
-    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
-}
+INSTANTIATE_TEST_SUITE_P(Arguments, EntryUsage, testing::ValuesIn(kRefused),
+                         [](const testing::TestParamInfo<Refused>& refused) {
+                             return refused.param.name;
+                         });
 
 TEST(Entry, UsageExitsWithTheLogSwitchedOff)
 {
@@ -112,42 +114,13 @@ TEST(Entry, LoneUnknownModeOpensTheDisplayAndRunsNoTest)
     EXPECT_EQ(result.exit_status, 0);
 }
 
-TEST(Entry, UnknownModeWithCommandRunsNoTest)
+TEST(Entry, UnknownModeRunsNoTest)
 {
-    const Result result = runDriver({"xyz", "show"});
-    EXPECT_EQ(result.out, head(3, 73, "xyz"));
-    EXPECT_EQ(result.exit_status, 0);
-}
-
-TEST(Entry, UnknownModeWithCommandAndParameterRunsNoTest)
-{
+    for (const std::string mode : {"KB", "Kbui", "kbu", "kb ", ""})
+        EXPECT_EQ(runDriver({mode}).out, head(2, 61, mode));
+    EXPECT_EQ(runDriver({"xyz", "show"}).out, head(3, 73, "xyz"));
     const Result result = runDriver({"xyz", "left", "3"});
     EXPECT_EQ(result.out, head(4, 79, "xyz"));
-    EXPECT_EQ(result.exit_status, 0);
-}
-
-TEST(Entry, ModesAreCaseSensitiveAndMatchedWhole)
-{
-    for (const std::string mode : {"KB", "Kbui", "kbu", "kb ", ""}) {
-        const Result result = runDriver({mode});
-        EXPECT_EQ(result.out, head(2, 61, mode));
-        EXPECT_EQ(result.exit_status, 0);
-    }
-}
-
-TEST(Entry, ThreeArgumentsLogTheModeAtTheirOwnLine)
-{
-    const Result result = runDriver({"kbui", "unknown"});
-    EXPECT_THAT(reduce(result.out), ElementsAre(mainLine(56, "argc:3"), mainLine(73, "mod:kbui"),
-                                                kbUiLine("kb_ui_test", "cmd:unknown,param:")));
-    EXPECT_EQ(result.exit_status, 0);
-}
-
-TEST(Entry, FourArgumentsLogTheModeAtTheirOwnLine)
-{
-    const Result result = runDriver({"kbui", "unknown", "x y"});
-    EXPECT_THAT(reduce(result.out), ElementsAre(mainLine(56, "argc:4"), mainLine(79, "mod:kbui"),
-                                                kbUiLine("kb_ui_test", "cmd:unknown,param:x y")));
     EXPECT_EQ(result.exit_status, 0);
 }
 
@@ -189,13 +162,6 @@ TEST(Entry, DirectFBOptionsCountAsArguments)
                 testing::Contains(kbLine(307, "kb_test", "cmd:--dfb:no-cursor,param:")));
     EXPECT_THAT(result.out, HasSubstr("dfb DirectFBInit 3\ndfb DirectFBInit left 2\n"));
     EXPECT_EQ(result.exit_status, 0);
-}
-
-TEST(Entry, DirectFBOptionsCanMakeTooManyArguments)
-{
-    const Result result = runDriver({"kb", "left", "3", "--dfb:no-cursor"});
-    EXPECT_EQ(result.out, mainLine(56, "argc:5") + "\n" + generalUsage());
-    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
 }
 
 struct DisplayCall {

@@ -1,0 +1,439 @@
+// The kbui mode from outside. Each command: its log lines, what it asks of the renderer and its
+// pauses, in order, and the figure of its time line (see kb_mode_test.cpp). Then the interactive
+// loop.
+
+#include <csignal>
+
+#include <gmock/gmock.h>
+
+#include "driver_run.h"
+#include "transcript.h"
+
+using namespace transcript;
+using test_process::Process;
+using test_process::Result;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace
+{
+
+// x, y, width, height and text of each test key.
+const std::vector<std::string> kKeys = {
+    "0/0-40/40-a",
+    "50/0-40/40-b",
+    "100/0-40/40-c",
+    "150/0-40/40-d",
+    "200/0-40/40-e",
+    "250/0-40/40-f",
+    "0/50-40/40-g",
+    "50/50-40/40-h",
+    "100/50-40/40-i",
+    "150/50-40/40-j",
+    "200/50-40/40-k",
+    "250/50-40/40-l",
+    "0/100-40/40-m",
+    "50/100-80/40-n",
+    "140/100-150/40-space",
+    "0/150-90/40-Shift",
+    "100/150-90/40-.com",
+    "200/150-90/40-Enter",
+    "0/200-90/40-\xE4\xBD\xA0\xE5\xA5\xBD",
+};
+const int kTestKeys = 19;
+const size_t kPressedKey = 3;
+const size_t kLockedKey = 15;
+
+// How much of the renderer's work shows: its repainting has the level 5000.
+enum Detail { kOff, kOn };
+
+Lines paintedKey(size_t key)
+{
+    return {"ui drawElement [" + kKeys[key] + "] "};
+}
+
+// A repaint of all keys, and of these locked ones after them.
+Lines draw(Detail detail, const std::vector<size_t>& locked = {})
+{
+    if (detail == kOff)
+        return {"ui clear called "};
+    Lines lines = {"ui draw called", "ui clear called "};
+    for (size_t key = 0; key < kKeys.size(); ++key)
+        lines = lines + paintedKey(key);
+    for (const size_t key : locked)
+        lines = lines + paintedKey(key);
+    return lines + Lines{"ui draw done"};
+}
+
+Lines show(Detail detail) // hidden before
+{
+    return Lines{"ui show called "} + draw(detail);
+}
+
+const Lines kHide = {"ui hide called", "ui clear called "}; // shown before
+const Lines kHideHidden = {"ui hide called"};
+
+Lines setFocus(Detail detail, const std::vector<size_t>& locked = {})
+{
+    return Lines{"ui setfocus called "} + draw(detail, locked);
+}
+
+const Lines kLock = Lines{"ui setLocked called "} + draw(kOn, {kLockedKey});
+
+Lines focusPass(Detail detail, const std::vector<size_t>& locked = {})
+{
+    return kTestKeys * (setFocus(detail, locked) + Lines{"usleep 200000"});
+}
+
+Lines showHide(Detail detail)
+{
+    return show(detail) + Lines{"usleep 100000"} + kHide;
+}
+
+// The lines of a run before its command: arguments, start of the renderer.
+Lines start(const std::string& command, const std::string& parameter, int arguments = 4)
+{
+    return {mainLine(56, "argc:" + std::to_string(arguments)),
+            mainLine(arguments == 4 ? 79 : 73, "mod:kbui"),
+            kbUiLine("kb_ui_test", "cmd:" + command + ",param:" + parameter),
+            "ui KeyBoardUI called (800/600)",
+            "ui clear called ",
+            "ui setLayoutData called lines;19",
+            "ui setLayoutData font-height:37"};
+}
+
+// A command between two readings of the clock, with its time line.
+Lines timed(const Lines& steps, const std::string& label, int milliseconds)
+{
+    return Lines{"clock"} + steps +
+           Lines{"clock", kbUiLine("handle_tests", "=======>" + label + " using:" +
+                                                       std::to_string(milliseconds) + " ms")};
+}
+
+Lines called(const std::string& function, const Lines& steps, const std::string& label)
+{
+    return timed(Lines{kbUiLine(function, "called")} + steps, label, 1000);
+}
+
+Lines counted(const std::string& function, int count, const Lines& steps, const std::string& label,
+              int milliseconds)
+{
+    return timed(Lines{kbUiLine(function, "param:" + std::to_string(count))} + steps, label,
+                 milliseconds);
+}
+
+Lines loopDraw(int count, const Lines& steps)
+{
+    return counted("kb_ui_test_loop_draw", count, steps, "test loop-draw", 1000);
+}
+
+Lines loopShowHide(int count, const Lines& steps, int milliseconds)
+{
+    return counted("kb_ui_test_loop_showhide", count, steps, "test loop showhidew", milliseconds);
+}
+
+Lines announced(const std::string& announcement, const Lines& timed_steps)
+{
+    return Lines{kbUiLine("handle_tests", "=======>" + announcement + " ")} + timed_steps;
+}
+
+Lines loopFocus(const std::string& parameter, int count, const Lines& passes, int milliseconds)
+{
+    const std::string function = "kb_ui_test_loop_focus";
+    return announced("test loop_focus",
+                     timed(Lines{kbUiLine(function, "param:" + parameter),
+                                 kbUiLine(function, "param:" + std::to_string(count))} +
+                               passes,
+                           "test loop_focus", milliseconds));
+}
+
+const Lines kLockCommand = announced("lock press", timed(kLock, "lock press", 1000));
+
+test_process::Command uiCommand(TestPlace& place, Detail detail, const Lines& arguments)
+{
+    place.putFonts();
+    test_process::Command command = driverCommand(place, Lines{"kbui"} + arguments);
+    if (detail == kOn)
+        command.environment["CSP_DEBUG_LEVEL"] = "5000";
+    return command;
+}
+
+Result runUi(Detail detail, const Lines& arguments, const std::string& input = "")
+{
+    TestPlace place;
+    return test_process::run(uiCommand(place, detail, arguments), input);
+}
+
+void expectDone(const Result& result, const Lines& expected)
+{
+    EXPECT_EQ(text(reduceWithRenderer(result.out)), text(expected));
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.exit_status, 0);
+}
+
+void expectAbort(const Result& result, const Lines& expected, const std::string& error)
+{
+    EXPECT_EQ(text(reduceWithRenderer(result.out)), text(expected));
+    EXPECT_EQ(result.signal, SIGABRT);
+    EXPECT_THAT(result.err, HasSubstr(error));
+}
+
+struct Script {
+    const char* name;
+    Detail detail;
+    const char* command;
+    const char* parameter;
+    Lines steps;
+};
+
+const Script kScripts[] = {
+    {"Draw", kOn, "draw", "", called("kb_ui_test_draw", draw(kOn), "test_draw")},
+    // Nothing is painted yet, so there is nothing to hide.
+    {"Hide", kOn, "hide", "", called("kb_ui_test_hide", kHideHidden, "test hide")},
+    {"Show", kOn, "show", "", called("kb_ui_test_show", show(kOn), "test show")},
+    {"LoopShowHide", kOn, "loop-showhide", "3", loopShowHide(3, 3 * showHide(kOn), 300)},
+    {"LoopDraw", kOn, "loop-draw", "2", loopDraw(2, 2 * draw(kOn))},
+    {"LoopFocus", kOn, "loop-focus", "1", loopFocus("1", 1, focusPass(kOn), 3800)},
+    {"Press", kOn, "press", "",
+     announced("test press", timed(setFocus(kOn) + paintedKey(kPressedKey) + Lines{"sleep 1"} +
+                                       paintedKey(kPressedKey) + setFocus(kOn),
+                                   "test press", 2000))},
+    {"Lock", kOn, "lock", "", kLockCommand},
+    // Counts.
+    {"LoopDrawWithZeroDrawsNothing", kOn, "loop-draw", "0", loopDraw(0, {})},
+    {"LoopShowHideWithANegativeCountDrawsNothing", kOn, "loop-showhide", "-3",
+     loopShowHide(-3, {}, 1000)},
+    {"LoopDrawHasNoUpperBound", kOff, "loop-draw", "60", loopDraw(60, 60 * draw(kOff))},
+    {"EmptyParameterMeansFive", kOff, "loop-draw", "", loopDraw(5, 5 * draw(kOff))},
+    {"EmptyParameterMeansFivePasses", kOff, "loop-focus", "",
+     loopFocus("", 5, 5 * focusPass(kOff), 20000)},
+    {"LoopFocusAboveFiftyRunsFiftyPasses", kOff, "loop-focus", "80",
+     loopFocus("80", 80, 50 * focusPass(kOff), 191000)},
+    {"LoopFocusBelowZeroRunsFiftyPasses", kOff, "loop-focus", "-1",
+     loopFocus("-1", -1, 50 * focusPass(kOff), 191000)},
+    {"LoopFocusWithZeroRunsNoPass", kOn, "loop-focus", "0", loopFocus("0", 0, {}, 1000)},
+    {"TextBehindTheNumberIsIgnored", kOff, "loop-focus", " 2 passes",
+     loopFocus(" 2 passes", 2, 2 * focusPass(kOff), 7600)},
+};
+
+void PrintTo(const Script& script, std::ostream* stream)
+{
+    *stream << script.command << " " << script.parameter;
+}
+
+class KbUiCommand : public testing::TestWithParam<Script>
+{
+};
+
+TEST_P(KbUiCommand, AsksTheRendererAndTellsItsTime)
+{
+    const Script& script = GetParam();
+    expectDone(runUi(script.detail, {script.command, script.parameter}),
+               start(script.command, script.parameter) + script.steps);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scripts, KbUiCommand, testing::ValuesIn(kScripts),
+                         [](const testing::TestParamInfo<Script>& script) {
+                             return script.param.name;
+                         });
+
+TEST(KbUi, CommandWithThreeArgumentsHasAnEmptyParameter)
+{
+    expectDone(runUi(kOff, {"loop-showhide"}),
+               start("loop-showhide", "", 3) + loopShowHide(5, 5 * showHide(kOff), 500));
+}
+
+TEST(KbUi, UnknownCommandDoesNothing)
+{
+    for (const std::string command : {"", "Draw", "draw ", "left", "quit"})
+        expectDone(runUi(kOn, {command, "3"}), start(command, "3"));
+}
+
+TEST(KbUi, CountThatIsNoIntEndsTheProcess)
+{
+    for (const std::string parameter : {"abc", "   ", "-"})
+        expectAbort(runUi(kOff, {"loop-draw", parameter}),
+                    start("loop-draw", parameter) + Lines{"clock"}, "invalid_argument");
+    expectAbort(runUi(kOff, {"loop-focus", "2147483648"}),
+                start("loop-focus", "2147483648") +
+                    announced("test loop_focus",
+                              {"clock", kbUiLine("kb_ui_test_loop_focus", "param:2147483648")}),
+                "out_of_range");
+}
+
+TEST(KbUi, LogSwitchedOffTakesNoSecondClockReading)
+{
+    TestPlace place;
+    test_process::Command command = uiCommand(place, kOff, {"press"});
+    command.environment["CSP_DEBUG_LEVEL"] = "0";
+    const Result result = test_process::run(command);
+    EXPECT_EQ(result.out, "clock\nsleep 1\n");
+    EXPECT_EQ(result.exit_status, 0);
+}
+
+TEST(KbUi, LooksAtNoLayoutFile)
+{
+    const Result result = runUi(kOff, {"show"});
+    EXPECT_THAT(result.out, Not(HasSubstr("Language_Parser.cpp")));
+    EXPECT_THAT(result.out, Not(HasSubstr("keyboard_core.cpp")));
+}
+
+TEST(KbUiWithoutAFont, PaintsNothing)
+{
+    TestPlace place;
+    for (const std::string command : {"draw", "show"}) {
+        test_process::Command run = driverCommand(place, {"kbui", command});
+        run.environment["CSP_DEBUG_LEVEL"] = "5000";
+        const Result result = test_process::run(run);
+        EXPECT_THAT(result.out, HasSubstr("setLayoutData(): font file is not exist !!!\n"));
+        EXPECT_THAT(result.out, HasSubstr("draw(): called\n"));
+        EXPECT_THAT(result.out, Not(HasSubstr("drawElement")));
+        EXPECT_THAT(result.out, Not(HasSubstr("draw(): done")));
+        EXPECT_THAT(result.out, HasSubstr(" using:1000 ms\n"));
+        EXPECT_EQ(result.exit_status, 0);
+    }
+}
+
+TEST(KbUiWithoutAFont, LocksAndFocuses)
+{
+    TestPlace place;
+    for (const std::string command : {"lock", "loop-focus"}) {
+        const Result result = test_process::run(driverCommand(place, {"kbui", command, "1"}));
+        EXPECT_THAT(result.out, HasSubstr("handle_tests(): =======>"));
+        EXPECT_THAT(result.out, HasSubstr(" ms\n"));
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.exit_status, 0);
+    }
+}
+
+TEST(KbUiWithoutAFont, PressEndsTheProcessThroughItsText)
+{
+    TestPlace place;
+    const Result result = test_process::run(driverCommand(place, {"kbui", "press"}));
+    const std::string call =
+        "m_surface->DrawString(m_surface,key.text.c_str(),-1,Xcenter,Ycenter,DSTF_TOPCENTER)";
+    EXPECT_EQ(result.err.find("directfb do: '" + call + "' failed!\n"), 0u) << result.err;
+    EXPECT_THAT(result.err, HasSubstr("[" + call + "]"));
+    EXPECT_THAT(result.out, Not(HasSubstr("test press using")));
+    EXPECT_EQ(result.signal, 0);
+    EXPECT_NE(result.exit_status, 0);
+}
+
+const std::string kUsage = kbUiLine(
+    "kb_ui_test", "usage:\t =>cmd:[show|hide|draw | loop-showhide |loop-draw | loop-focus ] ");
+const std::string kPrompt = kbUiLine("get_inputs", "=>pls input cmd  [parames]");
+const Lines kLoopStart = start("more", "", 3) + Lines{kUsage};
+
+// The pass that ends the loop: prompt and echo.
+Lines lastPass(const std::string& command, const std::string& parameter)
+{
+    return {kPrompt, kbUiLine("kb_ui_test", "=>cmd:[" + command + "] [" + parameter + "] ")};
+}
+
+const Lines kQuit = lastPass("quit", "null");
+
+// Any other one: also what the line did, and the usage.
+Lines pass(const std::string& command, const std::string& parameter, const Lines& done = {})
+{
+    return lastPass(command, parameter) + done + Lines{kUsage};
+}
+
+struct Session {
+    const char* name;
+    Detail detail;
+    const char* input;
+    Lines passes;
+};
+
+const Session kSessions[] = {
+    {"QuitAloneEndsIt", kOff, "quit\n", kQuit},
+    {"CommandThatContainsQuitEndsIt", kOff, "xquity 3\n", lastPass("xquity", "3")},
+    {"QuitWithABlankEndsIt", kOff, "quit \n", lastPass("quit", " ")},
+    {"QuitInTheParameterDoesNotEndIt", kOff, "unknown quit\n quit\nQUIT\nquit\n",
+     pass("unknown", "quit") + pass("", "quit") + pass("QUIT", "null") + kQuit},
+    {"ShowTwicePaintsOnce", kOn, "show\nshow\nquit\n",
+     pass("show", "null", called("kb_ui_test_show", show(kOn), "test show")) +
+         pass("show", "null", called("kb_ui_test_show", {"ui show called "}, "test show")) + kQuit},
+    {"HideAfterDrawClearsTheWindowOnce", kOn, "draw\nhide\nhide\nquit\n",
+     pass("draw", "null", called("kb_ui_test_draw", draw(kOn), "test_draw")) +
+         pass("hide", "null", called("kb_ui_test_hide", kHide, "test hide")) +
+         pass("hide", "null", called("kb_ui_test_hide", kHideHidden, "test hide")) + kQuit},
+    {"LockedKeyStaysSunkenInEveryStepOfLoopFocus", kOn, "lock\nloop-focus 1\nquit\n",
+     pass("lock", "null", kLockCommand) +
+         pass("loop-focus", "1", loopFocus("1", 1, focusPass(kOn, {kLockedKey}), 3800)) + kQuit},
+    {"SeveralBlanksBeforeTheParameterAreSkipped", kOff, "loop-draw    7\nquit\n",
+     pass("loop-draw", "7", loopDraw(7, 7 * draw(kOff))) + kQuit},
+    {"InnerAndTrailingBlanksOfTheParameterAreKept", kOff, "unknown  a  b  \nunknown   \nquit\n",
+     pass("unknown", "a  b  ") + pass("unknown", "   ") + kQuit},
+    {"ParameterOfOnePassIsForgottenInTheNext", kOff, "loop-draw 2\nloop-draw\nquit\n",
+     pass("loop-draw", "2", loopDraw(2, 2 * draw(kOff))) +
+         pass("loop-draw", "null", loopDraw(5, 5 * draw(kOff))) + kQuit},
+    {"UnknownCommandIsEchoedAndIgnored", kOff, "left 3\nmore\nquit\n",
+     pass("left", "3") + pass("more", "null") + kQuit},
+    {"EmptyLineIsEchoedAndRunsNothing", kOff, "\n draw\nquit\n",
+     pass("", "null") + pass("", "draw") + kQuit},
+};
+
+void PrintTo(const Session& session, std::ostream* stream)
+{
+    *stream << session.input;
+}
+
+class KbUiLoop : public testing::TestWithParam<Session>
+{
+};
+
+TEST_P(KbUiLoop, AnswersEachLine)
+{
+    const Session& session = GetParam();
+    expectDone(runUi(session.detail, {"more"}, session.input), kLoopStart + session.passes);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sessions, KbUiLoop, testing::ValuesIn(kSessions),
+                         [](const testing::TestParamInfo<Session>& session) {
+                             return session.param.name;
+                         });
+
+TEST(KbUiLoopEnd, UsageIsFollowedByAnEmptyLine)
+{
+    const Result result = runUi(kOff, {"more"}, "unknown\nquit\n");
+    EXPECT_EQ(test_process::countOf("kb_ui_test(): usage:\t =>cmd:[show|hide|draw | "
+                                    "loop-showhide |loop-draw | loop-focus ] \n\n[B-LOG]",
+                                    result.out),
+              2);
+}
+
+// A count of nothing but blanks is a parameter, and no number.
+TEST(KbUiLoopEnd, BlankCountEndsTheProcess)
+{
+    expectAbort(runUi(kOff, {"more"}, "loop-draw  \nquit\n"),
+                kLoopStart + lastPass("loop-draw", "  ") + Lines{"clock"}, "invalid_argument");
+}
+
+TEST(KbUiLoopEnd, ParameterOfTheCommandLineIsIgnored)
+{
+    expectDone(runUi(kOff, {"more", "2"}, "loop-draw\nquit\n"),
+               start("more", "2") + Lines{kUsage} +
+                   pass("loop-draw", "null", loopDraw(5, 5 * draw(kOff))) + kQuit);
+}
+
+TEST(KbUiLoopEnd, EndOfInputKeepsPrompting)
+{
+    TestPlace place;
+    Process driver(uiCommand(place, kOff, {"more"}));
+    ASSERT_TRUE(driver.write("hide"));
+    driver.closeInput();
+    ASSERT_TRUE(driver.waitForOutput("get_inputs(): =>pls input cmd  [parames]\n", 50));
+    driver.kill(SIGKILL);
+    EXPECT_EQ(driver.signal(), SIGKILL) << "it had not ended by itself";
+
+    const Lines expected =
+        kLoopStart + pass("hide", "null", called("kb_ui_test_hide", kHideHidden, "test hide")) +
+        48 * pass("", "null");
+    Lines lines = reduceWithRenderer(driver.out());
+    ASSERT_GE(lines.size(), expected.size());
+    lines.resize(expected.size());
+    EXPECT_EQ(text(lines), text(expected));
+}
+
+} // namespace
