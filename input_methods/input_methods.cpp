@@ -104,6 +104,12 @@ const LayoutEngine* InputMethods::entryOf(const std::string& layout) const
     return nullptr;
 }
 
+bool InputMethods::offersCandidates(const std::string& layout) const
+{
+    const LayoutEngine* entry = entryOf(layout);
+    return entry != nullptr && entry->learns == "yes";
+}
+
 void InputMethods::report(const std::string& line) const
 {
     if (m_settings.report)

@@ -51,6 +51,9 @@ public:
     /// keys then type what they show.
     InputMethod* find(const std::string& layout, Field field);
 
+    /// Whether the layout's input method offers candidates, as all that learn do.
+    bool offersCandidates(const std::string& layout) const;
+
     const std::vector<LayoutEngine>& table() const { return m_table; }
 
     /// Why the layout's engine cannot be had; empty when it can. Loads it.

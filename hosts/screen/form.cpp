@@ -6,9 +6,11 @@
 namespace host
 {
 
-Form::Form(const Screen& screen, const std::string& font) : m_page(screen, font), m_keyboard(screen)
+Form::Form(const Screen& screen, const KeyboardModel& model, const std::string& font)
+    : m_page(screen, font), m_composer(screen, font, inputSettings("screen_host")),
+      m_keyboard(screen, &model, &m_composer)
 {
-    m_page.draw(m_line, false);
+    m_page.draw(m_line, false, "");
 }
 
 bool Form::hasKeyboard()
@@ -27,7 +29,7 @@ Form::Progress Form::press(const RemoteKey& key)
         return Progress::Left;
     if (key.keyCode == velmora::browser::vkb::RemoteOk) {
         m_keyboard.show();
-        m_page.draw(m_line, true);
+        m_page.draw(m_line, true, "");
     }
     return Progress::Goes;
 }
@@ -47,16 +49,15 @@ void Form::end(Progress progress)
 Form::Progress Form::whileTyping(const RemoteKey& key)
 {
     KeyboardHost::Answer answer;
-    if (key.meaning == RemoteKey::Back)
-        m_keyboard.hide();
+    const std::string composed = m_keyboard.preedit();
+    if (key.meaning == RemoteKey::Back && !m_keyboard.leaveCandidates())
+        answer = m_keyboard.hide();
     if (key.meaning == RemoteKey::ForKeyboard)
         answer = m_keyboard.press(key.keyCode);
-    if (answer.hasEdit)
-        applyEdit(answer.edit, m_line);
-    if (answer.hasEdit || !m_keyboard.isShown())
-        m_page.draw(m_line, m_keyboard.isShown());
-    return answer.hasEdit && answer.edit.action == KeyAction::Submit ? Progress::Submitted
-                                                                     : Progress::Goes;
+    applyAnswer(answer, m_line);
+    if (answer.changesField() || composed != m_keyboard.preedit() || !m_keyboard.isShown())
+        m_page.draw(m_line, m_keyboard.isShown(), m_keyboard.preedit());
+    return answer.submits() ? Progress::Submitted : Progress::Goes;
 }
 
 } // namespace host

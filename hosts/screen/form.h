@@ -18,8 +18,8 @@ class Form
 public:
     enum class Progress { Goes, Submitted, Left };
 
-    // screen is lent.
-    Form(const Screen& screen, const std::string& font);
+    // All lent.
+    Form(const Screen& screen, const KeyboardModel& model, const std::string& font);
 
     // False when there are no layouts.
     bool hasKeyboard();
@@ -37,6 +37,7 @@ private:
     Progress whileTyping(const RemoteKey& key);
 
     Page m_page;
+    Composer m_composer;
     KeyboardHost m_keyboard;
     TextLine m_line;
 };

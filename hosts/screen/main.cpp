@@ -78,7 +78,7 @@ int run(const Options& options)
     }
 
     const Screen screen(kScreenOptions);
-    Form form(screen, font);
+    Form form(screen, model, font);
     if (!form.hasKeyboard())
         return fail(noLayoutsMessage());
     const Form::Progress progress = options.type.empty()

@@ -11,11 +11,11 @@ namespace
 {
 
 const int kLeft = velmora::browser::vkb::kWindowX + 6; // where the keyboard's first key begins
-const int kHeadingTop = 260;
-const int kWordsTop = 370;
+const int kHeadingTop = 200;
+const int kWordsTop = 310;
 const int kHeadingSize = 72;
 const int kWordsSize = 32;
-const int kFieldTop = 460;
+const int kFieldTop = 400;    // so that candidates have room between it and the keyboard
 const int kFieldWidth = 1302; // as wide as the keyboard
 const int kRemoteLeft = 330;
 const int kRemoteTop = 590;
@@ -56,13 +56,13 @@ Page::Page(const Screen& screen, const std::string& font)
     m_remote.draw(m_remote_surface, {RemoteKey::Other, 0});
 }
 
-void Page::draw(const TextLine& line, bool entered)
+void Page::draw(const TextLine& line, bool entered, const std::string& composed)
 {
     drawWords("Who is watching?", entered ? "Arrows move, OK presses, Back hides the keyboard"
                                           : "OK enters the field, Back leaves the page");
     m_field_surface->Clear(m_field_surface, kPageColor.red, kPageColor.green, kPageColor.blue,
                            0xFF);
-    m_field.draw(m_field_surface, line, 0, entered);
+    m_field.draw(m_field_surface, line, 0, entered, composed);
     m_surface->Flip(m_surface, nullptr, DSFLIP_WAITFORSYNC);
 }
 

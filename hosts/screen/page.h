@@ -21,7 +21,8 @@ public:
     Page(const Screen& screen, const std::string& font);
 
     // entered: keys go to the field.
-    void draw(const TextLine& line, bool entered);
+    // composed: what is being typed at the caret and not yet part of the line.
+    void draw(const TextLine& line, bool entered, const std::string& composed);
 
     void greet(const std::string& name);
 

@@ -46,7 +46,8 @@ int TextField::widthOf(const std::string& text) const
     return width;
 }
 
-void TextField::draw(IDirectFBSurface* surface, const TextLine& line, int y, bool entered) const
+void TextField::draw(IDirectFBSurface* surface, const TextLine& line, int y, bool entered,
+                     const std::string& composed) const
 {
     int width = 0;
     surface->GetSize(surface, &width, nullptr);
@@ -58,13 +59,17 @@ void TextField::draw(IDirectFBSurface* surface, const TextLine& line, int y, boo
     fill(surface, border, entered ? 0xF0 : 0x60);
     fill(surface, box, 0x28);
 
+    TextLine shown = line;
+    shown.insert(composed);
     const int room = box.w - 2 * kInset - kCaretWidth;
-    const int caret = widthOf(line.beforeCaret());
+    const int caret = widthOf(shown.beforeCaret());
     const int left = box.x + kInset - std::max(0, caret - room);
     const DFBRegion clip = {box.x + kInset, box.y, box.x + box.w - kInset, box.y + box.h - 1};
     surface->SetClip(surface, &clip);
     surface->SetColor(surface, 0xFF, 0xFF, 0xFF, 0xFF);
-    write(surface, m_large, line.text(), left, box.y + kInset / 2);
+    write(surface, m_large, shown.text(), left, box.y + kInset / 2);
+    const int composedWidth = composed.empty() ? 0 : widthOf(composed);
+    fill(surface, {left + caret - composedWidth, box.y + box.h - kInset, composedWidth, 2}, 0xFF);
     if (entered)
         fill(surface, {left + caret, box.y + kInset / 2, kCaretWidth, box.h - kInset}, 0xFF);
     surface->SetClip(surface, nullptr);

@@ -22,8 +22,9 @@ public:
     TextField(IDirectFB* dfb, const std::string& font, const std::string& label);
 
     // Draws over the surface's whole width, kHeight pixels from y on; the background shows
-    // around the box. Does not flip.
-    void draw(IDirectFBSurface* surface, const TextLine& line, int y, bool entered) const;
+    // around the box. What is being composed is underlined before the caret. Does not flip.
+    void draw(IDirectFBSurface* surface, const TextLine& line, int y, bool entered,
+              const std::string& composed = "") const;
 
 private:
     int widthOf(const std::string& text) const;

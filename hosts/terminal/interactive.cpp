@@ -62,6 +62,8 @@ std::optional<Outcome> pressed(Input::Kind kind, KeyboardHost& keyboard, Session
     const bool isShown = keyboard.isShown();
     if (kind == Input::Escape && !isShown)
         return Outcome::GivenUp;
+    if (kind == Input::Escape && keyboard.leaveCandidates())
+        return std::nullopt;
     if (kind == Input::Escape) {
         session.hideKeyboard();
     } else if (isShown) {

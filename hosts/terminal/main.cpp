@@ -148,7 +148,8 @@ int run(const Options& options)
     if (!options.record.empty())
         recorder = makeRecorder(options.record);
     const Screen screen(kScreenOptions);
-    KeyboardHost keyboard(screen, &model);
+    Composer composer(screen, font, inputSettings("terminal_host"));
+    KeyboardHost keyboard(screen, &model, &composer);
     if (!keyboard.show())
         return fail(noLayoutsMessage());
     std::unique_ptr<TerminalView> view;

@@ -40,11 +40,30 @@ Session::Session(const Screen& screen, KeyboardHost& keyboard, const KeyboardMod
 Session::Progress Session::press(Press press, int milliseconds)
 {
     const KeyboardHost::Answer answer = m_keyboard.press(press);
-    if (answer.hasEdit)
-        applyEdit(answer.edit, m_line);
+    applyAnswer(answer, m_line);
     record(milliseconds);
-    const bool submitted = answer.hasEdit && answer.edit.action == KeyAction::Submit;
-    return submitted ? Progress::Submitted : Progress::Goes;
+    return answer.submits() ? Progress::Submitted : Progress::Goes;
+}
+
+// A digit chooses, as the remote control's does; other characters come behind the word.
+void Session::type(const std::string& character)
+{
+    const bool isDigit = character.size() == 1 && character[0] >= '1' && character[0] <= '9';
+    if (isDigit && m_keyboard.candidatesHeight() > 0)
+        return applyAnswer(m_keyboard.press(character[0]), m_line);
+    applyAnswer(m_keyboard.finishWord(), m_line);
+    m_line.insert(character);
+}
+
+void Session::eraseBefore()
+{
+    applyAnswer(m_keyboard.finishWord(), m_line);
+    m_line.eraseBefore();
+}
+
+void Session::hideKeyboard()
+{
+    applyAnswer(m_keyboard.hide(), m_line);
 }
 
 void Session::draw()
@@ -52,10 +71,13 @@ void Session::draw()
     if (m_view == nullptr)
         return;
     Picture picture;
-    Scene scene = {&m_line, status(), kHiddenHint, nullptr, {}};
+    TextLine shown = m_line;
+    shown.insert(m_keyboard.preedit());
+    Scene scene = {&shown, status(), kHiddenHint, nullptr, {}};
     if (m_keyboard.isShown()) {
         picture = m_keyboard.picture();
-        scene.hint = kShownHint;
+        const std::string candidates = m_keyboard.candidates();
+        scene.hint = candidates.empty() ? kShownHint : candidates;
         scene.keyboard = &picture;
         scene.labels = labels();
     }
@@ -67,9 +89,11 @@ void Session::record(int milliseconds)
     if (m_recorder == nullptr)
         return;
     const Picture keyboard = m_keyboard.picture();
-    IDirectFBSurface* page = m_screen.createSurface(keyboard.width, TextField::kHeight);
+    // All pictures are as high as the highest.
+    const int above = m_keyboard.candidatesRoom() - m_keyboard.candidatesHeight();
+    IDirectFBSurface* page = m_screen.createSurface(keyboard.width, TextField::kHeight + above);
     page->Clear(page, 0, 0, 0, 0xFF);
-    m_field.draw(page, m_line, 0, true);
+    m_field.draw(page, m_line, above, true, m_keyboard.preedit());
     const Picture field = pictureOf(page);
     page->Release(page);
     m_recorder->add(below(field, keyboard), milliseconds);
@@ -96,8 +120,8 @@ std::vector<Label> Session::labels() const
     const Button_t* focused = m_model.focused(m_keyboard.state());
     std::vector<Label> labels;
     for (const Button_t& key : m_model.face(m_keyboard.state()))
-        labels.push_back({key.rect.positionX, key.rect.positionY, key.rect.width, key.rect.height,
-                          key.text, &key == focused});
+        labels.push_back({key.rect.positionX, key.rect.positionY + m_keyboard.candidatesHeight(),
+                          key.rect.width, key.rect.height, key.text, &key == focused});
     return labels;
 }
 

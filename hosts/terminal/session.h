@@ -30,10 +30,10 @@ public:
     Progress press(Press press, int milliseconds);
 
     // What a computer's keyboard does to the line.
-    void type(const std::string& character) { m_line.insert(character); }
-    void eraseBefore() { m_line.eraseBefore(); }
+    void type(const std::string& character);
+    void eraseBefore();
 
-    void hideKeyboard() { m_keyboard.hide(); }
+    void hideKeyboard();
     void showKeyboard() { m_keyboard.show(); }
 
     // Shows what the calls before have changed.
