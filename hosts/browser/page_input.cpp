@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <unictype.h>
 #include <unistr.h>
 #include <wpe/wpe.h>
 
@@ -109,6 +110,13 @@ uint32_t onlyCharacter(const std::string& text)
     return length > 0 && static_cast<size_t>(length) == text.size() ? character : 0;
 }
 
+// Not a mark, which Backspace would take away together with the letter that carries it.
+bool isLetter(const std::string& text)
+{
+    const uint32_t character = onlyCharacter(text);
+    return character != 0 && !uc_is_general_category(character, UC_MARK);
+}
+
 // What the engine has no key for; a script's event is not trusted, but it has the key code.
 std::string scriptedKey(int keyCode)
 {
@@ -133,7 +141,7 @@ void PageInput::edit(const Edit& edit)
     switch (edit.action) {
     case KeyAction::Insert: {
         const std::string together = composed(last + edit.text);
-        const bool isAccent = !last.empty() && onlyCharacter(together) != 0;
+        const bool isAccent = onlyCharacter(together) != 0 && isLetter(last);
         if (isAccent)
             key(KeyCodeBack);
         insert(isAccent ? together : edit.text, edit);
