@@ -29,8 +29,8 @@ class Faults : public testing::Test
 protected:
     Faults()
     {
-        char name[] = "/tmp/input-methods-XXXXXX";
-        m_folder = ::mkdtemp(name);
+        std::string name = testing::TempDir() + "input-methods-XXXXXX";
+        m_folder = ::mkdtemp(&name[0]);
     }
     ~Faults() override { fs::remove_all(m_folder); }
 
