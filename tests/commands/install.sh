@@ -150,6 +150,12 @@ test_plain_user_is_told_before_anything_is_touched() {
     expect_not_said "sudo install -d"
 }
 
+test_plain_user_is_told_that_the_layouts_are_not_his() {
+    as_somebody "$BUILD/tools/layouts/layouts" install French
+    expect_status 1
+    expect_said 'is not yours to write; run the command as root'
+}
+
 test_plain_user_installs_for_himself() {
     # What the message says that root should do once.
     mkdir -p "machine$layouts"

@@ -131,6 +131,57 @@ TEST(Command, InstallsAndChecks)
     EXPECT_EQ(call("check " + folder.path("set")).status, 0);
 }
 
+TEST(Command, InstallsTheLanguagesOfACountryAndThoseThatAreNamed)
+{
+    TemporaryFolder folder;
+    const Outcome run = call("install --country ch français türkçe --to " + folder.path("set"));
+    EXPECT_EQ(run.status, 0) << run.output;
+    EXPECT_THAT(run.output, HasSubstr("No layout for: Lombard\n"));
+    EXPECT_THAT(run.output,
+                HasSubstr("/set: German, Swiss_German, English, French, Italian, Portuguese, "
+                          "Romansh, Turkish\n"));
+    EXPECT_THAT(run.output, HasSubstr("One font shows all labels: "));
+    EXPECT_THAT(run.output, HasSubstr("/DejaVuSans.ttf\n"));
+}
+
+TEST(Command, InstallTellsWhenNoFontShowsAll)
+{
+    TemporaryFolder folder;
+    std::filesystem::copy(resource("schema"), folder.path("schema"));
+    std::filesystem::create_symlink(resource("oskeyboard_config"),
+                                    folder.path("oskeyboard_config"));
+    std::ofstream(folder.path("languages.tsv")) << "hi\tHindi\tहि\tin\tFreeSans.ttf\n"
+                                                << "te\tTelugu\tతె\tin(tel)\tFreeSerif.ttf\n";
+    const Outcome run =
+        call("--resources " + folder.path() + " install Hindi Telugu --to " + folder.path("set"));
+    EXPECT_EQ(run.status, 0) << run.output;
+    EXPECT_THAT(run.output, ContainsRegex("No font .* shows all labels. The nearest is .*ttf; "
+                                          "faults: .*Language_Telugu.json [0-9]+"));
+}
+
+TEST(Command, InstallChecksTheFontThatIsGiven)
+{
+    TemporaryFolder folder;
+    const Outcome run = call("install Hindi --font DejaVuSans.ttf --to " + folder.path("set"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.output, HasSubstr("nothing installed"));
+    EXPECT_THAT(run.output, HasSubstr("which the font lacks"));
+    EXPECT_FALSE(std::filesystem::exists(folder.path("set")));
+    EXPECT_EQ(call("install Hindi --font FreeSans.ttf --to " + folder.path("set")).status, 0);
+}
+
+TEST(Command, InstallWantsNamesThatThereAre)
+{
+    TemporaryFolder folder;
+    for (const char* arguments : {"", "Frensh", "--country XX", "French Frensh"}) {
+        const Outcome run =
+            call(std::string("install ") + arguments + " --to " + folder.path("set"));
+        EXPECT_NE(run.status, 0) << arguments;
+        EXPECT_THAT(run.output, HasSubstr("layouts: ")) << arguments;
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder.path("set")));
+}
+
 TEST(Command, InstallRefusesABadSetAndTouchesNothing)
 {
     TemporaryFolder folder;

@@ -1,0 +1,120 @@
+#include <algorithm>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "lookup.h"
+#include "shipped.h"
+#include "territory.h"
+#include "text.h"
+
+using namespace layouts;
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::IsSupersetOf;
+using testing::Not;
+using testing::ThrowsMessage;
+
+namespace
+{
+
+std::string meant(const std::string& text)
+{
+    return meantLanguage(languages(), text).name;
+}
+
+std::vector<std::string> layoutsOf(const std::string& country)
+{
+    std::vector<std::string> names;
+    for (const Language* language : territoryOf(languages(), country).languages)
+        names.push_back(language->name);
+    return names;
+}
+
+TEST(Lookup, EveryNameAndCodeLeadsToItsLayout)
+{
+    for (const Language& language : languages()) {
+        EXPECT_EQ(meant(language.name), language.name);
+        EXPECT_EQ(meant(upperCase(language.name, "en")), language.name);
+        EXPECT_EQ(meantLanguage(languages(), language.icuName).icuName, language.icuName);
+    }
+}
+
+TEST(Lookup, TakesOwnNamesInAnyCaseWithOrWithoutAccents)
+{
+    EXPECT_EQ(meant("français"), "French");
+    EXPECT_EQ(meant("FRANCAIS"), "French");
+    EXPECT_EQ(meant("Ελληνικά"), "Greek");
+    EXPECT_EQ(meant("РУССКИЙ"), "Russian");
+    EXPECT_EQ(meant("हिन्दी"), "Hindi");
+    EXPECT_EQ(meant("norsk bokmål"), "Norwegian_Bokmal");
+    EXPECT_EQ(meant("shqip"), "Albanian");
+}
+
+TEST(Lookup, TakesCodesInAnyForm)
+{
+    EXPECT_EQ(meant("FR"), "French");
+    EXPECT_EQ(meant("fra"), "French");
+    EXPECT_EQ(meant("sr-latn"), "Serbian_Latin");
+    EXPECT_EQ(meant("yi"), "Yiddish");
+    EXPECT_EQ(meant("Yi"), "Yi");
+}
+
+TEST(Lookup, ALanguageInSeveralScriptsIsTheFirstUnlessTheScriptIsNamed)
+{
+    EXPECT_EQ(meant("српски"), "Serbian");
+    EXPECT_EQ(meant("srpski"), "Serbian_Latin");
+    EXPECT_EQ(meant("uzbek"), "Uzbek");
+    EXPECT_EQ(meant("uzbek cyrillic"), "Uzbek_Cyrillic");
+}
+
+TEST(Lookup, SuggestsTheNearestNames)
+{
+    EXPECT_THAT([] { meant("Frensh"); },
+                ThrowsMessage<std::runtime_error>("Frensh: no such layout; did you mean French"));
+    EXPECT_THAT([] { meant("Deutch"); },
+                ThrowsMessage<std::runtime_error>(AllOf(HasSubstr("German"), HasSubstr("Dutch"))));
+    EXPECT_THAT(
+        [] { meant("xyzzyxyzzy"); },
+        ThrowsMessage<std::runtime_error>("xyzzyxyzzy: no such layout; layouts list names all"));
+    EXPECT_THAT([] { meant(""); }, ThrowsMessage<std::runtime_error>(HasSubstr("no such layout")));
+}
+
+TEST(Territory, NamesTheMostSpokenFirst)
+{
+    EXPECT_THAT(layoutsOf("CH"), ElementsAre("German", "Swiss_German", "English", "French",
+                                             "Italian", "Portuguese", "Romansh"));
+    EXPECT_EQ(layoutsOf("ch"), layoutsOf("CH"));
+    EXPECT_EQ(layoutsOf("IN").front(), "Hindi");
+}
+
+TEST(Territory, LeavesOutWhatFewSpeakUnlessItIsOfficial)
+{
+    EXPECT_THAT(layoutsOf("US"), AllOf(Contains("Hawaiian"), Not(Contains("German"))));
+}
+
+TEST(Territory, TakesTheScriptThatIsUsualThere)
+{
+    EXPECT_THAT(layoutsOf("RS"), IsSupersetOf({"Serbian", "Serbian_Latin"}));
+    EXPECT_THAT(layoutsOf("ME"), AllOf(Contains("Serbian_Latin"), Not(Contains("Serbian"))));
+    EXPECT_THAT(layoutsOf("PK"), AllOf(Contains("Punjabi_Arabic"), Not(Contains("Punjabi"))));
+}
+
+TEST(Territory, NamesWhatHasNoLayout)
+{
+    EXPECT_THAT(territoryOf(languages(), "CH").others, ElementsAre("Lombard"));
+    EXPECT_THAT(territoryOf(languages(), "IS").others, IsEmpty());
+}
+
+TEST(Territory, RefusesWhatIsNoCountry)
+{
+    for (const char* code : {"", "XX", "CHE", "Switzerland", "territoryF", "../CH"})
+        EXPECT_THAT([&] { territoryOf(languages(), code); },
+                    ThrowsMessage<std::runtime_error>(HasSubstr("a code of two letters, as CH")))
+            << code;
+}
+
+} // namespace
