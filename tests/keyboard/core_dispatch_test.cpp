@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core_fixture.h"
+#include "drawn_keyboard.h"
 
 namespace
 {
@@ -78,19 +79,7 @@ protected:
     {
         takeTrace();
         m_core->sendLockButtonToUI();
-        std::vector<std::string> labels;
-        const std::string start = "surface2.DrawString(\"";
-        bool sunken = false;
-        for (const std::string& line : takeTrace()) {
-            if (line == "surface2.SetColor(25,25,25,255)")
-                sunken = true;
-            if (!sunken || line.compare(0, start.size(), start) != 0)
-                continue;
-            const size_t end = line.find('"', start.size());
-            labels.push_back(line.substr(start.size(), end - start.size()));
-            sunken = false;
-        }
-        return labels;
+        return drawnKeyboard(takeTrace()).sunken;
     }
 
     using Labels = std::vector<std::string>;

@@ -70,9 +70,9 @@ IDirectFBSurface* Display::newestWindow()
     return surface;
 }
 
-Picture shownOn(IDirectFBSurface* surface)
+test_support::Picture shownOn(IDirectFBSurface* surface)
 {
-    Picture picture;
+    test_support::Picture picture;
     require(surface->GetSize(surface, &picture.width, &picture.height), "GetSize");
     DFBSurfacePixelFormat format = DSPF_UNKNOWN;
     require(surface->GetPixelFormat(surface, &format), "GetPixelFormat");

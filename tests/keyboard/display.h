@@ -1,9 +1,9 @@
-#ifndef PIXEL_DISPLAY_H
-#define PIXEL_DISPLAY_H
+#ifndef TESTS_KEYBOARD_DISPLAY_H
+#define TESTS_KEYBOARD_DISPLAY_H
 
 #include <directfb.h>
 
-#include "picture.h"
+#include "expected_picture.h"
 
 // DirectFB without a screen, opened once for the process and left open.
 class Display
@@ -28,6 +28,6 @@ private:
 void prepareDisplay();
 
 // What the surface shows: its front buffer.
-Picture shownOn(IDirectFBSurface* surface);
+test_support::Picture shownOn(IDirectFBSurface* surface);
 
 #endif

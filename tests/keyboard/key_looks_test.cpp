@@ -6,6 +6,7 @@
 #include "display.h"
 #include "keyboard_ui.h"
 
+using test_support::Picture;
 using velmora::browser::vkb::Button_t;
 using velmora::browser::vkb::KeyBoardUI;
 

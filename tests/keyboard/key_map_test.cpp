@@ -63,20 +63,20 @@ void expectKeys(const Keys& found, const Keys& expected)
 }
 
 // One of the four key sets.
-struct Face {
+struct Choice {
     const char* what;
     bool shift, alt;
 };
 
-std::ostream& operator<<(std::ostream& stream, const Face& face)
+std::ostream& operator<<(std::ostream& stream, const Choice& choice)
 {
-    return stream << face.what;
+    return stream << choice.what;
 }
 
-const Face kFaces[] = {{"Default", false, false},
-                       {"DefaultShift", true, false},
-                       {"Symbol", false, true},
-                       {"SymbolShift", true, true}};
+const Choice kChoices[] = {{"Default", false, false},
+                           {"DefaultShift", true, false},
+                           {"Symbol", false, true},
+                           {"SymbolShift", true, true}};
 
 class KeyMapTest : public testing::Test
 {
@@ -95,13 +95,16 @@ protected:
         return *m_parser;
     }
 
-    Keys& keys(const Face& face) { return m_parser->getKeyMap(m_english, face.shift, face.alt); }
-    Keys& defaultKeys() { return keys(kFaces[0]); }
+    Keys& keys(const Choice& choice)
+    {
+        return m_parser->getKeyMap(m_english, choice.shift, choice.alt);
+    }
+    Keys& defaultKeys() { return keys(kChoices[0]); }
 
     void expectNoKeys()
     {
-        for (const Face& face : kFaces)
-            EXPECT_THAT(keys(face), IsEmpty()) << face.what;
+        for (const Choice& choice : kChoices)
+            EXPECT_THAT(keys(choice), IsEmpty()) << choice.what;
     }
 
     LayoutFolder m_folder;
@@ -110,7 +113,7 @@ protected:
     std::unique_ptr<LanguageParser> m_parser;
 };
 
-class KeySet : public KeyMapTest, public testing::WithParamInterface<Face>
+class KeySet : public KeyMapTest, public testing::WithParamInterface<Choice>
 {
 protected:
     static Keys expected()
@@ -151,7 +154,7 @@ TEST_P(KeySet, IsReadAgainWhileItIsEmpty)
     expectTrace(logged("getKeyMap", "called\n") + keyMapRead());
 }
 
-INSTANTIATE_TEST_SUITE_P(Faces, KeySet, testing::ValuesIn(kFaces),
+INSTANTIATE_TEST_SUITE_P(Faces, KeySet, testing::ValuesIn(kChoices),
                          [](const auto& test) { return std::string(test.param.what); });
 
 // The example once more, in plain numbers.
@@ -159,14 +162,14 @@ TEST_F(KeyMapTest, TheExamplesRectanglesLabelsAndCodes)
 {
     writeEnglish();
     english();
-    expectKeys(keys(kFaces[0]), {{"a", {4, 4, 60, 50}, 0, false, false, 65, 97, 1, 1, 0, 0},
-                                 {"Shift", {68, 4, 124, 50}, 1, true, false, 0, 0, 0, 0, 1, 1}});
-    expectKeys(keys(kFaces[1]), {{"A", {4, 4, 60, 50}, 0, false, false, 65, 65, 1, 1, 0, 0},
-                                 {"", {68, 4, 124, 50}, 1, true, false, 0, 0, 0, 0, 1, 1}});
-    expectKeys(keys(kFaces[2]), {{"1", {4, 4, 60, 50}, 0, false, false, 49, 49, 1, 1, 0, 0},
-                                 {"", {68, 4, 124, 50}, 1, false, false, 0, 0, 0, 0, 1, 1}});
-    expectKeys(keys(kFaces[3]), {{"!", {4, 4, 60, 50}, 0, false, false, 49, 33, 1, 1, 0, 0},
-                                 {"", {68, 4, 124, 50}, 1, false, false, 0, 0, 0, 0, 1, 1}});
+    expectKeys(keys(kChoices[0]), {{"a", {4, 4, 60, 50}, 0, false, false, 65, 97, 1, 1, 0, 0},
+                                   {"Shift", {68, 4, 124, 50}, 1, true, false, 0, 0, 0, 0, 1, 1}});
+    expectKeys(keys(kChoices[1]), {{"A", {4, 4, 60, 50}, 0, false, false, 65, 65, 1, 1, 0, 0},
+                                   {"", {68, 4, 124, 50}, 1, true, false, 0, 0, 0, 0, 1, 1}});
+    expectKeys(keys(kChoices[2]), {{"1", {4, 4, 60, 50}, 0, false, false, 49, 49, 1, 1, 0, 0},
+                                   {"", {68, 4, 124, 50}, 1, false, false, 0, 0, 0, 0, 1, 1}});
+    expectKeys(keys(kChoices[3]), {{"!", {4, 4, 60, 50}, 0, false, false, 49, 33, 1, 1, 0, 0},
+                                   {"", {68, 4, 124, 50}, 1, false, false, 0, 0, 0, 0, 1, 1}});
     EXPECT_EQ(m_parser->keyboardWidth(), 68 + 124 + 4);
 }
 
@@ -183,9 +186,9 @@ TEST_F(KeyMapTest, OnlyTheExactWordNullMakesAnEmptyLabel)
     writeEnglish(asJson(keys, keys));
     english();
 
-    for (const Face& face : kFaces) {
-        SCOPED_TRACE(face.what);
-        const Keys& found = this->keys(face);
+    for (const Choice& choice : kChoices) {
+        SCOPED_TRACE(choice.what);
+        const Keys& found = this->keys(choice);
         ASSERT_THAT(found, SizeIs(kept.size() + 1));
         EXPECT_EQ(found[0].text, "");
         for (size_t i = 0; i < kept.size(); ++i)
@@ -201,7 +204,7 @@ TEST_F(KeyMapTest, LabelsAreKeptAsBytes)
     writeEnglish(asJson(keys, {}));
     english();
     EXPECT_EQ(defaultKeys()[0].text, keys[0].text);
-    EXPECT_EQ(this->keys(kFaces[1])[0].text, keys[0].shiftText);
+    EXPECT_EQ(this->keys(kChoices[1])[0].text, keys[0].shiftText);
 }
 
 TEST_F(KeyMapTest, AMissingSymbolSetIsEmptyAndReadAgainOnEachCall)
@@ -211,13 +214,13 @@ TEST_F(KeyMapTest, AMissingSymbolSetIsEmptyAndReadAgainOnEachCall)
     EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
     takeTrace();
     for (int i = 0; i < 2; ++i) {
-        EXPECT_THAT(keys(kFaces[2]), IsEmpty());
+        EXPECT_THAT(keys(kChoices[2]), IsEmpty());
         expectTrace(logged("getKeyMap", "called\n") + keyMapRead());
-        EXPECT_THAT(keys(kFaces[3]), IsEmpty());
+        EXPECT_THAT(keys(kChoices[3]), IsEmpty());
         expectTrace(logged("getKeyMap", "called\n") + keyMapRead());
     }
-    EXPECT_THAT(keys(kFaces[0]), SizeIs(2));
-    EXPECT_THAT(keys(kFaces[1]), SizeIs(2));
+    EXPECT_THAT(keys(kChoices[0]), SizeIs(2));
+    EXPECT_THAT(keys(kChoices[1]), SizeIs(2));
     expectTrace(logged("getKeyMap", "called\n") + logged("getKeyMap", "called\n"));
 }
 
@@ -225,10 +228,10 @@ TEST_F(KeyMapTest, TheTwoSetsMayDifferInLength)
 {
     writeEnglish(asJson(sample::twoDefaultKeys(), {sample::twoSymbolKeys()[0]}));
     english();
-    EXPECT_THAT(keys(kFaces[0]), SizeIs(2));
-    EXPECT_THAT(keys(kFaces[1]), SizeIs(2));
-    EXPECT_THAT(keys(kFaces[2]), SizeIs(1));
-    EXPECT_THAT(keys(kFaces[3]), SizeIs(1));
+    EXPECT_THAT(keys(kChoices[0]), SizeIs(2));
+    EXPECT_THAT(keys(kChoices[1]), SizeIs(2));
+    EXPECT_THAT(keys(kChoices[2]), SizeIs(1));
+    EXPECT_THAT(keys(kChoices[3]), SizeIs(1));
 }
 
 TEST_F(KeyMapTest, IdsAreTakenFromEachArrayAsTheyStand)
@@ -238,9 +241,10 @@ TEST_F(KeyMapTest, IdsAreTakenFromEachArrayAsTheyStand)
     symbols[1].id = -7;
     writeEnglish(asJson(sample::twoDefaultKeys(), symbols));
     english();
-    EXPECT_EQ(keys(kFaces[2])[0].id, 41);
-    EXPECT_EQ(keys(kFaces[3])[1].id, -7);
-    EXPECT_EQ(keys(kFaces[2])[1].rect.positionX, 68) << "the place in the list gives the rectangle";
+    EXPECT_EQ(keys(kChoices[2])[0].id, 41);
+    EXPECT_EQ(keys(kChoices[3])[1].id, -7);
+    EXPECT_EQ(keys(kChoices[2])[1].rect.positionX, 68)
+        << "the place in the list gives the rectangle";
 }
 
 TEST_F(KeyMapTest, BeforeAnyLayoutTheSetsAreEmpty)
@@ -290,10 +294,10 @@ TEST_F(KeyMapTest, AChangeOfLayoutReplacesAllFourSets)
     english();
     std::string german = "German";
     m_parser->onLayoutchanged(german);
-    EXPECT_THAT(keys(kFaces[0]), SizeIs(1));
-    EXPECT_THAT(keys(kFaces[1]), SizeIs(1));
-    EXPECT_THAT(keys(kFaces[2]), IsEmpty());
-    EXPECT_THAT(keys(kFaces[3]), IsEmpty());
+    EXPECT_THAT(keys(kChoices[0]), SizeIs(1));
+    EXPECT_THAT(keys(kChoices[1]), SizeIs(1));
+    EXPECT_THAT(keys(kChoices[2]), IsEmpty());
+    EXPECT_THAT(keys(kChoices[3]), IsEmpty());
 }
 
 TEST_F(KeyMapTest, ReadingTheSameFileAgainDoesNotDoubleTheKeys)
@@ -301,8 +305,8 @@ TEST_F(KeyMapTest, ReadingTheSameFileAgainDoesNotDoubleTheKeys)
     writeEnglish();
     english();
     EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
-    for (const Face& face : kFaces)
-        EXPECT_THAT(keys(face), SizeIs(2)) << face.what;
+    for (const Choice& choice : kChoices)
+        EXPECT_THAT(keys(choice), SizeIs(2)) << choice.what;
 }
 
 TEST_F(KeyMapTest, ARectangleKeepsItsLow16Bits)
@@ -367,9 +371,9 @@ TEST_F(KeyMapTest, AKeyBeyondThePositionTableHasAnEmptyRectangle)
     keys[2].text = "beyond";
     writeEnglish(asJson(keys, keys));
     english();
-    for (const Face& face : kFaces) {
-        const Keys& found = this->keys(face);
-        ASSERT_THAT(found, SizeIs(3)) << face.what;
+    for (const Choice& choice : kChoices) {
+        const Keys& found = this->keys(choice);
+        ASSERT_THAT(found, SizeIs(3)) << choice.what;
         const Rect_t rect = found[2].rect;
         EXPECT_EQ(std::make_tuple(rect.positionX, rect.positionY, rect.width, rect.height),
                   std::make_tuple(0, 0, 0, 0));
@@ -381,8 +385,8 @@ TEST_F(KeyMapTest, MissingMembersReadAsZeroFalseAndEmpty)
 {
     writeEnglish("{\"Keys\": {\"KeyMode_Default\": [{}], \"KeyMode_Symbol\": [{}]}}");
     english();
-    for (const Face& face : kFaces)
-        expectKeys(keys(face), {{"", {4, 4, 60, 50}, 0, false, false, 0, 0, 0, 0, 0, 0}});
+    for (const Choice& choice : kChoices)
+        expectKeys(keys(choice), {{"", {4, 4, 60, 50}, 0, false, false, 0, 0, 0, 0, 0, 0}});
 }
 
 TEST_F(KeyMapTest, ValuesOfOtherTypesFollowTheLibrarysConversions)
@@ -394,9 +398,9 @@ TEST_F(KeyMapTest, ValuesOfOtherTypesFollowTheLibrarysConversions)
                  " \"shiftKeyCharacter\": 7, \"unknown\": {}}]}}");
     english();
     const int32_t lowest = -2147483647 - 1;
-    expectKeys(keys(kFaces[0]),
+    expectKeys(keys(kChoices[0]),
                {{"5", {4, 4, 60, 50}, 1, true, false, 8, 0, lowest, 2147483647, 0, 0}});
-    expectKeys(keys(kFaces[1]),
+    expectKeys(keys(kChoices[1]),
                {{"false", {4, 4, 60, 50}, 1, true, false, 8, 7, lowest, 2147483647, 0, 0}});
 }
 
@@ -493,17 +497,17 @@ TEST_P(ImpossibleKey, InTheDefaultSetLeavesTheKeysBeforeIt)
 {
     writeBadKey("KeyMode_Default");
     expectTheErrorAfterTheSuccessLine();
-    EXPECT_THAT(keys(kFaces[0]), SizeIs(1));
-    EXPECT_THAT(keys(kFaces[1]), SizeIs(1));
-    EXPECT_THROW(keys(kFaces[2]), Json::Exception);
+    EXPECT_THAT(keys(kChoices[0]), SizeIs(1));
+    EXPECT_THAT(keys(kChoices[1]), SizeIs(1));
+    EXPECT_THROW(keys(kChoices[2]), Json::Exception);
 }
 
 TEST_P(ImpossibleKey, InTheSymbolSetLeavesTheKeysBeforeIt)
 {
     writeBadKey("KeyMode_Symbol");
     expectTheErrorAfterTheSuccessLine();
-    for (const Face& face : kFaces)
-        EXPECT_THAT(keys(face), SizeIs(1)) << face.what;
+    for (const Choice& choice : kChoices)
+        EXPECT_THAT(keys(choice), SizeIs(1)) << choice.what;
 }
 
 INSTANTIATE_TEST_SUITE_P(BadInput, ImpossibleKey, testing::ValuesIn(kImpossibleKeys),

@@ -9,6 +9,7 @@
 #include "keyboard_core.h"
 #include "layout_folder.h"
 
+using test_support::Picture;
 using velmora::browser::vkb::KeyBoardCore;
 
 namespace

@@ -5,13 +5,14 @@
 #include <gmock/gmock.h>
 #include <json/json.h>
 
+#include "drawn_keyboard.h"
 #include "fault_layouts.h"
 #include "keyboard_core.h"
 #include "recording_display.h"
 #include "trace.h"
 
+using test_support::drawnKeyboard;
 using test_support::LayoutFolder;
-using test_support::Lines;
 using test_support::RecordingDisplay;
 using testing::AnyOf;
 using velmora::browser::vkb::Button_t;
@@ -23,20 +24,6 @@ namespace
 const int kOk = 13;
 const int kLeft = 37;
 const int kRight = 39;
-
-// The last labels drawn, in order.
-std::vector<std::string> labelsOf(const Lines& trace)
-{
-    std::vector<std::string> labels;
-    for (const std::string& line : trace) {
-        if (line.find(".Clear(") != std::string::npos)
-            labels.clear();
-        const size_t at = line.find(".DrawString(\"");
-        if (at != std::string::npos)
-            labels.push_back(line.substr(at + 13, line.find("\",-1,") - at - 13));
-    }
-    return labels;
-}
 
 // In the last key's code, which has three digits.
 std::string withAWordForANumber(std::string keyMap)
@@ -72,7 +59,7 @@ protected:
     {
         test_support::takeTrace();
         EXPECT_EQ(m_core.onKeyEvent(key), result);
-        return labelsOf(test_support::takeTrace());
+        return drawnKeyboard(test_support::takeTrace()).keys;
     }
 
     // One layout after the other by the language key, which has the focus; all keys are there.

@@ -1,6 +1,6 @@
 // The comparison itself: it must see one pixel, and one step of one colour.
 
-#include "picture.h"
+#include "expected_picture.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -10,6 +10,7 @@
 
 namespace fs = std::filesystem;
 using testing::HasSubstr;
+using namespace test_support;
 
 namespace
 {

@@ -9,12 +9,15 @@
 #include <malloc.h>
 #include <unistd.h>
 
+#include "drawn_keyboard.h"
 #include "keyboard_core.h"
 #include "keyboard_model.h"
 #include "recording_display.h"
 #include "soak_layouts.h"
 #include "trace.h"
 
+using test_support::DrawnKeyboard;
+using test_support::drawnKeyboard;
 using test_support::Lines;
 using test_support::RecordingDisplay;
 using velmora::browser::vkb::Button_t;
@@ -51,6 +54,14 @@ const char* const kActionNames[] = {"key",    "start",   "cancel",       "show",
 const int kWeights[ACTIONS] = {880, 25, 15, 15, 15, 10, 15, 10, 10, 5};
 
 const int kRemoteKeys[] = {13, 13, 13, 37, 38, 39, 39, 39, 40, 12, 0, -1, 41};
+
+std::vector<std::string> labels(const std::vector<Face>& keys)
+{
+    std::vector<std::string> texts;
+    for (const Face& key : keys)
+        texts.push_back(key.text);
+    return texts;
+}
 
 // One keyboard beside the model of what it is to do.
 class Pair
@@ -137,41 +148,22 @@ public:
     // The keys, the sunken keys and the frame of the last picture drawn.
     void checkPicture(const Lines& trace) const
     {
-        size_t clear = trace.size();
-        while (clear > 0 && trace[clear - 1].find(".Clear(") == std::string::npos)
-            --clear;
-        if (clear == 0)
-            return; // nothing was painted
-        if (trace[clear - 1].find(".Clear(0,0,0,0)") != std::string::npos) {
+        const DrawnKeyboard drawn = drawnKeyboard(trace);
+        if (drawn.window == DrawnKeyboard::kUntouched)
+            return;
+        if (drawn.window == DrawnKeyboard::kHidden) {
             ASSERT_FALSE(m_model.shown());
             return;
         }
-        if (!m_model.hasRenderer() || trace.size() - clear < 3)
+        if (!m_model.hasRenderer())
             return; // the empty panel of a renderer that was then deleted
-
-        std::vector<std::string> drawn;
-        std::string fill, frame;
-        for (size_t i = clear; i < trace.size(); ++i) {
-            const std::string call = trace[i].substr(trace[i].find('.') + 1);
-            if (call == "SetColor(50,50,50,255)" || call == "SetColor(25,25,25,255)")
-                fill = call == "SetColor(50,50,50,255)" ? "up " : "down ";
-            if (call.compare(0, 11, "DrawString(") == 0)
-                drawn.push_back(fill + call.substr(11, call.rfind("\",-1,") - 10));
-            if (call == "SetColor(255,255,255,255)" && i + 1 < trace.size())
-                frame = trace[i + 1].substr(trace[i + 1].find('.') + 1);
-        }
-        std::vector<std::string> expected;
-        for (const Face& key : m_model.keys())
-            expected.push_back("up \"" + key.text + "\"");
-        for (const Face& lock : m_model.locks())
-            expected.push_back("down \"" + lock.text + "\"");
-        ASSERT_EQ(drawn, expected);
-
+        ASSERT_EQ(drawn.keys, labels(m_model.keys()));
+        ASSERT_EQ(drawn.sunken, labels(m_model.locks()));
         const PixelRect rect = soakRect(m_model.focus().key.id);
-        char line[64];
-        std::snprintf(line, sizeof line, "DrawLine(%d,%d,%d,%d)", rect.x + rect.width, rect.y,
-                      rect.x + rect.width, rect.y + rect.height);
-        ASSERT_EQ(frame, line);
+        ASSERT_EQ(drawn.frame.positionX, rect.x);
+        ASSERT_EQ(drawn.frame.positionY, rect.y);
+        ASSERT_EQ(drawn.frame.width, rect.width);
+        ASSERT_EQ(drawn.frame.height, rect.height);
     }
 
     bool started() const { return m_model.hasRenderer(); }

@@ -5,10 +5,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <png.h>
 
 #include "json_file.h"
 #include "layout_sets.h"
+#include "picture.h"
 #include "shipped.h"
 
 using testing::ContainsRegex;
@@ -203,34 +203,16 @@ TEST(Command, InstallRefusesToReplaceWhatItTakesFrom)
     EXPECT_THAT(run.output, HasSubstr("is where the layouts come from"));
 }
 
-struct Picture {
-    unsigned width;
-    unsigned height;
-    std::vector<unsigned char> pixels;
-};
-
-Picture readPng(const std::string& file)
-{
-    png_image image = {};
-    image.version = PNG_IMAGE_VERSION;
-    EXPECT_TRUE(png_image_begin_read_from_file(&image, file.c_str())) << image.message;
-    image.format = PNG_FORMAT_RGB;
-    Picture picture = {image.width, image.height,
-                       std::vector<unsigned char>(PNG_IMAGE_SIZE(image))};
-    EXPECT_TRUE(png_image_finish_read(&image, nullptr, picture.pixels.data(), 0, nullptr));
-    return picture;
-}
-
 TEST(Command, PreviewDrawsTheFourFacesOfTheManual)
 {
     TemporaryFolder folder;
     const Outcome run = call("preview English -o " + folder.path("english.png"));
     EXPECT_EQ(run.status, 0) << run.output;
     EXPECT_EQ(run.output, "");
-    const Picture drawn = readPng(folder.path("english.png"));
-    EXPECT_EQ(drawn.width, 1302u);
-    EXPECT_EQ(drawn.height, 4 * (64u + 456u));
-    EXPECT_TRUE(drawn.pixels == readPng(DOCS "/layouts.png").pixels)
+    const test_support::Picture drawn = test_support::readPng(folder.path("english.png"));
+    EXPECT_EQ(drawn.width, 1302);
+    EXPECT_EQ(drawn.height, 4 * (64 + 456));
+    EXPECT_TRUE(drawn == test_support::readPng(DOCS "/layouts.png"))
         << "update it with: layouts preview English -o docs/layouts.png";
 }
 

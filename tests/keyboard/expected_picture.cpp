@@ -1,30 +1,17 @@
-#include "picture.h"
+#include "expected_picture.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <stdexcept>
-
-#include <png.h>
 
 namespace fs = std::filesystem;
+using namespace test_support;
 
 namespace
 {
 
-// In memory a 0xAARRGGBB word is blue first on the machines that this runs on.
-const png_uint_32 kFormat = PNG_FORMAT_BGRA;
-
 const uint32_t kRed = 0xFFFF0000;
-
-png_image newImage()
-{
-    png_image image;
-    std::memset(&image, 0, sizeof image);
-    image.version = PNG_IMAGE_VERSION;
-    return image;
-}
 
 uint32_t darkened(uint32_t pixel)
 {
@@ -37,40 +24,7 @@ bool isUpdate()
     return update != nullptr && std::strcmp(update, "1") == 0;
 }
 
-} // namespace
-
-bool Picture::operator==(const Picture& other) const
-{
-    return width == other.width && height == other.height && pixels == other.pixels;
-}
-
-Picture readPng(const std::string& file)
-{
-    png_image image = newImage();
-    if (png_image_begin_read_from_file(&image, file.c_str()) == 0)
-        throw std::runtime_error(file + ": " + image.message + ", expected a PNG");
-    image.format = kFormat;
-
-    Picture picture;
-    picture.width = static_cast<int>(image.width);
-    picture.height = static_cast<int>(image.height);
-    picture.pixels.resize(size_t(image.width) * image.height);
-    if (png_image_finish_read(&image, nullptr, picture.pixels.data(), 0, nullptr) == 0)
-        throw std::runtime_error(file + ": " + image.message + ", expected a PNG");
-    return picture;
-}
-
-void writePng(const std::string& file, const Picture& picture)
-{
-    fs::create_directories(fs::path(file).parent_path());
-    png_image image = newImage();
-    image.width = static_cast<png_uint_32>(picture.width);
-    image.height = static_cast<png_uint_32>(picture.height);
-    image.format = kFormat;
-    if (png_image_write_to_file(&image, file.c_str(), 0, picture.pixels.data(), 0, nullptr) == 0)
-        throw std::runtime_error(file + ": " + image.message);
-}
-
+// Pixels that are not the same. Pictures of different sizes differ in every pixel.
 size_t countDifferent(const Picture& left, const Picture& right)
 {
     if (left.width != right.width || left.height != right.height)
@@ -81,6 +35,7 @@ size_t countDifferent(const Picture& left, const Picture& right)
     return count;
 }
 
+// The left picture, dark, with each pixel that differs in red.
 Picture difference(const Picture& left, const Picture& right)
 {
     Picture result = left;
@@ -90,6 +45,8 @@ Picture difference(const Picture& left, const Picture& right)
             same_size && left.pixels[i] == right.pixels[i] ? darkened(left.pixels[i]) : kRed;
     return result;
 }
+
+} // namespace
 
 testing::AssertionResult isExpectedPicture(const std::string& name, const Picture& actual,
                                            const std::string& expected_folder,
