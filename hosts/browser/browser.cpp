@@ -89,9 +89,11 @@ bool isSame(const PageFocus& a, const PageFocus& b)
 Browser::Browser(const Screen& screen, const KeyboardModel& model, Setup setup)
     : m_setup(std::move(setup)), m_has_keyboard(!m_setup.font.empty() && !model.layouts().empty()),
       m_window(screen), m_keyboard(screen, &model),
-      m_engine(
-          m_window.width(), m_window.height(), kFieldWatch, m_setup.sandbox,
-          [this](const uint8_t* pixels, int bytesPerRow) { m_window.show(pixels, bytesPerRow); }),
+      m_engine(m_window.width(), m_window.height(), kFieldWatch, m_setup.sandbox,
+               [this](const uint8_t* pixels, int bytesPerRow) {
+                   if (m_window.show(pixels, bytesPerRow) && m_setup.shown)
+                       m_setup.shown();
+               }),
       m_method(m_engine.view(), {[this](bool focused) {
                                      m_engine_focused = focused;
                                      follow();

@@ -40,6 +40,7 @@ public:
         bool sandbox = true;
         std::function<void()> end;                        // the viewer leaves
         std::function<void(const std::string&)> complain; // in a line for standard error
+        std::function<void()> shown;                      // another picture of the page; or null
     };
 
     // screen and model are lent; a model without layouts is a browser without a keyboard.
@@ -68,6 +69,8 @@ public:
 
     bool keyboardIsShown() { return m_keyboard.isShown(); }
     const KeyboardState& keyboardState() const { return m_keyboard.state(); }
+    // Where what is typed goes into the page: an input method takes its place between.
+    PageInput& input() { return m_input; }
     WebKitWebView* view() const { return m_engine.view(); }
 
 private:

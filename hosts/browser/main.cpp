@@ -63,7 +63,7 @@ int run(const Options& options)
     const Screen screen(kScreenOptions);
     Outcome outcome = {g_main_loop_new(nullptr, FALSE)};
     Browser browser(screen, model,
-                    {chooseFont(), sandbox, [&outcome] { outcome.end(0); }, complain});
+                    {chooseFont(), sandbox, [&outcome] { outcome.end(0); }, complain, nullptr});
     const RemoteInput remote(screen.directFB(), [&browser](const RemoteKey& key, bool isHeld) {
         browser.press(key, isHeld);
     });
