@@ -1,5 +1,5 @@
-// What the keyboard adds to a browser: each time is taken with it and, in a process beside, of the engine
-// alone that is fed by the same calls. Prints the rows that scripts/bench wants.
+// What the keyboard adds to a browser: each time is taken with it and, in a process beside, of the
+// engine alone that is fed by the same calls. Prints the rows that scripts/bench wants.
 //
 //   browser_figures          starts itself with each of the words below, and prints the rows
 //   browser_figures with     the browser with its keyboard
@@ -127,16 +127,15 @@ public:
     {
         WebKitUserContentManager* content =
             webkit_web_view_get_user_content_manager(m_browser.view());
-        g_signal_connect(content, "script-message-received::bench",
-                         G_CALLBACK(+[](WebKitUserContentManager*, WebKitJavascriptResult* message,
-                                        Run* run) {
-                             char* text = jsc_value_to_string(
-                                 webkit_javascript_result_get_js_value(message));
-++run->m_told[text];
-                             run->m_last_told = now();
-                             g_free(text);
-                         }),
-                         this);
+        g_signal_connect(
+            content, "script-message-received::bench",
+            G_CALLBACK(+[](WebKitUserContentManager*, WebKitJavascriptResult* message, Run* run) {
+                char* text = jsc_value_to_string(webkit_javascript_result_get_js_value(message));
+                ++run->m_told[text];
+                run->m_last_told = now();
+                g_free(text);
+            }),
+            this);
         webkit_user_content_manager_register_script_message_handler(content, "bench");
     }
 
@@ -149,7 +148,8 @@ public:
         waitFor([this] { return m_told["load"] > 0 && m_pictures > 0; });
     }
 
-    // Milliseconds from the call until the page told it; and, where it is asked for, until its picture.
+    // Milliseconds from the call until the page told it; and, where it is asked for, until its
+    // picture.
     double timeTo(const std::string& what, const std::function<void()>& begin,
                   double* picture = nullptr)
     {
@@ -299,12 +299,9 @@ int printRows(const std::string& program)
         double atMost; // milliseconds that the keyboard may add
     };
     const Row rows[] = {
-        {"browser: press to input event", "input", 8},
-        {"browser: press to pixels", "pixels", 8},
-        {"browser: first show", "first-show", 50},
-        {"browser: later show", "show", 50},
-        {"browser: start to first picture", "start", 50},
-        {"browser: idle, of a second", "idle", 1},
+        {"browser: press to input event", "input", 8},    {"browser: press to pixels", "pixels", 8},
+        {"browser: first show", "first-show", 50},        {"browser: later show", "show", 50},
+        {"browser: start to first picture", "start", 50}, {"browser: idle, of a second", "idle", 1},
     };
     for (const Row& row : rows)
         std::printf("%s\t%.2f\t%g\tms\t%s ms with the keyboard - %s ms of the engine alone\n",
@@ -313,10 +310,11 @@ int printRows(const std::string& program)
     std::printf("browser: arrow to redrawn\t%.2f\t8\tms\t%s ms of an arrow key on the keyboard\n",
                 quantile(with, "redraw", 0.5), bothOf(with, "redraw").c_str());
     const double host = quantile(with, "memory-host", 0.5) - quantile(alone, "memory-host", 0.5);
-    std::printf("browser: memory\t%.0f\t8192\tKiB\t%.0f KiB of the host with the keyboard - %.0f alone; "
-                "the page's process has %.0f, the network's %.0f\n",
-                host, quantile(with, "memory-host", 0.5), quantile(alone, "memory-host", 0.5),
-                quantile(with, "memory-page", 0.5), quantile(with, "memory-network", 0.5));
+    std::printf(
+        "browser: memory\t%.0f\t8192\tKiB\t%.0f KiB of the host with the keyboard - %.0f alone; "
+        "the page's process has %.0f, the network's %.0f\n",
+        host, quantile(with, "memory-host", 0.5), quantile(alone, "memory-host", 0.5),
+        quantile(with, "memory-page", 0.5), quantile(with, "memory-network", 0.5));
     return 0;
 }
 
