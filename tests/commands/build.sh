@@ -50,7 +50,17 @@ test_passing_tests_are_summed_up() {
     expect_status 0
     expect_said 'Running 2 tests of build/default'
     expect_said '100% tests passed, 0 tests failed out of 2'
-    expect_not_said 'two'
+    expect_not_said 'Test #2'
+}
+
+test_start_says_how_long_it_takes() {
+    project 'add_test(NAME one COMMAND sleep 1)
+        add_test(NAME two COMMAND sleep 1)'
+    run project/scripts/test
+    expect_said 'Running 2 tests of build/default: a few minutes on two cores'
+    run project/scripts/test
+    [[ $output =~ 'Running 2 tests of build/default: about 0 min '[1-9][0-9]*' s, as the last time here' ]] ||
+        fail 'the second time it must say how long'
 }
 
 test_progress_on_a_terminal_is_one_line() {
