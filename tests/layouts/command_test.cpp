@@ -95,10 +95,13 @@ TEST(Command, CoverageFailsWhereALetterIsMissing)
 TEST(Command, CoverageSaysWhereEachLetterLies)
 {
     const Outcome run = call("coverage Vietnamese French");
-    EXPECT_THAT(run.output, ContainsRegex("\n  with several keys: [^\n]*ệ"));
+    EXPECT_THAT(run.output, ContainsRegex("\n  with several keys: [^\n]*ỡ"));
     EXPECT_THAT(run.output,
-                HasSubstr("French: 54 default, 39 default shifted, 15 symbol, 19 symbol "
+                HasSubstr("French: 54 default, 39 default shifted, 18 symbol, 16 symbol "
                           "shifted, 0 with several keys, 0 missing\n"));
+    EXPECT_THAT(run.output,
+                ContainsRegex("French: [0-9]+ words, 0 cannot be typed, [0-9.]+ presses a "
+                              "character, [0-9.]+% of the characters behind Alt\n"));
     EXPECT_THAT(run.output, HasSubstr("\n  symbol: â æ ê ë î ï ô û ü ÿ œ ["));
 }
 
@@ -115,6 +118,23 @@ TEST(Command, GeneratesTheSameBytesAgain)
     EXPECT_EQ(run.status, 0) << run.output;
     EXPECT_EQ(layouts::readFile(folder.path("Language_Thai.json")),
               layouts::readFile(shippedFolder() + "/Language_Thai.json"));
+}
+
+// Nothing is written when a language behind the first ones has no keyboard.
+TEST(Command, GenerateWritesAllOrNothing)
+{
+    TemporaryFolder folder;
+    std::filesystem::copy(RESOURCES, folder.path(), std::filesystem::copy_options::recursive);
+    std::ofstream(folder.path("languages.tsv"))
+        << "en\tEnglish\tEN\tus\tDejaVuSans.ttf\nde\tGerman\tDE\tnowhere\tDejaVuSans.ttf\n";
+    std::ofstream(folder.path("exceptions.tsv")) << "# none\n";
+    std::filesystem::create_directory(folder.path("to"));
+    const Outcome run =
+        call("--resources " + folder.path() + " generate --all --to " + folder.path("to"));
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.output, HasSubstr("languages.tsv: line 2: keyboard nowhere(): not in the "
+                                      "keyboard database; see the list in "));
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path("to")));
 }
 
 TEST(Command, GenerateWantsNamesOrAll)

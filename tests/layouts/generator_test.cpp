@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "coverage.h"
+#include "exceptions.h"
 #include "generator.h"
 #include "json_file.h"
 #include "layout_set.h"
@@ -20,12 +21,17 @@ using testing::ThrowsMessage;
 namespace
 {
 
+std::vector<KeyException> exceptions()
+{
+    return readExceptions(resource("exceptions.tsv"), languages());
+}
+
 TEST(Generator, WritesTheShippedFiles)
 {
     const Catalogue grid = shippedCatalogue();
     std::string stale;
     for (const Language& language : languages())
-        if (writeKeyMap(generate(language, grid)) !=
+        if (writeKeyMap(generate(language, grid, exceptions())) !=
             readFile(keyMapFile(shippedFolder(), language.name)))
             stale += " " + language.name;
     EXPECT_EQ(stale, "") << "update the files with: layouts generate" << stale;
@@ -40,7 +46,7 @@ TEST(Generator, RefusesAKeyboardThatIsNotThere)
 {
     Language language = languageOf("English");
     language.xkbLayout = "nowhere";
-    EXPECT_THAT([&] { generate(language, shippedCatalogue()); },
+    EXPECT_THAT([&] { generate(language, shippedCatalogue(), {}); },
                 ThrowsMessage<std::runtime_error>(
                     HasSubstr("keyboard nowhere(): not in the keyboard database")));
 }
@@ -49,29 +55,59 @@ TEST(Generator, RefusesAnotherGrid)
 {
     Catalogue grid = shippedCatalogue();
     grid.cells.pop_back();
-    EXPECT_THAT([&] { generate(languageOf("English"), grid); },
+    EXPECT_THAT([&] { generate(languageOf("English"), grid, {}); },
                 ThrowsMessage<std::runtime_error>(
                     HasSubstr("the catalogue's grid has 66 keys, expected 67")));
 }
 
 TEST(Generator, SaysWhenThereAreTooManyLetters)
 {
-    Language amharic = {"am", "Amharic", "AM", "us", "", "FreeSerif.ttf", "", ""};
-    EXPECT_THAT([&] { generate(amharic, shippedCatalogue()); },
+    Language amharic = {"am", "Amharic", "AM", "us", "", "FreeSerif.ttf", ""};
+    EXPECT_THAT([&] { generate(amharic, shippedCatalogue(), {}); },
                 ThrowsMessage<std::runtime_error>(
                     HasSubstr("Amharic: its letters are too many for four faces")));
 }
 
 TEST(Generator, WantsLettersThatTheLocaleDataLacks)
 {
-    Language occitan = {"oc", "Occitan", "OC", "fr", "oci", "DejaVuSans.ttf", "", ""};
-    EXPECT_THAT([&] { generate(occitan, shippedCatalogue()); },
+    Language occitan = {"oc", "Occitan", "OC", "fr", "oci", "DejaVuSans.ttf", ""};
+    EXPECT_THAT([&] { generate(occitan, shippedCatalogue(), {}); },
                 ThrowsMessage<std::runtime_error>(
                     HasSubstr("Occitan: the locale data has no letters for \"oc\"")));
     occitan.letters = "[a-zœ]";
-    const KeyMap keyMap = generate(occitan, shippedCatalogue());
+    const KeyMap keyMap = generate(occitan, shippedCatalogue(), {});
     EXPECT_TRUE(placesOf(keyMap).count("œ"));
     EXPECT_TRUE(placesOf(keyMap).count("Œ"));
+}
+
+TEST(Exceptions, ChangeTheKeyAndNoOther)
+{
+    const KeyMap before = generate(languageOf("English"), shippedCatalogue(), {});
+    const KeyMap after = generate(languageOf("English"), shippedCatalogue(),
+                                  {{"English", "AD01", 0, "ö"}, {"German", "AD02", 0, "ä"}});
+    EXPECT_EQ(before.defaults[17].plain.text, "q");
+    EXPECT_EQ(after.defaults[17].plain.text, "ö");
+    EXPECT_EQ(after.defaults[18].plain.text, "w");
+}
+
+TEST(Exceptions, SayWhichLineIsWrong)
+{
+    const struct {
+        const char* line;
+        const char* message;
+    } kCases[] = {
+        {"Klingon\tAD01\tdefault\tx\twhy", "the layout \"Klingon\", expected the name of one"},
+        {"Greek\tAD99\tdefault\tx\twhy", "the key \"AD99\", expected the name of a printing key"},
+        {"Greek\tAD01\tupper\tx\twhy", "the face \"upper\", expected default, default shifted"},
+        {"Greek\tAD01\tdefault\tx", "4 columns, expected 5"},
+    };
+    TemporaryFolder folder;
+    for (const auto& wrong : kCases) {
+        std::ofstream(folder.path("table")) << "# comment\n\n" << wrong.line << "\n";
+        EXPECT_THAT([&] { readExceptions(folder.path("table"), languages()); },
+                    ThrowsMessage<std::runtime_error>(
+                        HasSubstr("table: line 3: found " + std::string(wrong.message))));
+    }
 }
 
 TEST(LanguageTable, SaysWhichLineIsWrong)

@@ -10,6 +10,7 @@
 
 #include "layout_set.h"
 #include "shipped.h"
+#include "usage.h"
 
 using namespace layouts;
 using testing::ElementsAreArray;
@@ -88,6 +89,25 @@ TEST(Languages, HaveAFileEachAndNoOthersAreThere)
         names.push_back(language.name);
     std::sort(names.begin(), names.end());
     EXPECT_THAT(shippedLayouts(), ElementsAreArray(names));
+}
+
+// The means of all layouts; a test of each layout holds it alone.
+TEST(Languages, AreTypedWithFewPresses)
+{
+    std::vector<double> presses;
+    size_t words = 0;
+    size_t untypable = 0;
+    for (const Language& language : languages()) {
+        const Usage usage = usageOf(shippedKeyMap(language.name), language);
+        words += usage.words;
+        untypable += usage.untypable.size();
+        if (usage.words > 0)
+            presses.push_back(usage.presses);
+    }
+    std::sort(presses.begin(), presses.end());
+    EXPECT_GT(words, 100000u);
+    EXPECT_LE(untypable * 1000, words);
+    EXPECT_LE(presses[presses.size() / 2], 4.82);
 }
 
 TEST(DefaultCatalogue, BeginsWithEnglishAndGermanAndIsShort)

@@ -1,11 +1,15 @@
+#include <map>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "core_walk.h"
 #include "font_files.h"
 #include "json_file.h"
+#include "locale_data.h"
 #include "shipped.h"
 #include "text.h"
+#include "usage.h"
 
 using namespace layouts;
 using testing::ElementsAre;
@@ -48,6 +52,46 @@ TEST_P(Layout, CoversItsAlphabetAndAscii)
         if (spelling.keys.empty())
             missing += spelling.text + " (" + describe(spelling.text) + ") ";
     EXPECT_EQ(missing, "");
+}
+
+// Words that the locale data spells in another language's letters may be out of reach.
+TEST_P(Layout, TypesTheWordsOfItsLanguage)
+{
+    const Usage usage = usageOf(shippedKeyMap(GetParam()), languageOf(GetParam()));
+    EXPECT_LE(usage.untypable.size() * 100, usage.words) << testing::PrintToString(usage.untypable);
+    EXPECT_LE(usage.presses, 6.0);
+    EXPECT_LE(usage.behindAlt, 0.1);
+}
+
+TEST_P(Layout, HasTheDigitsAndThePunctuationOfItsLanguage)
+{
+    const std::map<std::string, Place> places = placesOf(shippedKeyMap(GetParam()));
+    const Language& language = languageOf(GetParam());
+    const std::vector<std::string> ascii = usualDigits("en");
+    for (const auto& digits : {ascii, digitsOf(language), nativeDigitsOf(language)})
+        for (const std::string& digit : digits)
+            EXPECT_TRUE(places.count(digit)) << digit;
+    for (const std::string& digit : ascii) {
+        const bool isUsual = digitsOf(language) == ascii;
+        EXPECT_FALSE(isUsual && places.at(digit).face->symbol) << digit;
+    }
+    // The two that look like the hyphen of ASCII give way where there is no room.
+    for (const std::string& mark : punctuationOf(language))
+        EXPECT_TRUE(places.count(mark) || !isSign(mark) || mark == "\u2010" || mark == "\u2011")
+            << mark << " " << describe(mark);
+}
+
+// A page that takes only digits looks at the code, from 48 for zero.
+TEST_P(Layout, GivesDigitsTheirCode)
+{
+    const KeyMap keyMap = shippedKeyMap(GetParam());
+    for (const Face& face : kFaces)
+        for (const Key& key : keysOf(keyMap, face)) {
+            const int value = digitValue(delivered(legendOf(key, face)));
+            if (value >= 0 && !key.isSpecial) {
+                EXPECT_EQ(key.keyCode, 48 + value) << face.name;
+            }
+        }
 }
 
 TEST_P(Layout, LetsTheDriversScriptsReachTheirKeys)

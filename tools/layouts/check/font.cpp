@@ -43,7 +43,7 @@ Font::~Font() = default;
 bool Font::hasGlyph(char32_t codePoint) const
 {
     const FT_UInt glyph = FT_Get_Char_Index(m_library->face, codePoint);
-    if (glyph == 0 || codePoint == U' ' || isJoiner(static_cast<int32_t>(codePoint)))
+    if (glyph == 0 || codePoint == U' ' || isInvisible(static_cast<int32_t>(codePoint)))
         return glyph != 0;
     // Some fonts name a glyph for a character and have nothing in it.
     return FT_Load_Glyph(m_library->face, glyph, FT_LOAD_RENDER) == 0 &&

@@ -7,6 +7,7 @@
 #include "font.h"
 #include "json_file.h"
 #include "key_map.h"
+#include "label.h"
 #include "text.h"
 
 namespace layouts
@@ -59,7 +60,7 @@ void checkCharacter(const std::string& file, const Key& key, const Face& face, s
     const int32_t single = singleCodePoint(legend.text);
     const bool isCaretKey = key.keyCode == kCaretLeft || key.keyCode == kCaretRight;
     if (legend.character == single || isControl(legend.character) ||
-        (isJoiner(legend.character) && !single) || (isCaretKey && legend.character == 0))
+        legend.text == labelFor(delivered(legend)) || (isCaretKey && legend.character == 0))
         return;
     findings.push_back({file, characterPath(face, i), std::to_string(legend.character),
                         single

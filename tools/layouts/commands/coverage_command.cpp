@@ -10,6 +10,7 @@
 #include "layout_set.h"
 #include "resources.h"
 #include "text.h"
+#include "usage.h"
 
 namespace layouts
 {
@@ -21,12 +22,16 @@ struct Arguments {
     std::string from;
 };
 
-void print(const Language& language, const Coverage& coverage, bool each)
+void print(const Language& language, const Coverage& coverage, const Usage& usage, bool each)
 {
     std::printf("%s:", language.name.c_str());
     for (const Coverage::Group& group : coverage.groups)
         std::printf(" %zu %s,", group.texts.size(), group.name);
     std::printf(" %zu missing\n", coverage.missing.size());
+    std::printf("%s: %zu words, %zu cannot be typed, %.2f presses a character, %.1f%% of the "
+                "characters behind Alt\n",
+                language.name.c_str(), usage.words, usage.untypable.size(), usage.presses,
+                100 * usage.behindAlt);
     for (const std::string& text : coverage.missing)
         std::printf("%s: %s (%s) cannot be typed\n", language.name.c_str(), text.c_str(),
                     describe(text).c_str());
@@ -47,7 +52,7 @@ int run(const Resources& resources, const Arguments& arguments)
     for (const Language& language : chosenLanguages(resources, arguments.names)) {
         const KeyMap keyMap = readKeyMap(keyMapFile(folder, language.name));
         const Coverage coverage = coverageOf(keyMap, language);
-        print(language, coverage, !arguments.names.empty());
+        print(language, coverage, usageOf(keyMap, language), !arguments.names.empty());
         if (!coverage.missing.empty())
             status = 1;
     }

@@ -1,11 +1,13 @@
 // layouts generate: writes key maps.
 #include <cstdio>
+#include <map>
 #include <memory>
 
 #include <CLI/CLI.hpp>
 
 #include "catalogue.h"
 #include "commands.h"
+#include "exceptions.h"
 #include "generator.h"
 #include "json_file.h"
 #include "layout_set.h"
@@ -28,10 +30,16 @@ void run(const Resources& resources, const Arguments& arguments)
         throw CLI::ValidationError("generate", "name languages or give --all");
     const Catalogue grid = readCatalogue(catalogueFile(resources.folder()));
     const std::string folder = arguments.to.empty() ? resources.folder() : arguments.to;
-    for (const Language& language : chosenLanguages(resources, arguments.names)) {
-        const std::string file = keyMapFile(folder, language.name);
-        writeFile(file, writeKeyMap(generate(language, grid)));
-        std::printf("%s\n", file.c_str());
+    const std::vector<KeyException> exceptions =
+        readExceptions(resources.exceptions(), readLanguages(resources.table()));
+    // All are made before the first is written: an error leaves the folder as it was.
+    std::map<std::string, std::string> texts;
+    for (const Language& language : chosenLanguages(resources, arguments.names))
+        texts[keyMapFile(folder, language.name)] =
+            writeKeyMap(generate(language, grid, exceptions));
+    for (const auto& text : texts) {
+        writeFile(text.first, text.second);
+        std::printf("%s\n", text.first.c_str());
     }
 }
 

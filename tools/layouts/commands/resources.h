@@ -17,6 +17,7 @@ struct Resources {
 
     std::string folder() const { return path + "/oskeyboard_config"; }
     std::string table() const { return path + "/languages.tsv"; }
+    std::string exceptions() const { return path + "/exceptions.tsv"; }
     std::string leftOut() const { return path + "/left_out.tsv"; }
     std::string schemas() const { return path + "/schema"; }
 };

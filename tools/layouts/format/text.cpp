@@ -25,6 +25,12 @@ std::string normalized(const std::string& text, const icu::Normalizer2* form, UE
     return U_SUCCESS(status) ? utf8(result) : text;
 }
 
+// Hebrew accents, which only the Bible is printed with.
+bool isCantillation(UChar32 c)
+{
+    return c >= 0x0591 && c <= 0x05AF;
+}
+
 // More than one code point, with marks of their own.
 bool isMarked(const icu::UnicodeString& text)
 {
@@ -96,6 +102,38 @@ std::string upperCase(const std::string& text, const std::string& language)
     }
     const std::string result = nfc(utf8(upper));
     return result == text ? std::string() : result;
+}
+
+std::string lowerCase(const std::string& text, const std::string& language)
+{
+    return nfc(utf8(icu::UnicodeString::fromUTF8(text).toLower(icu::Locale(language.c_str()))));
+}
+
+bool isSign(const std::string& text)
+{
+    const int32_t c = singleCodePoint(text);
+    constexpr uint32_t kTyped = U_GC_L_MASK | U_GC_M_MASK | U_GC_N_MASK | U_GC_P_MASK |
+                                U_GC_SC_MASK | U_GC_SM_MASK | U_GC_SK_MASK;
+    const UBlockCode block = ublock_getCode(c);
+    const bool isRare = block == UBLOCK_ARROWS || block == UBLOCK_SUPPLEMENTAL_PUNCTUATION ||
+                        block == UBLOCK_CJK_SYMBOLS_AND_PUNCTUATION || isCantillation(c);
+    return isInvisible(c) || (c != 0 && (U_GET_GC_MASK(c) & kTyped) != 0 && !isRare);
+}
+
+bool isAsciiAlphanumeric(const std::string& text)
+{
+    const int32_t c = singleCodePoint(text);
+    return c > 0 && c < 0x80 && u_isalnum(c);
+}
+
+int digitValue(const std::string& text)
+{
+    return u_charDigitValue(singleCodePoint(text));
+}
+
+bool isInvisible(int32_t c)
+{
+    return c >= 0x200B && c <= 0x200D;
 }
 
 std::string describe(const std::string& text)

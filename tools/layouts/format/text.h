@@ -24,13 +24,18 @@ int32_t singleCodePoint(const std::string& text);
 // The upper-case form, or the empty string for what has none in everyday writing.
 std::string upperCase(const std::string& text, const std::string& language);
 
-// The joiners that some scripts type between letters; they have no picture of their own.
-constexpr char32_t kNonJoiner = 0x200C;
-constexpr char32_t kJoiner = 0x200D;
-inline bool isJoiner(int32_t c)
-{
-    return c == kNonJoiner || c == kJoiner;
-}
+std::string lowerCase(const std::string& text, const std::string& language);
+
+// Whether it is one character that everyday writing can need: no picture, and no sign that only
+// scholars know and few fonts have.
+bool isSign(const std::string& text);
+bool isAsciiAlphanumeric(const std::string& text);
+
+// 0 to 9 for a decimal digit of any script, otherwise -1.
+int digitValue(const std::string& text);
+
+// Characters that are typed between letters and have no picture: joiners, and a space of no width.
+bool isInvisible(int32_t c);
 
 // U+00E9, for messages about texts that a terminal may not show.
 std::string describe(const std::string& text);

@@ -4,9 +4,12 @@
 #include <stdexcept>
 
 #include "catalogue.h"
-#include "key_set.h"
+#include "default_set.h"
+#include "exceptions.h"
+#include "label.h"
 #include "language.h"
 #include "positions.h"
+#include "repertoire.h"
 #include "symbol_set.h"
 #include "text.h"
 #include "xkb_keyboard.h"
@@ -16,41 +19,13 @@ namespace layouts
 namespace
 {
 
-void placeXkbKey(KeySet& keys, size_t i, KeyTexts texts, const Language& language)
+// A page that takes only digits looks at the code, whichever face types the digit.
+int32_t keyCodeOf(const Position& position, const KeyTexts& texts)
 {
-    if (texts.shifted.empty())
-        texts.shifted = upperCase(texts.plain, language.icuName);
-    // A character that the face has already is one too many; the place is worth more.
-    if (!keys.hasPlain(texts.plain))
-        keys.setPlain(i, texts.plain);
-    if (!keys.hasShifted(texts.shifted))
-        keys.setShifted(i, texts.shifted);
-}
-
-KeySet defaultSet(const Language& language)
-{
-    KeySet keys;
-    const auto keyboard =
-        readXkbKeyboard(language.xkbLayout, language.xkbVariant, language.xkbFolder);
-    size_t extra = 0;
-    for (size_t i = 0; i < keys.size(); ++i) {
-        const std::string name = positions()[i].xkbName;
-        if (name == "LSGT")
-            extra = i;
-        else if (!name.empty())
-            placeXkbKey(keys, i, keyboard.at(name), language);
-    }
-    // Many keyboards repeat on this key what they type elsewhere, too.
-    const KeyTexts& texts = keyboard.at("LSGT");
-    if (!keys.has(texts.plain) || !keys.has(texts.shifted))
-        placeXkbKey(keys, extra, texts, language);
-    keys.fillForTheWeb();
-    return keys;
-}
-
-int32_t keyCodeOf(const Position& position, const std::string& text)
-{
-    const int32_t character = singleCodePoint(text);
+    for (const std::string& text : {texts.plain, texts.shifted})
+        if (digitValue(text) >= 0)
+            return '0' + digitValue(text);
+    const int32_t character = singleCodePoint(texts.plain);
     const int32_t code =
         character > 0x20 && character < 0x7F ? usKeyCode(static_cast<char>(character)) : 0;
     return code ? code : position.keyCode;
@@ -58,10 +33,7 @@ int32_t keyCodeOf(const Position& position, const std::string& text)
 
 Legend legendFor(const std::string& text)
 {
-    const int32_t character = singleCodePoint(text);
-    if (!isJoiner(character))
-        return {text, character};
-    return {character == kJoiner ? "ZWJ" : "ZNJ", character};
+    return {labelFor(text), singleCodePoint(text)};
 }
 
 Key makeKey(const Language& language, const Position& position, const KeyTexts& texts,
@@ -83,9 +55,18 @@ Key makeKey(const Language& language, const Position& position, const KeyTexts& 
                 legendFor(texts.shifted),
                 false,
                 false,
-                keyCodeOf(position, texts.plain),
+                keyCodeOf(position, texts),
                 around};
     }
+}
+
+// Up and down from the space bar, which lies below six keys, lead where words need it most.
+std::vector<Neighbours> linksOf(const Catalogue& catalogue)
+{
+    std::vector<Neighbours> around = neighbours(catalogue.cells);
+    around[spaceBarPosition()].up = static_cast<int>(positionOf("AB06"));
+    around[spaceBarPosition()].down = static_cast<int>(positionOf("AE05"));
+    return around;
 }
 
 std::vector<Key> makeKeys(const Language& language, const KeySet& keys,
@@ -97,18 +78,35 @@ std::vector<Key> makeKeys(const Language& language, const KeySet& keys,
     return result;
 }
 
-} // namespace
-
-KeyMap generate(const Language& language, const Catalogue& catalogue)
+KeyMap keyMapOf(const Language& language, const Catalogue& catalogue,
+                const std::vector<KeyException>& exceptions)
 {
     if (catalogue.cells.size() != positions().size())
         throw std::runtime_error("the catalogue's grid has " +
                                  std::to_string(catalogue.cells.size()) + " keys, expected " +
                                  std::to_string(positions().size()));
-    const KeySet defaults = defaultSet(language);
-    const KeySet symbols = symbolSet(language, catalogue, defaults);
-    const std::vector<Neighbours> around = neighbours(catalogue.cells);
+    const Repertoire repertoire(language);
+    XkbKeyboard keyboard =
+        readXkbKeyboard(language.xkbLayout, language.xkbVariant, language.xkbFolder);
+    applyExceptions(exceptions, language.name, keyboard);
+    const std::vector<Neighbours> around = linksOf(catalogue);
+    const KeySet defaults = defaultSet(keyboard, repertoire, around);
+    const KeySet symbols = symbolSet(keyboard, repertoire, catalogue.cells, defaults);
     return {makeKeys(language, defaults, around), makeKeys(language, symbols, around)};
+}
+
+} // namespace
+
+KeyMap generate(const Language& language, const Catalogue& catalogue,
+                const std::vector<KeyException>& exceptions)
+{
+    try {
+        return keyMapOf(language, catalogue, exceptions);
+    } catch (const std::runtime_error& error) {
+        if (language.place.empty())
+            throw;
+        throw std::runtime_error(language.place + ": " + error.what());
+    }
 }
 
 } // namespace layouts

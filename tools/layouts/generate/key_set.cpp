@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "positions.h"
+#include "text.h"
 
 namespace layouts
 {
@@ -92,14 +93,20 @@ void KeySet::set(size_t i, const KeyTexts& texts)
     setShifted(i, texts.shifted);
 }
 
-void KeySet::fillForTheWeb()
+void KeySet::fillForTheWeb(const std::vector<std::string>& punctuation)
 {
+    const auto firstOfLanguage = [&] {
+        for (const std::string& mark : punctuation)
+            if (singleCodePoint(mark) >= 0x80 && !has(mark))
+                return mark;
+        return std::string();
+    };
     for (const size_t i : fillOrder()) {
         if (m_keys[i].plain.empty())
             setPlain(i, firstOf({firstMissing(kWebPlain, m_plain), firstMissing(kSigns, m_plain)}));
         if (m_keys[i].shifted.empty())
             setShifted(
-                i, firstOf({firstMissing(kWebShifted, m_shifted),
+                i, firstOf({firstOfLanguage(), firstMissing(kWebShifted, m_shifted),
                             firstMissing(kWebPlain, m_shifted), firstMissing(kSigns, m_shifted)}));
     }
 }

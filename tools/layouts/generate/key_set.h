@@ -33,9 +33,10 @@ public:
     void setShifted(size_t i, const std::string& text);
     void set(size_t i, const KeyTexts& texts);
 
-    // Give the keys that are still free useful characters: those of web addresses first, or, for
-    // the symbol set, signs that the set does not have on any face.
-    void fillForTheWeb();
+    // Give the keys that are still free useful characters: those of web addresses first, with
+    // the language's punctuation on the shifted face, or, for the symbol set, signs that the set
+    // does not have on any face.
+    void fillForTheWeb(const std::vector<std::string>& punctuation);
     void fillWithSigns();
 
 private:

@@ -3,6 +3,8 @@
 
 #include <cctype>
 
+#include "text.h"
+
 namespace layouts
 {
 
@@ -84,6 +86,37 @@ const std::vector<Position>& positions()
         {Role::Fixed, "", "\u2192", "\u2192", 39, 0},
     };
     return kTable;
+}
+
+size_t positionOf(const std::string& xkbName)
+{
+    size_t i = 0;
+    while (i < positions().size() && positions()[i].xkbName != xkbName)
+        ++i;
+    return i;
+}
+
+size_t spaceBarPosition()
+{
+    size_t i = 0;
+    while (positions()[i].keyCode != ' ')
+        ++i;
+    return i;
+}
+
+size_t digitPosition(const std::string& digit)
+{
+    const int value = digitValue(digit);
+    size_t i = 0;
+    while (i < positions().size() && positions()[i].keyCode != '0' + value)
+        ++i;
+    return i;
+}
+
+bool isLetterKey(size_t i)
+{
+    const Position& position = positions()[i];
+    return position.role == Role::Printing && position.keyCode >= 'A' && position.keyCode <= 'Z';
 }
 
 int32_t usKeyCode(char character)

@@ -1,7 +1,9 @@
 #ifndef TOOLS_LAYOUTS_GENERATE_POSITIONS_H
 #define TOOLS_LAYOUTS_GENERATE_POSITIONS_H
 
+#include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace layouts
@@ -27,6 +29,15 @@ struct Position {
 
 // In the order of the grid: row by row, from the left.
 const std::vector<Position>& positions();
+
+// The position of the key with this name in the keyboard database, of the space bar, and of the
+// key where a US keyboard has the digit of the same value; positions().size() if there is none.
+size_t positionOf(const std::string& xkbName);
+size_t spaceBarPosition();
+size_t digitPosition(const std::string& digit);
+
+// Whether a US keyboard has a letter there.
+bool isLetterKey(size_t i);
 
 // The code of the US key that types an ASCII character; 0 if there is none.
 int32_t usKeyCode(char character);

@@ -1,13 +1,14 @@
 // Places on the symbol faces what the default faces lack.
 #include "symbol_set.h"
 
-#include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <stdexcept>
 
+#include "base_letters.h"
 #include "catalogue.h"
-#include "language.h"
 #include "positions.h"
+#include "repertoire.h"
 #include "text.h"
 #include "typing.h"
 
@@ -16,232 +17,317 @@ namespace layouts
 namespace
 {
 
-bool isLetterKey(const Position& position)
-{
-    return position.keyCode >= 'A' && position.keyCode <= 'Z' && position.role == Role::Printing;
-}
+const char kEuro[] = "€";
 
 class SymbolSet
 {
 public:
-    SymbolSet(const Catalogue& catalogue, const KeySet& defaults)
-        : m_cells(catalogue.cells), m_defaults(defaults)
+    SymbolSet(const XkbKeyboard& keyboard, const Repertoire& repertoire,
+              const std::vector<Cell>& cells, const KeySet& defaults)
+        : m_keyboard(keyboard), m_repertoire(repertoire), m_cells(cells), m_defaults(defaults)
     {
-        placeUsKeyboard();
     }
 
-    // Places what the default set cannot type of the letters. Returns false when there are
-    // too many.
+    // What the language's own keyboard has on AltGr stays on its key: first what the language uses.
+    void placeAltGr(bool onlyUsed)
+    {
+        for (size_t i = 0; i < m_keys.size(); ++i) {
+            const auto key = m_keyboard.find(positions()[i].xkbName);
+            if (key == m_keyboard.end() || !KeySet::isFree(i))
+                continue;
+            for (const bool shifted : {false, true}) {
+                const std::string& text =
+                    shifted ? key->second.altGr.shifted : key->second.altGr.plain;
+                const bool wanted =
+                    m_repertoire.uses(text) || singleCodePoint(text) < 0x80 || text == kEuro;
+                if (isMissing(text) && isSign(text) && (wanted || !onlyUsed) && isEmpty(i, shifted))
+                    put(i, shifted, text);
+            }
+        }
+    }
+
+    void placeLatinLetters()
+    {
+        for (size_t i = 0; i < m_keys.size(); ++i)
+            for (const bool shifted : {false, true}) {
+                const std::string text = usText(i, shifted);
+                if (isLetterKey(i) && isMissing(text) && isEmpty(i, shifted))
+                    put(i, shifted, text);
+            }
+    }
+
+    // Each on the key of its base letter before others take that place. Returns false when there
+    // are too many.
     bool placeLetters(const std::vector<KeyTexts>& letters)
     {
-        // Each letter on the key of its base letter first, before others take that place.
-        std::vector<KeyTexts> others;
         for (const KeyTexts& letter : letters) {
             const size_t home = homeOf(letter.plain);
-            if (m_keys.has(letter.plain) && (letter.shifted.empty() || m_keys.has(letter.shifted)))
-                continue;
-            if (m_keys.isEmpty(home))
-                place(home, letter);
-            else
-                others.push_back(letter);
+            if (isMissing(letter.plain) && m_keys.isEmpty(home))
+                place(letter, home);
         }
-        return std::all_of(others.begin(), others.end(),
-                           [&](const KeyTexts& letter) { return placeNear(letter); });
+        bool all = true;
+        for (const KeyTexts& letter : letters)
+            all = place(letter, homeOf(letter.plain)) && all;
+        return all;
     }
 
-    // Letters that the language does not need, while there is room among the letter keys.
+    // What the language does not need, while there is room among the letter keys.
     void placeForeignLetters(const std::vector<KeyTexts>& letters)
     {
         for (const KeyTexts& letter : letters) {
             const size_t home = homeOf(letter.plain);
-            if (isLetterKey(positions()[home]) && m_keys.isEmpty(home) && !m_keys.has(letter.plain))
-                place(home, letter);
+            if (isMissing(letter.plain) && isLetterKey(home) && m_keys.isEmpty(home))
+                m_keys.set(home, onlyMissing(letter));
         }
         for (const KeyTexts& letter : letters) {
             const size_t near = nearest(homeOf(letter.plain), [&](size_t i) {
-                return isLetterKey(positions()[i]) && m_keys.isEmpty(i);
+                return isLetterKey(i) && m_keys.isEmpty(i);
             });
-            if (near < m_keys.size() && !m_keys.has(letter.plain))
-                place(near, letter);
+            if (near < m_keys.size() && isMissing(letter.plain))
+                m_keys.set(near, onlyMissing(letter));
         }
     }
 
-    const KeySet& finished()
+    // On the keys where a US keyboard has 0 to 9, as a key has one code for all digits.
+    void placeDigits()
     {
+        std::vector<std::string> ascii;
+        for (int digit = 0; digit < 10; ++digit)
+            ascii.push_back(std::to_string(digit));
+        for (const auto& digits : {ascii, m_repertoire.digits(), m_repertoire.nativeDigits()})
+            for (const std::string& digit : digits)
+                if (isMissing(digit))
+                    put(digitPosition(digit), !isEmpty(digitPosition(digit), false), digit);
+    }
+
+    // Returns false when there is no room for all.
+    bool placeAscii()
+    {
+        for (size_t i = 0; i < m_keys.size(); ++i)
+            for (const bool shifted : {false, true}) {
+                const std::string text = usText(i, shifted);
+                if (!text.empty() && isMissing(text) && isEmpty(i, shifted))
+                    put(i, shifted, text);
+            }
+        bool all = true;
+        for (size_t i = 0; i < m_keys.size(); ++i)
+            for (const bool shifted : {false, true}) {
+                const std::string text = usText(i, shifted);
+                if (!text.empty() && isMissing(text))
+                    all = placeOne(text, i, shifted) && all;
+            }
+        return all;
+    }
+
+    void placePunctuation()
+    {
+        for (const std::string& mark : m_repertoire.punctuation())
+            if (isMissing(mark) && singleCodePoint(mark))
+                place({mark, ""}, middle());
+    }
+
+    // The rest is as on a US keyboard.
+    KeySet finished()
+    {
+        for (size_t i = 0; i < m_keys.size(); ++i)
+            for (const bool shifted : {false, true}) {
+                const std::string text = usText(i, shifted);
+                const bool isThere = shifted ? m_keys.hasShifted(text) : m_keys.hasPlain(text);
+                if (!text.empty() && !isLetterKey(i) && !isThere && isEmpty(i, shifted))
+                    put(i, shifted, text);
+            }
         m_keys.fillWithSigns();
-        m_keys.fillForTheWeb();
+        m_keys.fillForTheWeb({});
         return m_keys;
     }
 
+    bool needsLatin() const { return isMissing("a") || isMissing("z"); }
+
 private:
-    void placeUsKeyboard()
+    bool isMissing(const std::string& text) const
     {
-        const Speller defaults(m_defaults.texts());
-        const bool needsLatin = !defaults.canType("abcdefghijklmnopqrstuvwxyz") ||
-                                !defaults.canType("ABCDEFGHIJKLMNOPQRSTUVWXYZ");
-        for (size_t i = 0; i < m_keys.size(); ++i) {
-            const Position& position = positions()[i];
-            const KeyTexts texts = {position.text, position.shiftedText};
-            if (position.role != Role::Printing || texts.plain.empty() ||
-                (isLetterKey(position) && !needsLatin))
-                continue;
-            m_keys.set(i, texts);
-        }
+        return !text.empty() && !m_defaults.has(text) && !m_keys.has(text);
     }
 
-    // The key that types the letter's base on the default face; without one, the first of the
-    // bottom row.
+    bool isEmpty(size_t i, bool shifted) const
+    {
+        return KeySet::isFree(i) && textAt(i, shifted).empty();
+    }
+
+    const std::string& textAt(size_t i, bool shifted) const
+    {
+        return shifted ? m_keys.at(i).shifted : m_keys.at(i).plain;
+    }
+
+    static std::string usText(size_t i, bool shifted)
+    {
+        const Position& position = positions()[i];
+        if (position.role != Role::Printing)
+            return std::string();
+        return shifted ? position.shiftedText : position.text;
+    }
+
+    void put(size_t i, bool shifted, const std::string& text)
+    {
+        if (shifted)
+            m_keys.setShifted(i, text);
+        else
+            m_keys.setPlain(i, text);
+    }
+
+    // The key that types the letter's base; without one, the middle of the keyboard.
     size_t homeOf(const std::string& letter) const
     {
-        const std::string base = fromCodePoint(codePoints(nfd(letter)).front());
-        for (size_t i = 0; i < m_keys.size(); ++i)
-            if (KeySet::isFree(i) && m_defaults.at(i).plain == base)
-                return i;
-        return fillOrder().front();
+        const std::string base = baseLetter(letter);
+        for (const bool shifted : {false, true})
+            for (size_t i = 0; i < m_keys.size(); ++i)
+                if (KeySet::isFree(i) &&
+                    (shifted ? m_defaults.at(i).shifted : m_defaults.at(i).plain) == base)
+                    return i;
+        return middle();
+    }
+
+    static size_t middle() { return positionOf("AC06"); }
+
+    double distance(size_t home, size_t i) const
+    {
+        constexpr int kRowAway = 10; // in columns: the same row is nearer than the next
+        const Cell& from = m_cells[home];
+        const Cell& to = m_cells[i];
+        return std::abs(from.column + from.width / 2.0 - to.column - to.width / 2.0) +
+               kRowAway * std::abs(from.row - to.row);
     }
 
     template <typename Accept> size_t nearest(size_t home, Accept accept) const
     {
-        constexpr int kRowAway = 10; // in columns: the same row is nearer than the next
-        const auto distance = [&](size_t i) {
-            const Cell& from = m_cells[home];
-            const Cell& to = m_cells[i];
-            return std::abs(2 * from.column + from.width - 2 * to.column - to.width) +
-                   2 * kRowAway * std::abs(from.row - to.row);
-        };
         size_t best = m_keys.size();
         for (size_t i = 0; i < m_keys.size(); ++i)
-            if (accept(i) && (best == m_keys.size() || distance(i) < distance(best)))
+            if (accept(i) && (best == m_keys.size() || distance(home, i) < distance(home, best)))
                 best = i;
         return best;
     }
 
-    bool placeNear(const KeyTexts& letter)
-    {
-        return letter.shifted.empty() ? placeOne(letter.plain) : placePair(letter);
-    }
-
     // Two letters can have one upper case between them; it stands once.
-    void place(size_t i, const KeyTexts& letter)
+    KeyTexts onlyMissing(const KeyTexts& letter) const
     {
-        m_keys.setPlain(i, letter.plain);
-        if (!m_keys.hasShifted(letter.shifted))
-            m_keys.setShifted(i, letter.shifted);
+        return {letter.plain, isMissing(letter.shifted) ? letter.shifted : std::string()};
     }
 
-    bool placePair(const KeyTexts& letter)
+    // A letter with its upper case, where the layout lacks them. Returns whether both are there.
+    bool place(const KeyTexts& letter, size_t home)
     {
-        const size_t home = homeOf(letter.plain);
-        size_t near = nearest(home, [&](size_t i) { return m_keys.isEmpty(i); });
-        if (near == m_keys.size())
-            near = nearest(home, [&](size_t i) { return isSpare(i, false) && isSpare(i, true); });
-        if (near == m_keys.size())
-            return false;
-        m_keys.set(near, {});
-        place(near, letter);
-        return true;
-    }
-
-    // A letter without upper case takes one face of a key: the free one of two before a free
-    // key, a free key before what the default set types, too.
-    bool placeOne(const std::string& letter)
-    {
-        const size_t home = homeOf(letter);
-        size_t place = nearest(home, [&](size_t i) {
-            return !m_keys.at(i).plain.empty() && m_keys.at(i).shifted.empty();
-        });
-        bool shifted = place < m_keys.size();
-        if (place == m_keys.size())
-            place = nearest(home, [&](size_t i) { return m_keys.isEmpty(i); });
-        for (const bool face : {false, true}) {
-            if (place < m_keys.size())
-                break;
-            shifted = face;
-            place = nearest(home, [&](size_t i) { return isSpare(i, face); });
+        const bool needsPlain = isMissing(letter.plain);
+        const bool needsShifted = isMissing(letter.shifted);
+        if (needsPlain && needsShifted) {
+            const size_t near = nearest(home, [&](size_t i) { return m_keys.isEmpty(i); });
+            if (near < m_keys.size()) {
+                m_keys.set(near, letter);
+                return true;
+            }
         }
-        if (place == m_keys.size())
+        const bool plain = !needsPlain || placeOne(letter.plain, home, false);
+        return (!needsShifted || placeOne(letter.shifted, homeOfUpper(letter, home), true)) &&
+               plain;
+    }
+
+    // The upper case goes to the key of the lower case.
+    size_t homeOfUpper(const KeyTexts& letter, size_t home) const
+    {
+        for (size_t i = 0; i < m_keys.size(); ++i)
+            if (KeySet::isFree(i) &&
+                (m_keys.at(i).plain == letter.plain || m_defaults.at(i).plain == letter.plain))
+                return i;
+        return home;
+    }
+
+    // On the nearest key, and rather there on the other face than far away.
+    bool placeOne(const std::string& text, size_t home, bool shifted)
+    {
+        constexpr double kOtherFace = 4; // in columns
+        double best = std::numeric_limits<double>::max();
+        size_t key = 0;
+        bool face = shifted;
+        for (size_t i = 0; i < m_keys.size(); ++i)
+            for (const bool tried : {shifted, !shifted}) {
+                const double cost = distance(home, i) + (tried == shifted ? 0 : kOtherFace);
+                if (isEmpty(i, tried) && cost < best) {
+                    best = cost;
+                    key = i;
+                    face = tried;
+                }
+            }
+        if (best == std::numeric_limits<double>::max())
             return false;
-        if (shifted)
-            m_keys.setShifted(place, letter);
-        else
-            m_keys.setPlain(place, letter);
+        put(key, face, text);
         return true;
     }
 
-    // Whether the face of the key shows a character of the US keyboard that the default set
-    // has, too.
-    bool isSpare(size_t i, bool shifted) const
-    {
-        const std::string& text = shifted ? m_keys.at(i).shifted : m_keys.at(i).plain;
-        const Position& position = positions()[i];
-        return position.role == Role::Printing && !text.empty() && m_defaults.has(text) &&
-               text == (shifted ? position.shiftedText : position.text);
-    }
-
+    const XkbKeyboard& m_keyboard;
+    const Repertoire& m_repertoire;
     const std::vector<Cell>& m_cells;
     const KeySet& m_defaults;
     KeySet m_keys;
 };
 
-// The single characters that the letters consist of and that the keys cannot type, each with
-// its upper case.
-std::vector<KeyTexts> missingCharacters(const std::vector<std::string>& letters,
-                                        const Language& language, const Speller& keys)
+// The characters that the keys cannot type, with their upper case.
+std::vector<KeyTexts> missing(const std::vector<KeyTexts>& characters, const Speller& keys)
 {
-    std::vector<KeyTexts> missing;
-    std::set<std::string> seen;
-    for (const std::string& letter : letters) {
-        for (const char32_t c : codePoints(letter)) {
-            const KeyTexts texts = {fromCodePoint(c),
-                                    upperCase(fromCodePoint(c), language.icuName)};
-            if (!seen.insert(texts.plain).second)
-                continue;
-            const bool upperMissing = !texts.shifted.empty() && !keys.canType(texts.shifted);
-            if (!keys.canType(texts.plain) || upperMissing)
-                missing.push_back(texts);
-        }
-    }
-    return missing;
+    std::vector<KeyTexts> result;
+    for (const KeyTexts& texts : characters)
+        if (!keys.canType(texts.plain) || (!texts.shifted.empty() && !keys.canType(texts.shifted)))
+            result.push_back(texts);
+    return result;
 }
 
 // The letters that are typed as base letter and mark.
-std::vector<KeyTexts> composedLetters(const std::vector<std::string>& letters,
-                                      const Language& language, const Speller& keys)
+std::vector<KeyTexts> composed(const std::vector<KeyTexts>& letters, const Speller& keys)
 {
-    std::vector<KeyTexts> composed;
-    for (const std::string& letter : letters)
-        if (singleCodePoint(letter) && keys.spell(letter).size() > 1)
-            composed.push_back({letter, upperCase(letter, language.icuName)});
-    return composed;
+    std::vector<KeyTexts> result;
+    for (const KeyTexts& letter : letters)
+        if (singleCodePoint(letter.plain) && keys.spell(letter.plain).size() > 1)
+            result.push_back(letter);
+    return result;
 }
 
-std::vector<std::string> decomposed(const std::vector<std::string>& letters)
+// Upper case goes with its lower case.
+std::vector<KeyTexts> ofText(const Repertoire& repertoire)
 {
-    std::vector<std::string> result;
-    result.reserve(letters.size());
-    for (const std::string& letter : letters)
-        result.push_back(nfd(letter));
+    std::vector<KeyTexts> result;
+    for (const std::string& character : repertoire.byUse()) {
+        const KeyTexts texts = repertoire.withUpperCase(repertoire.inLowerCase(character));
+        result.push_back(texts);
+        if (texts.plain != character && texts.shifted != character)
+            result.push_back({character, ""});
+    }
     return result;
 }
 
 } // namespace
 
-KeySet symbolSet(const Language& language, const Catalogue& catalogue, const KeySet& defaults)
+KeySet symbolSet(const XkbKeyboard& keyboard, const Repertoire& repertoire,
+                 const std::vector<Cell>& cells, const KeySet& defaults)
 {
-    const std::vector<std::string> letters = mainLetters(language);
     const Speller typed(defaults.texts());
-    SymbolSet whole(catalogue, defaults);
-    if (whole.placeLetters(missingCharacters(letters, language, typed))) {
-        // Letters that take two keys so far, then those of names and foreign words.
-        whole.placeForeignLetters(composedLetters(letters, language, typed));
-        whole.placeForeignLetters(missingCharacters(auxiliaryLetters(language), language, typed));
-        return whole.finished();
+    // First with each letter as one; then, where these are too many, with marks of their own.
+    for (const bool decomposed : {false, true}) {
+        SymbolSet set(keyboard, repertoire, cells, defaults);
+        set.placeDigits();
+        if (set.needsLatin())
+            set.placeLatinLetters();
+        set.placeAltGr(true);
+        if (!set.placeLetters(
+                missing(repertoire.characters(repertoire.letters(), decomposed), typed)))
+            continue;
+        if (!set.placeAscii())
+            continue;
+        set.placeLetters(missing(ofText(repertoire), typed));
+        set.placeForeignLetters(composed(repertoire.characters(repertoire.letters()), typed));
+        set.placeForeignLetters(missing(repertoire.characters(repertoire.foreignLetters()), typed));
+        set.placePunctuation();
+        set.placeAltGr(false);
+        return set.finished();
     }
-    // More letters with marks than keys: the marks get keys of their own.
-    SymbolSet marks(catalogue, defaults);
-    if (marks.placeLetters(missingCharacters(decomposed(letters), language, typed)))
-        return marks.finished();
-    throw std::runtime_error(language.name + ": its letters are too many for four faces");
+    throw std::runtime_error(repertoire.name() + ": its letters are too many for four faces");
 }
 
 } // namespace layouts

@@ -38,9 +38,9 @@ std::string textOf(xkb_keysym_t symbol)
     }
     const uint32_t c = xkb_keysym_to_utf32(symbol);
     const int8_t type = u_charType(static_cast<UChar32>(c));
-    const bool isTyped =
-        isJoiner(static_cast<int32_t>(c)) || (c != 0xA0 && u_isgraph(static_cast<UChar32>(c)) &&
-                                              type != U_FORMAT_CHAR && type != U_PRIVATE_USE_CHAR);
+    const bool isTyped = isInvisible(static_cast<int32_t>(c)) ||
+                         (c != 0xA0 && u_isgraph(static_cast<UChar32>(c)) &&
+                          type != U_FORMAT_CHAR && type != U_PRIVATE_USE_CHAR);
     return isTyped && !isPresentationForm(c) ? nfc(fromCodePoint(c)) : std::string();
 }
 
@@ -54,10 +54,19 @@ std::string textOf(xkb_keymap* keymap, xkb_keycode_t key, xkb_level_index_t leve
     return nfc(text);
 }
 
+XkbKey readKey(xkb_keymap* keymap, const char* name)
+{
+    const xkb_keycode_t key = xkb_keymap_key_by_name(keymap, name);
+    return {{textOf(keymap, key, 0), textOf(keymap, key, 1)},
+            {textOf(keymap, key, 2), textOf(keymap, key, 3)}};
+}
+
 } // namespace
 
-std::map<std::string, KeyTexts>
-readXkbKeyboard(const std::string& layout, const std::string& variant, const std::string& ownFolder)
+const char kSpaceBar[] = "SPCE";
+
+XkbKeyboard readXkbKeyboard(const std::string& layout, const std::string& variant,
+                            const std::string& ownFolder)
 {
     // Only the packaged database and our own keyboards: what a user has in the home folder or the
     // environment must not change the layouts.
@@ -78,13 +87,10 @@ readXkbKeyboard(const std::string& layout, const std::string& variant, const std
                                  "): not in the keyboard database; see the list in "
                                  "/usr/share/X11/xkb/rules/evdev.lst");
 
-    std::map<std::string, KeyTexts> keyboard;
-    for (const Position& position : positions()) {
-        if (position.role != Role::Printing)
-            continue;
-        const xkb_keycode_t key = xkb_keymap_key_by_name(keymap.get(), position.xkbName);
-        keyboard[position.xkbName] = {textOf(keymap.get(), key, 0), textOf(keymap.get(), key, 1)};
-    }
+    XkbKeyboard keyboard = {{kSpaceBar, readKey(keymap.get(), kSpaceBar)}};
+    for (const Position& position : positions())
+        if (position.role == Role::Printing)
+            keyboard[position.xkbName] = readKey(keymap.get(), position.xkbName);
     return keyboard;
 }
 

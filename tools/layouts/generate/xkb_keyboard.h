@@ -9,14 +9,22 @@
 namespace layouts
 {
 
-// What the printing keys of a computer keyboard type, by the keys' names in the keyboard
-// database. Dead keys give their accent as a character of its own where ASCII has it and
-// otherwise nothing: there is no composing here. ownFolder has keyboards that the database lacks,
-// and may be empty. Throws std::runtime_error for a keyboard that
-// the database does not have.
-std::map<std::string, KeyTexts> readXkbKeyboard(const std::string& layout,
-                                                const std::string& variant,
-                                                const std::string& ownFolder);
+// What one key of a computer keyboard types, alone and together with AltGr.
+struct XkbKey {
+    KeyTexts base;
+    KeyTexts altGr;
+};
+
+// By the keys' names in the keyboard database.
+using XkbKeyboard = std::map<std::string, XkbKey>;
+
+extern const char kSpaceBar[]; // the name of that key
+
+// The printing keys and the space bar. Dead keys give their accent as a character of its own where
+// ASCII has it and otherwise nothing: there is no composing here. ownFolder has keyboards that the
+// database lacks, and may be empty. Throws std::runtime_error for a keyboard that neither has.
+XkbKeyboard readXkbKeyboard(const std::string& layout, const std::string& variant,
+                            const std::string& ownFolder);
 
 } // namespace layouts
 

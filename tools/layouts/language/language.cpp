@@ -1,84 +1,37 @@
-// Reads the table of languages, and letters from the locale data.
+// Reads the tables of languages.
 #include "language.h"
 
 #include <algorithm>
-#include <memory>
-#include <sstream>
 #include <stdexcept>
 
-#include <unicode/locid.h>
-#include <unicode/ulocdata.h>
-#include <unicode/uniset.h>
-#include <unicode/usetiter.h>
-
 #include "json_file.h"
-#include "text.h"
+#include "locale_data.h"
+#include "table.h"
 
 namespace layouts
 {
 namespace
 {
 
-constexpr size_t kColumns = 5; // and one more for what the locale data lacks
+const char kAsciiDigits[] = "en"; // the language that is written with them
 
-std::vector<std::string> split(const std::string& line)
+Language languageOf(const TableRow& row, const std::string& folder)
 {
-    std::vector<std::string> fields;
-    std::istringstream in(line);
-    for (std::string field; std::getline(in, field, '\t');)
-        fields.push_back(field);
-    return fields;
-}
-
-Language parse(const std::vector<std::string>& fields)
-{
+    const std::vector<std::string>& fields = row.fields;
     const std::string& keyboard = fields[3];
     const size_t bracket = keyboard.find('(');
     const std::string variant = bracket == std::string::npos
                                     ? std::string()
                                     : keyboard.substr(bracket + 1, keyboard.size() - bracket - 2);
-    return {fields[0],
-            fields[1],
-            fields[2],
-            keyboard.substr(0, bracket),
-            variant,
-            fields[4],
-            fields.size() > kColumns ? fields[kColumns] : std::string(),
-            std::string()};
-}
-
-std::vector<std::string> lettersOf(const icu::UnicodeSet& set)
-{
-    std::vector<std::string> letters;
-    icu::UnicodeSetIterator each(set);
-    while (each.next()) {
-        std::string letter;
-        letters.push_back(nfc(each.getString().toUTF8String(letter)));
-    }
-    return letters;
-}
-
-// A pattern as the table's sixth column has it; nothing when it is none.
-std::vector<std::string> lettersOf(const std::string& pattern)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::UnicodeSet set(icu::UnicodeString::fromUTF8(pattern), status);
-    return U_SUCCESS(status) ? lettersOf(set) : std::vector<std::string>();
-}
-
-std::vector<std::string> exemplars(const std::string& icuName, ULocaleDataExemplarSetType type)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<ULocaleData, void (*)(ULocaleData*)> data(
-        ulocdata_open(icuName.c_str(), &status), ulocdata_close);
-    // A language without data of its own would get that of this machine's.
-    if (U_FAILURE(status) || status == U_USING_DEFAULT_WARNING)
-        return std::vector<std::string>();
-    const std::unique_ptr<USet, void (*)(USet*)> set(
-        ulocdata_getExemplarSet(data.get(), nullptr, 0, type, &status), uset_close);
-    if (U_FAILURE(status))
-        return std::vector<std::string>();
-    return lettersOf(*icu::UnicodeSet::fromUSet(set.get()));
+    const std::string letters = fields.size() > 5 ? fields[5] : std::string();
+    for (size_t i = 0; i < 5; ++i)
+        if (fields[i].empty())
+            row.refuse("nothing in column " + std::to_string(i + 1),
+                       "a text; see the file's first lines");
+    if (!letters.empty() && lettersOfPattern(letters).empty())
+        row.refuse("the letters " + quoted(letters), "a pattern with at least one, as in [a-zß]");
+    return {fields[0], fields[1], fields[2], keyboard.substr(0, bracket), variant, fields[4],
+            letters,   folder,    row.place};
 }
 
 } // namespace
@@ -86,24 +39,10 @@ std::vector<std::string> exemplars(const std::string& icuName, ULocaleDataExempl
 std::vector<Language> readLanguages(const std::string& file)
 {
     std::vector<Language> languages;
-    std::istringstream in(readFile(file));
-    int number = 0;
-    for (std::string line; std::getline(in, line);) {
-        ++number;
-        if (line.empty() || line[0] == '#')
-            continue;
-        const std::vector<std::string> fields = split(line);
-        if (fields.size() < kColumns || fields.size() > kColumns + 1)
-            throw std::runtime_error(file + ": line " + std::to_string(number) + ": found " +
-                                     std::to_string(fields.size()) + " columns, expected " +
-                                     std::to_string(kColumns) +
-                                     " with a tab between them; see the file's first lines");
-        Language language = parse(fields);
-        language.xkbFolder = file.substr(0, file.rfind('/') + 1) + "xkb";
-        if (!language.letters.empty() && lettersOf(language.letters).empty())
-            throw std::runtime_error(file + ": line " + std::to_string(number) +
-                                     ": found the letters " + quoted(language.letters) +
-                                     ", expected a pattern with at least one, as in [a-zß]");
+    for (const TableRow& row : readTable(file, 5, 6)) {
+        const Language language = languageOf(row, file.substr(0, file.rfind('/') + 1) + "xkb");
+        if (findLanguage(languages, language.name) != nullptr)
+            row.refuse(language.name + " again", "each layout once");
         languages.push_back(language);
     }
     return languages;
@@ -121,12 +60,8 @@ const Language* findLanguage(const std::vector<Language>& languages, const std::
 std::vector<LeftOut> readLeftOut(const std::string& file)
 {
     std::vector<LeftOut> result;
-    std::istringstream in(readFile(file));
-    for (std::string line; std::getline(in, line);) {
-        const std::vector<std::string> fields = split(line);
-        if (fields.size() == 2 && line[0] != '#')
-            result.push_back({fields[0], fields[1]});
-    }
+    for (const TableRow& row : readTable(file, 2, 2))
+        result.push_back({row.fields[0], row.fields[1]});
     return result;
 }
 
@@ -134,9 +69,9 @@ std::vector<std::string> mainLetters(const Language& language)
 {
     std::vector<std::string> letters;
     if (language.letters.empty()) {
-        letters = exemplars(language.icuName, ULOCDATA_ES_STANDARD);
+        letters = mainExemplars(language.icuName);
     } else {
-        letters = lettersOf(language.letters);
+        letters = lettersOfPattern(language.letters);
     }
     if (letters.empty())
         throw std::runtime_error(language.name + ": the locale data has no letters for \"" +
@@ -149,8 +84,28 @@ std::vector<std::string> auxiliaryLetters(const Language& language)
 {
     // Those of the table are all that the keys are to have.
     if (!language.letters.empty())
-        return std::vector<std::string>();
-    return exemplars(language.icuName, ULOCDATA_ES_AUXILIARY);
+        return {};
+    return auxiliaryExemplars(language.icuName);
+}
+
+std::vector<std::string> wordsOf(const Language& language)
+{
+    return language.letters.empty() ? words(language.icuName) : std::vector<std::string>();
+}
+
+std::vector<std::string> punctuationOf(const Language& language)
+{
+    return language.letters.empty() ? punctuation(language.icuName) : std::vector<std::string>();
+}
+
+std::vector<std::string> digitsOf(const Language& language)
+{
+    return usualDigits(language.letters.empty() ? language.icuName : kAsciiDigits);
+}
+
+std::vector<std::string> nativeDigitsOf(const Language& language)
+{
+    return nativeDigits(language.letters.empty() ? language.icuName : kAsciiDigits);
 }
 
 } // namespace layouts

@@ -5,15 +5,27 @@
 #include <deque>
 #include <map>
 
+#include <unicode/uchar.h>
+
 #include "text.h"
 
 namespace layouts
 {
-namespace
-{
 
-// What remains of text, decomposed, when piece has been typed; false when text cannot begin
-// with piece. Marks that do not interact may be typed in any order.
+std::vector<char32_t> frontOf(const std::string& text)
+{
+    std::vector<char32_t> front;
+    for (const char32_t c : codePoints(text)) {
+        const bool isMark = u_getCombiningClass(static_cast<UChar32>(c)) != 0;
+        if (!front.empty() && !isMark)
+            break;
+        front.push_back(c);
+        if (!isMark)
+            break;
+    }
+    return front;
+}
+
 bool removeFront(const std::string& text, const std::string& piece, std::string& rest)
 {
     rest = text;
@@ -26,8 +38,6 @@ bool removeFront(const std::string& text, const std::string& piece, std::string&
     }
     return nfd(piece + rest) == text;
 }
-
-} // namespace
 
 Speller::Speller(const std::set<std::string>& keys) : m_keys(keys)
 {

@@ -9,6 +9,13 @@
 namespace layouts
 {
 
+// What remains of text, decomposed, when piece has been typed; false when text cannot begin
+// with piece. Marks that do not interact may be typed in any order.
+bool removeFront(const std::string& text, const std::string& piece, std::string& rest);
+
+// The code points that such a piece can begin with.
+std::vector<char32_t> frontOf(const std::string& text);
+
 // Knows what can be typed with a set of keys, each given by its text.
 class Speller
 {

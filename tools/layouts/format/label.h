@@ -1,0 +1,14 @@
+#ifndef TOOLS_LAYOUTS_FORMAT_LABEL_H
+#define TOOLS_LAYOUTS_FORMAT_LABEL_H
+
+#include <string>
+
+namespace layouts
+{
+
+// What the key that types a text shows: the text, but a name for a character without a picture.
+std::string labelFor(const std::string& typed);
+
+} // namespace layouts
+
+#endif
