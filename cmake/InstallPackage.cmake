@@ -40,7 +40,7 @@ install(SCRIPT "${CMAKE_CURRENT_BINARY_DIR}/InstallPackageLayouts.cmake"
 install(DIRECTORY resources/oskeyboard_config DESTINATION "${VKB_DATA_DIR}" COMPONENT layouts
   FILES_MATCHING PATTERN "Language_*.json")
 if(VKB_BUILD_TOOLS)
-  install(FILES resources/languages.tsv resources/left_out.tsv
+  install(FILES resources/languages.tsv resources/exceptions.tsv resources/left_out.tsv
     DESTINATION "${VKB_DATA_DIR}" COMPONENT tools)
   install(DIRECTORY resources/xkb DESTINATION "${VKB_DATA_DIR}" COMPONENT tools)
   install(DIRECTORY resources/schema DESTINATION "${VKB_DATA_DIR}" COMPONENT tools
