@@ -3,7 +3,7 @@
 # program, and PRELOAD, which gives it its layouts.
 
 pages=$root/tests/hosts/browser/pages
-patience=${PATIENCE:-60}
+patience=${PATIENCE:-240}
 font=/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf
 
 # host [PAGE] [OPTION...]: with the steps in the file "steps".

@@ -75,7 +75,7 @@ protected:
                                     " && DFBARGS=system=dummy,mode=1920x1080,quiet,no-cursor "
                                     "LD_PRELOAD=" TEST_SEAMS " " BROWSER_HOST " file://" PAGES
                                     "/bars.html --play steps "
-                                    "--patience 60";
+                                    "--patience 240";
         EXPECT_EQ(std::system(command.c_str()), 0) << m_folder;
         std::vector<Picture> read;
         for (const std::string& picture : pictures)
