@@ -13,6 +13,15 @@ namespace
 
 const char kModuleFunction[] = "makeInputMethodEngine";
 
+bool isName(const std::string& name)
+{
+    return !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
+    });
+}
+
+} // namespace
+
 std::string folderOfThisLibrary()
 {
     Dl_info info = {};
@@ -23,15 +32,6 @@ std::string folderOfThisLibrary()
     return slash == std::string::npos ? "." : file.substr(0, slash);
 }
 
-bool isName(const std::string& name)
-{
-    return !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
-    });
-}
-
-} // namespace
-
 std::unique_ptr<Engine> loadEngine(const std::string& name, const EngineSettings& settings,
                                    std::string& problem)
 {
@@ -40,7 +40,7 @@ std::unique_ptr<Engine> loadEngine(const std::string& name, const EngineSettings
         return nullptr;
     }
     // Never closed: most engines leave data and functions behind that the process still runs.
-    const std::string file = folderOfThisLibrary() + "/input_methods/" + name + ".so";
+    const std::string file = folderOfThisLibrary() + "/velmora_vkb/" + name + ".so";
     void* module = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (module == nullptr) {
         problem = ::dlerror();

@@ -9,7 +9,10 @@
 namespace input_methods
 {
 
-// Loads the engine's module, which lies in the folder input_methods beside this library, and makes
+// Where the library lies, or the program that it is part of.
+std::string folderOfThisLibrary();
+
+// Loads the engine's module, which lies in the folder velmora_vkb beside this library, and makes
 // an engine. Null with a problem where the module, its library or its data is missing.
 std::unique_ptr<Engine> loadEngine(const std::string& name, const EngineSettings& settings,
                                    std::string& problem);

@@ -32,11 +32,23 @@ bool readEntry(const std::string& line, LayoutEngine& entry)
     return true;
 }
 
+const char kTable[] = "/layouts.tsv";
+
+std::string chosenFolder(const std::string& wanted)
+{
+    if (!wanted.empty())
+        return wanted;
+    const std::string television = kDataFolder;
+    const bool isThere = ::access((television + kTable).c_str(), R_OK) == 0;
+    return isThere ? television : folderOfThisLibrary() + "/" + VKB_INSTALLED_INPUT_METHODS;
+}
+
 } // namespace
 
 InputMethods::InputMethods(Settings settings) : m_settings(std::move(settings))
 {
-    const std::string name = m_settings.dataFolder + "/layouts.tsv";
+    m_settings.dataFolder = chosenFolder(m_settings.dataFolder);
+    const std::string name = m_settings.dataFolder + kTable;
     std::ifstream file(name);
     if (!file) {
         report(name + ": " + std::strerror(errno) +

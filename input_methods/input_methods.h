@@ -12,7 +12,8 @@
 namespace input_methods
 {
 
-/// Where the table of layouts and our own tables lie on the television.
+/// Where the table of layouts and our own tables lie on the television. Without a table there,
+/// those are taken that were installed with the library.
 const char* const kDataFolder = "/usr/local/opt/nerovista/resources/input_methods";
 
 /// What a text field is for. Only Text is composed: a password is not to be learned, and an
@@ -20,7 +21,7 @@ const char* const kDataFolder = "/usr/local/opt/nerovista/resources/input_method
 enum class Field { Text, Password, Address };
 
 struct Settings {
-    std::string dataFolder = kDataFolder;  ///< with layouts.tsv
+    std::string dataFolder;                ///< with layouts.tsv; empty: see kDataFolder
     std::string engineData = "/usr/share"; ///< where the engines' packages have their data
     std::string learningFolder;            ///< for what the user typed; empty: nothing is learned
 

@@ -159,8 +159,7 @@ std::optional<Options> readOptions(int argc, char** argv, int& status)
     app.add_flag("--list", options.list, "Which layouts have an engine, and whether it is here")
         ->excludes(layout);
     app.add_option("--data", options.settings.dataFolder, "Folder of layouts.tsv")
-        ->type_name("DIR")
-        ->capture_default_str();
+        ->type_name("DIR");
     app.add_option("--engine-data", options.settings.engineData, "Folder of the engines' packages")
         ->type_name("DIR")
         ->capture_default_str();
