@@ -25,8 +25,8 @@ enum class PlanEnd {
 };
 
 // The fewest presses that type the text (UTF-8) from this state, over arrows, OK, Shift, Alt and
-// the language key. Breadth-first over how far the text is typed together with the keyboard's
-// state, so the whole way is the shortest, not each letter's alone.
+// the language key: the whole way is the shortest, not each letter's alone. Takes time by the
+// length of the text times the number of the keyboard's states.
 Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std::string& text,
                 PlanEnd end = PlanEnd::Enter);
 

@@ -24,6 +24,7 @@
 #include "terminal_events.h"
 #include "terminal_mode.h"
 #include "terminal_view.h"
+#include "unseen_painting.h"
 
 using namespace host;
 
@@ -148,6 +149,8 @@ int run(const Options& options)
     if (!options.record.empty())
         recorder = makeRecorder(options.record);
     const Screen screen(kScreenOptions);
+    if (!why.empty() && !recorder)
+        leaveOutPainting(screen.directFB());
     Composer composer(screen, font, inputSettings("terminal_host"));
     KeyboardHost keyboard(screen, &model, &composer);
     if (!keyboard.show())
