@@ -1,10 +1,13 @@
 // Types a line of text with the on-screen keyboard, in a terminal or without one.
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <exception>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -16,8 +19,10 @@
 #include "interactive.h"
 #include "keyboard_host.h"
 #include "keyboard_model.h"
+#include "layout_search.h"
 #include "options.h"
 #include "planner.h"
+#include "progress.h"
 #include "recorder.h"
 #include "session.h"
 #include "standard_input.h"
@@ -52,15 +57,41 @@ std::string describe(const std::string& character)
     return character == "\n" ? "a line end" : "'" + character + "'";
 }
 
+std::string joined(const std::vector<std::string>& words, const char* between)
+{
+    std::string text;
+    for (const std::string& word : words)
+        text += (text.empty() ? "" : between) + word;
+    return text;
+}
+
+// What to do about a character that no installed layout has.
+std::string whereToFind(const std::string& character, const std::vector<std::string>& installed)
+{
+    const size_t kShown = 3;
+    std::vector<std::string> others = layoutsWith(character, installed);
+    if (others.empty())
+        return "no layout has it";
+    const std::string first = others[0];
+    const size_t count = others.size();
+    others.resize(std::min(count, kShown));
+    const std::string more =
+        count > kShown ? " and " + std::to_string(count - kShown) + " more" : "";
+    return "these have it: " + joined(others, ", ") + more + "; to add one: layouts install " +
+           joined(installed, " ") + " " + first;
+}
+
 std::string whyNot(const Plan& plan, const KeyboardModel& model)
 {
-    std::string names;
+    std::vector<std::string> installed;
     for (const Layout& layout : model.layouts())
-        names += (names.empty() ? "" : ", ") + layout.name;
-    const std::string found = plan.obstacle.empty() ? "no way to an Enter key"
-                                                    : "no way to type " + describe(plan.obstacle);
-    return "--type: " + found + ", expected characters of the installed layouts (" + names +
-           "); install the layout that has it";
+        installed.push_back(layout.name);
+    const std::string expected =
+        ", expected characters of the installed layouts (" + joined(installed, ", ") + ")";
+    if (plan.obstacle.empty())
+        return "--type: no way to an Enter key" + expected;
+    return "--type: no way to type " + describe(plan.obstacle) + expected + "; " +
+           whereToFind(plan.obstacle, installed);
 }
 
 // Why the keyboard cannot be shown on this terminal; empty when it can.
@@ -90,8 +121,10 @@ int openTerminal()
 Outcome playUnseen(const Plan& plan, int delay, Session& session)
 {
     const int kLastFrameMilliseconds = 2500; // of a recording: long enough to read the text
+    Progress progress(plan.presses.size());
     session.record(delay);
     for (const Press& press : plan.presses) {
+        progress.step();
         const bool isLast = &press == &plan.presses.back();
         if (session.press(press, isLast ? kLastFrameMilliseconds : delay) ==
             Session::Progress::Submitted)
@@ -119,6 +152,8 @@ Outcome typeOnTerminal(const Options& options, const Plan& plan, int terminal,
 
 int run(const Options& options)
 {
+    if (!startedWithOutput())
+        return fail("standard output: is closed, expected a place for the text");
     if (!options.log.empty() && !openLog(options.log))
         return fail(options.log + ": cannot be opened for the log: " + std::strerror(errno));
 

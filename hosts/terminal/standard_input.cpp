@@ -6,15 +6,17 @@
 namespace
 {
 
-bool was_open = false;
+bool input_was_open = false;
+bool output_was_open = false;
 
 void look()
 {
-    was_open = ::fcntl(STDIN_FILENO, F_GETFD) != -1;
+    input_was_open = ::fcntl(STDIN_FILENO, F_GETFD) != -1;
+    output_was_open = ::fcntl(STDOUT_FILENO, F_GETFD) != -1;
 }
 
 // Before any library's own start: DirectFB's keeps a copy of standard error, which takes the place
-// of a closed standard input and then looks like a terminal.
+// of a closed standard input, which then looks like a terminal, or of a closed standard output.
 __attribute__((section(".preinit_array"), used)) void (*const kLookFirst)() = look;
 
 } // namespace
@@ -24,7 +26,12 @@ namespace host
 
 bool startedWithInput()
 {
-    return was_open;
+    return input_was_open;
+}
+
+bool startedWithOutput()
+{
+    return output_was_open;
 }
 
 } // namespace host

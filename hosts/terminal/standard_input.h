@@ -4,8 +4,9 @@
 namespace host
 {
 
-// Whether standard input was open when the program started.
+// Whether standard input and standard output were open when the program started.
 bool startedWithInput();
+bool startedWithOutput();
 
 } // namespace host
 

@@ -1,0 +1,35 @@
+#ifndef PROGRESS_H
+#define PROGRESS_H
+
+#include <chrono>
+#include <cstddef>
+
+namespace host
+{
+
+// Says on standard error how far a long row of presses is: each second from the first on, on a
+// terminal in one line that goes at the end.
+class Progress
+{
+public:
+    explicit Progress(size_t presses);
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    // Before each press.
+    void step();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    size_t m_presses;
+    size_t m_done = 0;
+    Clock::time_point m_next;
+    bool m_on_terminal;
+    bool m_shown = false;
+};
+
+} // namespace host
+
+#endif
