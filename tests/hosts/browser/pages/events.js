@@ -41,7 +41,7 @@ const changed = (field, type, data = null) =>
 const cases = {
   letters: () => [...typed('line', 'a', 65, 'KeyA'), ...typed('line', 'B', 66, 'KeyB', 'Shift'),
     ...typed('line', '1', 49, 'Digit1'), ...typed('line', '.', 190, 'Period'), ...typed('line', ' ', 32, 'Space')],
-  accents: () => [...typed('line', 'é', 0, 'KeyR')],
+  accents: () => [...typed('line', 'é', 0, 'KeyE')],
   text: () => ['keydown line Unidentified 229 0 Unidentified -', ...changed('line', 'insertFromComposition', '.com'),
     'compositionend line .com'],
   editing: () => [...typed('line', 'a', 65, 'KeyA'), ...typed('line', 'b', 66, 'KeyB'),
