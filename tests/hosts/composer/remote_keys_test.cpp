@@ -27,8 +27,8 @@ class Television
 public:
     explicit Television(const std::vector<std::string>& layouts)
     {
-        char name[] = "/tmp/composer-XXXXXX";
-        m_root = ::mkdtemp(name);
+        std::string name = (fs::temp_directory_path() / "composer-test-XXXXXX").string();
+        m_root = ::mkdtemp(name.data());
         const fs::path folder = m_root / kPlaces / "oskeyboard_config";
         const fs::path shipped = fs::path(RESOURCES) / "oskeyboard_config";
         fs::create_directories(folder);
