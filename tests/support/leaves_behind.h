@@ -1,7 +1,7 @@
 #ifndef TEST_SUPPORT_LEAVES_BEHIND_H
 #define TEST_SUPPORT_LEAVES_BEHIND_H
 
-// Of the leak checker, in programs that are built with it.
+// Of the leak checker, in programs that are built with it; the reserved names are its own.
 extern "C" {
 void __lsan_disable() __attribute__((weak)); // NOLINT(bugprone-reserved-identifier)
 void __lsan_enable() __attribute__((weak));  // NOLINT(bugprone-reserved-identifier)
