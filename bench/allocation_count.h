@@ -1,5 +1,5 @@
-#ifndef ALLOCATION_COUNT_H
-#define ALLOCATION_COUNT_H
+#ifndef BENCH_ALLOCATION_COUNT_H
+#define BENCH_ALLOCATION_COUNT_H
 
 #include <cstddef>
 

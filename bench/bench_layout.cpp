@@ -11,7 +11,7 @@ const char kLayoutName[] = "Bench";
 namespace
 {
 
-// 70 keys and fewer look like a usual keyboard; for more, the cells shrink.
+// 70 keys and fewer look like a shipped keyboard; for more, the cells shrink.
 struct Grid {
     int columns, gap, cellWidth, cellHeight;
 };

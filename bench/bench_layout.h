@@ -1,5 +1,5 @@
-#ifndef BENCH_LAYOUT_H
-#define BENCH_LAYOUT_H
+#ifndef BENCH_BENCH_LAYOUT_H
+#define BENCH_BENCH_LAYOUT_H
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#ifndef PROCESS_MEMORY_H
-#define PROCESS_MEMORY_H
+#ifndef BENCH_PROCESS_MEMORY_H
+#define BENCH_PROCESS_MEMORY_H
 
 namespace bench
 {

@@ -1,5 +1,5 @@
-#ifndef REPLAY_H
-#define REPLAY_H
+#ifndef BENCH_REPLAY_H
+#define BENCH_REPLAY_H
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef REPORT_FD_H
-#define REPORT_FD_H
+#ifndef BENCH_REPORT_FD_H
+#define BENCH_REPORT_FD_H
 
 #include <cstdio>
 

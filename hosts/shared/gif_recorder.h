@@ -1,5 +1,5 @@
-#ifndef GIF_RECORDER_H
-#define GIF_RECORDER_H
+#ifndef HOSTS_SHARED_GIF_RECORDER_H
+#define HOSTS_SHARED_GIF_RECORDER_H
 
 #include <cstdint>
 #include <string>

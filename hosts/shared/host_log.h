@@ -1,5 +1,5 @@
-#ifndef HOST_LOG_H
-#define HOST_LOG_H
+#ifndef HOSTS_SHARED_HOST_LOG_H
+#define HOSTS_SHARED_HOST_LOG_H
 
 #include <string>
 

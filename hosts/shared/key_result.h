@@ -1,5 +1,5 @@
-#ifndef KEY_RESULT_H
-#define KEY_RESULT_H
+#ifndef HOSTS_SHARED_KEY_RESULT_H
+#define HOSTS_SHARED_KEY_RESULT_H
 
 #include <cstdint>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef KEYBOARD_MODEL_H
-#define KEYBOARD_MODEL_H
+#ifndef HOSTS_SHARED_KEYBOARD_MODEL_H
+#define HOSTS_SHARED_KEYBOARD_MODEL_H
 
 #include <string>
 #include <vector>

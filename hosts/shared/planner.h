@@ -1,5 +1,5 @@
-#ifndef PLANNER_H
-#define PLANNER_H
+#ifndef HOSTS_SHARED_PLANNER_H
+#define HOSTS_SHARED_PLANNER_H
 
 #include <functional>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef PNG_RECORDER_H
-#define PNG_RECORDER_H
+#ifndef HOSTS_SHARED_PNG_RECORDER_H
+#define HOSTS_SHARED_PNG_RECORDER_H
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#ifndef RECORDER_H
-#define RECORDER_H
+#ifndef HOSTS_SHARED_RECORDER_H
+#define HOSTS_SHARED_RECORDER_H
 
 #include <memory>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef SCREEN_H
-#define SCREEN_H
+#ifndef HOSTS_SHARED_SCREEN_H
+#define HOSTS_SHARED_SCREEN_H
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#ifndef TEXT_FIELD_H
-#define TEXT_FIELD_H
+#ifndef HOSTS_SHARED_TEXT_FIELD_H
+#define HOSTS_SHARED_TEXT_FIELD_H
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#ifndef TEXT_LINE_H
-#define TEXT_LINE_H
+#ifndef HOSTS_SHARED_TEXT_LINE_H
+#define HOSTS_SHARED_TEXT_LINE_H
 
 #include <cstddef>
 #include <string>

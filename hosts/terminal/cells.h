@@ -1,5 +1,5 @@
-#ifndef CELLS_H
-#define CELLS_H
+#ifndef HOSTS_TERMINAL_CELLS_H
+#define HOSTS_TERMINAL_CELLS_H
 
 #include <string>
 

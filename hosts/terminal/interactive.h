@@ -1,5 +1,5 @@
-#ifndef INTERACTIVE_H
-#define INTERACTIVE_H
+#ifndef HOSTS_TERMINAL_INTERACTIVE_H
+#define HOSTS_TERMINAL_INTERACTIVE_H
 
 #include "keyboard_host.h"
 #include "planner.h"

@@ -1,5 +1,5 @@
-#ifndef KEY_PARSER_H
-#define KEY_PARSER_H
+#ifndef HOSTS_TERMINAL_KEY_PARSER_H
+#define HOSTS_TERMINAL_KEY_PARSER_H
 
 #include <string>
 #include <utility>

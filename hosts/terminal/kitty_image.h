@@ -1,5 +1,5 @@
-#ifndef KITTY_IMAGE_H
-#define KITTY_IMAGE_H
+#ifndef HOSTS_TERMINAL_KITTY_IMAGE_H
+#define HOSTS_TERMINAL_KITTY_IMAGE_H
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#ifndef LAYOUT_SEARCH_H
-#define LAYOUT_SEARCH_H
+#ifndef HOSTS_TERMINAL_LAYOUT_SEARCH_H
+#define HOSTS_TERMINAL_LAYOUT_SEARCH_H
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef OPTIONS_H
-#define OPTIONS_H
+#ifndef HOSTS_TERMINAL_OPTIONS_H
+#define HOSTS_TERMINAL_OPTIONS_H
 
 #include <optional>
 #include <string>

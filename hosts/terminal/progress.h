@@ -1,5 +1,5 @@
-#ifndef PROGRESS_H
-#define PROGRESS_H
+#ifndef HOSTS_TERMINAL_PROGRESS_H
+#define HOSTS_TERMINAL_PROGRESS_H
 
 #include <chrono>
 #include <cstddef>

@@ -1,5 +1,5 @@
-#ifndef SCALED_PICTURE_H
-#define SCALED_PICTURE_H
+#ifndef HOSTS_TERMINAL_SCALED_PICTURE_H
+#define HOSTS_TERMINAL_SCALED_PICTURE_H
 
 #include "picture.h"
 

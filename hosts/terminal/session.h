@@ -1,5 +1,5 @@
-#ifndef SESSION_H
-#define SESSION_H
+#ifndef HOSTS_TERMINAL_SESSION_H
+#define HOSTS_TERMINAL_SESSION_H
 
 #include <chrono>
 #include <memory>

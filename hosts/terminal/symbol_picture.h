@@ -1,5 +1,5 @@
-#ifndef SYMBOL_PICTURE_H
-#define SYMBOL_PICTURE_H
+#ifndef HOSTS_TERMINAL_SYMBOL_PICTURE_H
+#define HOSTS_TERMINAL_SYMBOL_PICTURE_H
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef TERMINAL_MODE_H
-#define TERMINAL_MODE_H
+#ifndef HOSTS_TERMINAL_TERMINAL_MODE_H
+#define HOSTS_TERMINAL_TERMINAL_MODE_H
 
 namespace host
 {

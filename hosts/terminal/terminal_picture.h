@@ -1,5 +1,5 @@
-#ifndef TERMINAL_PICTURE_H
-#define TERMINAL_PICTURE_H
+#ifndef HOSTS_TERMINAL_TERMINAL_PICTURE_H
+#define HOSTS_TERMINAL_TERMINAL_PICTURE_H
 
 #include <memory>
 #include <string>

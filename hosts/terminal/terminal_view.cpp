@@ -39,11 +39,11 @@ struct Window {
 
 Window windowOf(int terminal)
 {
-    const Window usual = {{80, 24}, {8, 16}};
+    const Window fallback = {{80, 24}, {8, 16}};
     winsize size = {};
     if (::ioctl(terminal, TIOCGWINSZ, &size) != 0 || size.ws_col == 0 || size.ws_row == 0)
-        return usual;
-    Window window = {{size.ws_col, size.ws_row}, usual.cell};
+        return fallback;
+    Window window = {{size.ws_col, size.ws_row}, fallback.cell};
     if (size.ws_xpixel != 0 && size.ws_ypixel != 0)
         window.cell = {size.ws_xpixel / size.ws_col, size.ws_ypixel / size.ws_row};
     return window;

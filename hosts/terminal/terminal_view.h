@@ -1,5 +1,5 @@
-#ifndef TERMINAL_VIEW_H
-#define TERMINAL_VIEW_H
+#ifndef HOSTS_TERMINAL_TERMINAL_VIEW_H
+#define HOSTS_TERMINAL_TERMINAL_VIEW_H
 
 #include <map>
 #include <string>

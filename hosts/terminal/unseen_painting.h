@@ -1,5 +1,5 @@
-#ifndef UNSEEN_PAINTING_H
-#define UNSEEN_PAINTING_H
+#ifndef HOSTS_TERMINAL_UNSEEN_PAINTING_H
+#define HOSTS_TERMINAL_UNSEEN_PAINTING_H
 
 #include <directfb.h>
 

@@ -1,5 +1,5 @@
-#ifndef INPUT_METHODS_KANA_H
-#define INPUT_METHODS_KANA_H
+#ifndef INPUT_METHODS_ENGINES_KANA_H
+#define INPUT_METHODS_ENGINES_KANA_H
 
 #include <cstddef>
 #include <string>

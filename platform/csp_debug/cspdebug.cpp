@@ -19,7 +19,7 @@ const long kDefaultThreshold = 4000;
 
 // Long enough for every line of the keyboard except those that carry a viewer's or a
 // layout's own long text: an ordinary line needs no allocation.
-const size_t kUsualLineBytes = 1024;
+const size_t kShortLineBytes = 1024;
 
 long read_threshold()
 {
@@ -87,12 +87,12 @@ void cspDebugOutput0(const char* format, ...)
     va_list again;
     va_copy(again, arguments);
 
-    char usual[kUsualLineBytes];
-    const int length = std::vsnprintf(usual, sizeof usual, format, arguments);
+    char line[kShortLineBytes];
+    const int length = std::vsnprintf(line, sizeof line, format, arguments);
     va_end(arguments);
 
-    if (length >= 0 && static_cast<size_t>(length) < sizeof usual) {
-        write_whole(usual, static_cast<size_t>(length));
+    if (length >= 0 && static_cast<size_t>(length) < sizeof line) {
+        write_whole(line, static_cast<size_t>(length));
     } else if (length >= 0) {
         const size_t bytes = static_cast<size_t>(length);
         const std::unique_ptr<char[]> whole(new (std::nothrow) char[bytes + 1]);
@@ -100,7 +100,7 @@ void cspDebugOutput0(const char* format, ...)
             std::vsnprintf(whole.get(), bytes + 1, format, again);
             write_whole(whole.get(), bytes);
         } else {
-            write_whole(usual, sizeof usual - 1);
+            write_whole(line, sizeof line - 1);
         }
     }
     va_end(again);

@@ -1,5 +1,5 @@
-#ifndef DRIVER_RUN_H
-#define DRIVER_RUN_H
+#ifndef TESTS_DRIVER_DRIVER_RUN_H
+#define TESTS_DRIVER_DRIVER_RUN_H
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef GRID_LAYOUT_H
-#define GRID_LAYOUT_H
+#ifndef TESTS_DRIVER_GRID_LAYOUT_H
+#define TESTS_DRIVER_GRID_LAYOUT_H
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef TRANSCRIPT_H
-#define TRANSCRIPT_H
+#ifndef TESTS_DRIVER_TRANSCRIPT_H
+#define TESTS_DRIVER_TRANSCRIPT_H
 
 #include <string>
 #include <vector>

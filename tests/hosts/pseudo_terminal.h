@@ -1,5 +1,5 @@
-#ifndef PSEUDO_TERMINAL_H
-#define PSEUDO_TERMINAL_H
+#ifndef TESTS_HOSTS_PSEUDO_TERMINAL_H
+#define TESTS_HOSTS_PSEUDO_TERMINAL_H
 
 #include <functional>
 #include <map>

@@ -1,5 +1,5 @@
-#ifndef TERMINAL_SCREEN_H
-#define TERMINAL_SCREEN_H
+#ifndef TESTS_HOSTS_TERMINAL_SCREEN_H
+#define TESTS_HOSTS_TERMINAL_SCREEN_H
 
 #include <cstdint>
 #include <map>

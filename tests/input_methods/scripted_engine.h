@@ -1,5 +1,5 @@
-#ifndef TEST_SCRIPTED_ENGINE_H
-#define TEST_SCRIPTED_ENGINE_H
+#ifndef TESTS_INPUT_METHODS_SCRIPTED_ENGINE_H
+#define TESTS_INPUT_METHODS_SCRIPTED_ENGINE_H
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef TEST_INPUT_METHODS_TEXT_FIELD_H
-#define TEST_INPUT_METHODS_TEXT_FIELD_H
+#ifndef TESTS_INPUT_METHODS_TEXT_FIELD_H
+#define TESTS_INPUT_METHODS_TEXT_FIELD_H
 
 #include <memory>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef TESTS_UNIT_CORE_FIXTURE_H
-#define TESTS_UNIT_CORE_FIXTURE_H
+#ifndef TESTS_KEYBOARD_CORE_FIXTURE_H
+#define TESTS_KEYBOARD_CORE_FIXTURE_H
 
 #include <memory>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef TESTS_UNIT_CORE_STEPS_H
-#define TESTS_UNIT_CORE_STEPS_H
+#ifndef TESTS_KEYBOARD_CORE_STEPS_H
+#define TESTS_KEYBOARD_CORE_STEPS_H
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#ifndef TESTS_FAULTS_FAULT_LAYOUTS_H
-#define TESTS_FAULTS_FAULT_LAYOUTS_H
+#ifndef TESTS_KEYBOARD_FAULT_LAYOUTS_H
+#define TESTS_KEYBOARD_FAULT_LAYOUTS_H
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef TESTS_SOAK_KEYBOARD_MODEL_H
-#define TESTS_SOAK_KEYBOARD_MODEL_H
+#ifndef TESTS_KEYBOARD_KEYBOARD_MODEL_H
+#define TESTS_KEYBOARD_KEYBOARD_MODEL_H
 
 #include <cstddef>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef TESTS_UNIT_LAYOUT_SAMPLE_H
-#define TESTS_UNIT_LAYOUT_SAMPLE_H
+#ifndef TESTS_KEYBOARD_LAYOUT_SAMPLE_H
+#define TESTS_KEYBOARD_LAYOUT_SAMPLE_H
 
 #include <ostream>
 #include <string>

@@ -1,5 +1,5 @@
-#ifndef LAYOUTS_TEST_CORE_WALK_H
-#define LAYOUTS_TEST_CORE_WALK_H
+#ifndef TESTS_LAYOUTS_CORE_WALK_H
+#define TESTS_LAYOUTS_CORE_WALK_H
 
 #include <memory>
 #include <string>

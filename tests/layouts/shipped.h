@@ -1,5 +1,5 @@
-#ifndef LAYOUTS_TEST_SHIPPED_H
-#define LAYOUTS_TEST_SHIPPED_H
+#ifndef TESTS_LAYOUTS_SHIPPED_H
+#define TESTS_LAYOUTS_SHIPPED_H
 
 #include <filesystem>
 #include <string>

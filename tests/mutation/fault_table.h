@@ -1,5 +1,5 @@
-#ifndef FAULT_TABLE_H
-#define FAULT_TABLE_H
+#ifndef TESTS_MUTATION_FAULT_TABLE_H
+#define TESTS_MUTATION_FAULT_TABLE_H
 
 #include <vector>
 

@@ -1,5 +1,5 @@
-#ifndef TEST_SUPPORT_FATAL_TRAP_H
-#define TEST_SUPPORT_FATAL_TRAP_H
+#ifndef TESTS_SUPPORT_FATAL_TRAP_H
+#define TESTS_SUPPORT_FATAL_TRAP_H
 
 #include <string>
 

@@ -1,5 +1,5 @@
-#ifndef TEST_SUPPORT_LAYOUT_FOLDER_H
-#define TEST_SUPPORT_LAYOUT_FOLDER_H
+#ifndef TESTS_SUPPORT_LAYOUT_FOLDER_H
+#define TESTS_SUPPORT_LAYOUT_FOLDER_H
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-#ifndef TEST_SUPPORT_LEAVES_BEHIND_H
-#define TEST_SUPPORT_LEAVES_BEHIND_H
+#ifndef TESTS_SUPPORT_LEAVES_BEHIND_H
+#define TESTS_SUPPORT_LEAVES_BEHIND_H
 
 // Of the leak checker, in programs that are built with it; the reserved names are its own.
 extern "C" {

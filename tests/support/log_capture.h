@@ -1,5 +1,5 @@
-#ifndef TEST_SUPPORT_LOG_CAPTURE_H
-#define TEST_SUPPORT_LOG_CAPTURE_H
+#ifndef TESTS_SUPPORT_LOG_CAPTURE_H
+#define TESTS_SUPPORT_LOG_CAPTURE_H
 
 #include <array>
 #include <cstddef>

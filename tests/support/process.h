@@ -1,5 +1,5 @@
-#ifndef TEST_PROCESS_H
-#define TEST_PROCESS_H
+#ifndef TESTS_SUPPORT_PROCESS_H
+#define TESTS_SUPPORT_PROCESS_H
 
 #include <chrono>
 #include <functional>

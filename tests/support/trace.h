@@ -1,5 +1,5 @@
-#ifndef TEST_SUPPORT_TRACE_H
-#define TEST_SUPPORT_TRACE_H
+#ifndef TESTS_SUPPORT_TRACE_H
+#define TESTS_SUPPORT_TRACE_H
 
 #include <string>
 #include <vector>

@@ -232,7 +232,7 @@ std::vector<std::string> nativeDigits(const std::string& icuName)
 {
     if (!isKnownLocale(icuName))
         return digitsOf("en");
-    // A language in another script than usual, as Latin, has nothing of its own.
+    // A language in a script that is not its default, as Latin, has nothing of its own.
     const std::vector<std::string> digits = digitsOf(icuName + "@numbers=native");
     const std::vector<std::string> letters = mainExemplars(icuName);
     const UScriptCode script = scriptOf(digits.front());

@@ -57,7 +57,7 @@ icu::Locale withLikelyScript(const std::string& name)
     return locale;
 }
 
-// The layout of that language in the script that is usual there, best in the country's own form.
+// The layout of that language in the default script there, best in the country's own form.
 const Language* layoutFor(const std::vector<Language>& languages, const std::string& code,
                           const std::string& country)
 {
