@@ -7,6 +7,7 @@
 #include "exceptions.h"
 #include "generator.h"
 #include "json_file.h"
+#include "label.h"
 #include "layout_set.h"
 #include "shipped.h"
 #include "text.h"
@@ -130,6 +131,15 @@ TEST(LanguageTable, RefusesLettersThatAreNoPattern)
                         HasSubstr("table: line 2: found the letters \"" + std::string(letters) +
                                   "\", expected a pattern")));
     }
+}
+
+TEST(Label, ShowsAMarkOnADottedCircle)
+{
+    EXPECT_EQ(labelFor("\u0301"), "\u25CC\u0301");
+    EXPECT_EQ(labelFor("\u0940"), "\u25CC\u0940");
+    EXPECT_EQ(labelFor("\u093F"), "\u093F\u25CC") << "it is written before its consonant";
+    EXPECT_EQ(labelFor("\u200D"), "ZWJ");
+    EXPECT_EQ(labelFor("é"), "é");
 }
 
 TEST(Speller, TakesMarksInEitherOrder)

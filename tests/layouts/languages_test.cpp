@@ -1,5 +1,8 @@
 #include <algorithm>
+#include <fstream>
+#include <map>
 #include <set>
+#include <sstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,8 +11,11 @@
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
+#include "font_files.h"
 #include "layout_set.h"
+#include "locale_data.h"
 #include "shipped.h"
+#include "text.h"
 #include "usage.h"
 
 using namespace layouts;
@@ -64,7 +70,7 @@ TEST(Languages, AreAllShippedOrLeftOutWithAReason)
     for (const std::string& name : languagesOfIcu())
         EXPECT_NE(shipped.count(name), leftOut.count(name))
             << name << " (" << nameFromIcu(name) << ") must be in one of the two tables";
-    EXPECT_GE(shipped.size(), 180u);
+    EXPECT_GE(languages().size(), 240u);
 }
 
 // A language may have several ways of typing, each named by the language and by the way. Yi is
@@ -79,6 +85,58 @@ TEST(Languages, AreNamedByTheLocaleData)
                                      "Sichuan_" + language.name == name);
         EXPECT_EQ(language.name, isOneOfSeveral ? language.name : name);
         EXPECT_TRUE(names.insert(language.name).second) << language.name << " twice";
+    }
+}
+
+std::string folded(const std::string& text)
+{
+    icu::UnicodeString result = icu::UnicodeString::fromUTF8(text);
+    std::string bytes;
+    return result.foldCase().toUTF8String(bytes);
+}
+
+// The key shows how the language's name for itself begins, or one of its words; the Arabic article
+// aside. Where the table spells the letters, the locale data may not have the name.
+TEST(Languages, AreShownByTheirOwnNames)
+{
+    std::map<std::string, std::string> layouts;
+    for (const Language& language : languages()) {
+        const auto other = layouts.emplace(language.label, language.name);
+        EXPECT_TRUE(other.second) << language.name << " and " << other.first->second;
+        if (!language.letters.empty())
+            continue;
+        const std::string name = " " + folded(ownName(language.icuName));
+        const std::string label = folded(language.label);
+        bool begins = false;
+        for (const char* before : {" ", " ال", "(", "-", "’"})
+            begins = begins || name.find(before + label) != std::string::npos;
+        EXPECT_TRUE(begins) << language.name << ": " << language.label << " for" << name;
+    }
+}
+
+// "the same as X" is true when the locale data takes both for one language in one script.
+TEST(Languages, AreLeftOutForReasonsThatHold)
+{
+    const std::string same = "the same as ";
+    const std::string noFont = "no packaged font has ";
+    for (const LeftOut& language : readLeftOut(resource("left_out.tsv"))) {
+        UErrorCode status = U_ZERO_ERROR;
+        icu::Locale left(language.icuName.c_str());
+        left.addLikelySubtags(status);
+        if (language.reason.compare(0, same.size(), same) == 0) {
+            const std::string other = language.reason.substr(same.size());
+            icu::Locale shipped(other.c_str());
+            shipped.addLikelySubtags(status);
+            EXPECT_STREQ(left.getLanguage(), shipped.getLanguage()) << language.icuName;
+            EXPECT_NE(findLanguage(languages(), other), nullptr) << language.icuName;
+        } else if (language.reason.compare(0, noFont.size(), noFont) == 0) {
+            FontCache fonts;
+            const char32_t letter = codePoints(mainExemplars(language.icuName).front()).front();
+            for (const Language& shipped : languages())
+                EXPECT_FALSE(fonts.open(shipped.font).hasGlyph(letter)) << shipped.font;
+        } else {
+            EXPECT_EQ(language.icuName, "no") << "a reason that no test checks";
+        }
     }
 }
 
@@ -108,6 +166,30 @@ TEST(Languages, AreTypedWithFewPresses)
     EXPECT_GT(words, 100000u);
     EXPECT_LE(untypable * 1000, words);
     EXPECT_LE(presses[presses.size() / 2], 4.82);
+}
+
+// The page has what each layout costs; a change may only lower it.
+TEST(Languages, CostNoMorePressesThanThePageSays)
+{
+    std::ifstream page(DOCS "/languages.md");
+    size_t rows = 0;
+    for (std::string line; std::getline(page, line);) {
+        std::vector<std::string> fields;
+        std::istringstream in(line);
+        for (std::string field; std::getline(in, field, '|');)
+            fields.push_back(field);
+        const Language* language =
+            fields.size() == 10
+                ? findLanguage(languages(), fields[1].substr(1, fields[1].size() - 2))
+                : nullptr;
+        if (language == nullptr || fields[7] == " - ")
+            continue;
+        ++rows;
+        EXPECT_LE(usageOf(shippedKeyMap(language->name), *language).presses,
+                  std::stod(fields[7]) + 0.005)
+            << language->name;
+    }
+    EXPECT_GT(rows, 200u);
 }
 
 TEST(DefaultCatalogue, BeginsWithEnglishAndGermanAndIsShort)

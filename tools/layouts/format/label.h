@@ -6,7 +6,8 @@
 namespace layouts
 {
 
-// What the key that types a text shows: the text, but a name for a character without a picture.
+// What the key that types a text shows: the text, but a name for a character without a picture, and
+// a dotted circle with a mark, on the side where the mark leaves room for its letter.
 std::string labelFor(const std::string& typed);
 
 } // namespace layouts

@@ -120,6 +120,12 @@ bool isSign(const std::string& text)
     return isInvisible(c) || (c != 0 && (U_GET_GC_MASK(c) & kTyped) != 0 && !isRare);
 }
 
+bool isMark(const std::string& text)
+{
+    const int32_t c = singleCodePoint(text);
+    return c != 0 && (U_GET_GC_MASK(c) & U_GC_M_MASK) != 0;
+}
+
 bool isAsciiAlphanumeric(const std::string& text)
 {
     const int32_t c = singleCodePoint(text);

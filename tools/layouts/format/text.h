@@ -29,6 +29,7 @@ std::string lowerCase(const std::string& text, const std::string& language);
 // Whether it is one character that everyday writing can need: no picture, and no sign that only
 // scholars know and few fonts have.
 bool isSign(const std::string& text);
+bool isMark(const std::string& text); // one combining character
 bool isAsciiAlphanumeric(const std::string& text);
 
 // 0 to 9 for a decimal digit of any script, otherwise -1.

@@ -194,7 +194,12 @@ private:
         constexpr int kRowAway = 10; // in columns: the same row is nearer than the next
         const Cell& from = m_cells[home];
         const Cell& to = m_cells[i];
-        return std::abs(from.column + from.width / 2.0 - to.column - to.width / 2.0) +
+        // A row of digits stays one while there is room elsewhere.
+        constexpr int kDigitKey = 40;
+        const int32_t code = positions()[i].keyCode;
+        const bool isDigitKey = i != home && code >= '0' && code <= '9';
+        return (isDigitKey ? kDigitKey : 0) +
+               std::abs(from.column + from.width / 2.0 - to.column - to.width / 2.0) +
                kRowAway * std::abs(from.row - to.row);
     }
 
