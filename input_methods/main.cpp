@@ -3,9 +3,8 @@
 #include <iostream>
 #include <optional>
 
-#include <CLI/CLI.hpp>
-
 #include "input_methods.h"
+#include "program.h"
 #include "text.h"
 
 using namespace input_methods;
@@ -14,7 +13,7 @@ using velmora::browser::vkb::OsButton_t;
 namespace
 {
 
-const int kCannotRun = 2;
+const char kName[] = "input_method";
 
 struct Options {
     std::string layout;
@@ -24,7 +23,7 @@ struct Options {
 
 void reportLine(const std::string& line)
 {
-    std::fprintf(stderr, "input_method: %s\n", line.c_str());
+    program::fail(kName, line);
 }
 
 OsButton_t keyOf(const std::string& character)
@@ -115,7 +114,7 @@ int tryOut(InputMethod& method)
         text += method.finish().commit;
         std::printf("text\t'%s'\n", text.c_str());
         if (std::fflush(stdout) != 0)
-            return kCannotRun;
+            break;
     }
     return 0;
 }
@@ -137,14 +136,14 @@ int run(const Options& options)
 {
     InputMethods methods(options.settings);
     if (options.list)
-        return methods.table().empty() ? kCannotRun : list(methods);
+        return methods.table().empty() ? program::kCannotRun : list(methods);
     InputMethod* method = methods.find(options.layout, Field::Text);
     if (method != nullptr)
         return tryOut(*method);
     const std::string problem = methods.problem(options.layout);
     if (problem.find("names no engine") != std::string::npos)
         reportLine(problem + "; --list names those that have one");
-    return kCannotRun;
+    return program::kCannotRun;
 }
 
 std::optional<Options> readOptions(int argc, char** argv, int& status)
@@ -154,7 +153,7 @@ std::optional<Options> readOptions(int argc, char** argv, int& status)
     CLI::App app("Reads lines of what is typed and prints for each key what the layout's input\n"
                  "method answers. <1> to <9> choose, <back>, <next>, <previous>, <finish> and\n"
                  "<reset> are keys; everything else is a letter.");
-    app.name("input_method");
+    app.name(kName);
     CLI::Option* layout = app.add_option("LAYOUT", options.layout, "A layout, such as Korean");
     app.add_flag("--list", options.list, "Which layouts have an engine, and whether it is here")
         ->excludes(layout);
@@ -166,12 +165,12 @@ std::optional<Options> readOptions(int argc, char** argv, int& status)
     app.add_option("--learn", options.settings.learningFolder,
                    "Folder to learn in; without it nothing is learned")
         ->type_name("DIR");
-    try {
-        app.parse(argc, argv);
+    app.callback([&options] {
         if (!options.list && options.layout.empty())
             throw CLI::RequiredError("LAYOUT or --list");
-    } catch (const CLI::ParseError& error) {
-        status = app.exit(error) == 0 ? 0 : kCannotRun;
+    });
+    if (const std::optional<int> end = program::readOptions(app, argc, argv)) {
+        status = *end;
         return std::nullopt;
     }
     return options;
@@ -183,5 +182,5 @@ int main(int argc, char** argv)
 {
     int status = 0;
     const std::optional<Options> options = readOptions(argc, argv, status);
-    return options ? run(*options) : status;
+    return program::flushOutput(kName, options ? run(*options) : status);
 }

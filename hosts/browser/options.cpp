@@ -1,17 +1,10 @@
 // The command line of browser_host.
 #include "options.h"
 
-#include <CLI/CLI.hpp>
+#include "program.h"
 
 namespace host
 {
-
-namespace
-{
-
-const int kUsageError = 2;
-
-} // namespace
 
 std::optional<Options> readOptions(int argc, char** argv, int& status)
 {
@@ -35,10 +28,8 @@ std::optional<Options> readOptions(int argc, char** argv, int& status)
         ->type_name("FILE");
     app.add_option("--log", options.log, "Append the keyboard's log lines to FILE")
         ->type_name("FILE");
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        status = app.exit(error) == 0 ? 0 : kUsageError;
+    if (const std::optional<int> end = program::readOptions(app, argc, argv)) {
+        status = *end;
         return std::nullopt;
     }
     return options;

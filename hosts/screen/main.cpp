@@ -4,12 +4,13 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include "host_log.h"
 #include "keyboard_model.h"
 #include "planner.h"
+#include "program.h"
 #include "screen.h"
+#include "standard_streams.h"
+#include "untypable.h"
 
 #include "form.h"
 #include "player.h"
@@ -20,8 +21,8 @@ using namespace host;
 namespace
 {
 
+const char kName[] = "screen_host";
 const int kGivenUp = 1;
-const int kCannotRun = 2;
 
 const Screen::Option kScreenOptions[] = {{"no-deinit-check", nullptr}, {nullptr, nullptr}};
 
@@ -33,8 +34,7 @@ struct Options {
 
 int fail(const std::string& message)
 {
-    std::fprintf(stderr, "screen_host: %s\n", message.c_str());
-    return kCannotRun;
+    return program::fail(kName, message);
 }
 
 Form::Progress serve(const Screen& screen, Form& form)
@@ -63,6 +63,8 @@ Form::Progress serve(const Screen& screen, Form& form)
 
 int run(const Options& options)
 {
+    if (!startedWithOutput())
+        return fail("standard output: is closed, expected a place for the text");
     if (!options.log.empty() && !openLog(options.log))
         return fail(options.log + ": cannot be opened for the log");
     const std::string font = chooseFont();
@@ -73,8 +75,7 @@ int run(const Options& options)
     if (!options.type.empty() && !model.layouts().empty()) {
         plan = planTyping(model, KeyboardState(), options.type);
         if (!plan.possible)
-            return fail("--type: no way to type '" + plan.obstacle +
-                        "', expected characters of the installed layouts");
+            return fail("--type: " + whyNotTyped(plan, model));
     }
 
     const Screen screen(kScreenOptions);
@@ -97,7 +98,7 @@ int main(int argc, char** argv)
     CLI::App app("A page with a text field and the on-screen keyboard, on a DirectFB screen.\n"
                  "DFBARGS chooses the screen, such as system=x11,mode=1920x1080,quiet,no-cursor.\n"
                  "The submitted text goes to standard output.");
-    app.name("screen_host");
+    app.name(kName);
     Options options;
     app.add_option("--log", options.log, "Append the keyboard's log lines to FILE")
         ->type_name("FILE");
@@ -110,16 +111,13 @@ int main(int argc, char** argv)
         ->type_name("FILE")
         ->needs(type)
         ->allow_extra_args(false);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : kCannotRun;
-    }
+    if (const std::optional<int> end = program::readOptions(app, argc, argv))
+        return *end;
     int status = 0;
     try {
         status = run(options);
     } catch (const std::exception& error) {
         status = fail(error.what());
     }
-    endProcess(status);
+    endProcess(program::flushOutput(kName, status));
 }

@@ -32,11 +32,15 @@ std::string normalized(uninorm_t form, const std::string& utf8)
 
 void TextLine::insert(const std::string& utf8)
 {
-    if (!isUtf8(utf8))
+    if (utf8.empty() || !isUtf8(utf8))
         return;
-    const std::string before = composed(m_text.substr(0, m_caret) + utf8);
-    m_text = before + m_text.substr(m_caret);
-    m_caret = before.size();
+    // No character composes with more than the letter before it and that one's marks.
+    const uint8_t* start = bytes(m_text);
+    const uint8_t* letter = u8_grapheme_prev(start + m_caret, start);
+    const size_t from = letter == nullptr ? 0 : static_cast<size_t>(letter - start);
+    const std::string added = composed(m_text.substr(from, m_caret - from) + utf8);
+    m_text.replace(from, m_caret - from, added);
+    m_caret = from + added.size();
 }
 
 void TextLine::eraseBefore()

@@ -1,5 +1,4 @@
 // Types a line of text with the on-screen keyboard, in a terminal or without one.
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -7,7 +6,6 @@
 #include <exception>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -19,25 +17,26 @@
 #include "interactive.h"
 #include "keyboard_host.h"
 #include "keyboard_model.h"
-#include "layout_search.h"
 #include "options.h"
 #include "planner.h"
+#include "program.h"
 #include "progress.h"
 #include "recorder.h"
 #include "session.h"
-#include "standard_input.h"
+#include "standard_streams.h"
 #include "terminal_events.h"
 #include "terminal_mode.h"
 #include "terminal_view.h"
 #include "unseen_painting.h"
+#include "untypable.h"
 
 using namespace host;
 
 namespace
 {
 
+const char kName[] = "terminal_host";
 const int kGivenUp = 1;
-const int kCannotRun = 2;
 
 // The size that the keyboard's place is made for; the dummy system has no display.
 const Screen::Option kScreenOptions[] = {
@@ -48,50 +47,7 @@ const Screen::Option kScreenOptions[] = {
 
 int fail(const std::string& message)
 {
-    std::fprintf(stderr, "terminal_host: %s\n", message.c_str());
-    return kCannotRun;
-}
-
-std::string describe(const std::string& character)
-{
-    return character == "\n" ? "a line end" : "'" + character + "'";
-}
-
-std::string joined(const std::vector<std::string>& words, const char* between)
-{
-    std::string text;
-    for (const std::string& word : words)
-        text += (text.empty() ? "" : between) + word;
-    return text;
-}
-
-// What to do about a character that no installed layout has.
-std::string whereToFind(const std::string& character, const std::vector<std::string>& installed)
-{
-    const size_t kShown = 3;
-    std::vector<std::string> others = layoutsWith(character, installed);
-    if (others.empty())
-        return "no layout has it";
-    const std::string first = others[0];
-    const size_t count = others.size();
-    others.resize(std::min(count, kShown));
-    const std::string more =
-        count > kShown ? " and " + std::to_string(count - kShown) + " more" : "";
-    return "these have it: " + joined(others, ", ") + more + "; to add one: layouts install " +
-           joined(installed, " ") + " " + first;
-}
-
-std::string whyNot(const Plan& plan, const KeyboardModel& model)
-{
-    std::vector<std::string> installed;
-    for (const Layout& layout : model.layouts())
-        installed.push_back(layout.name);
-    const std::string expected =
-        ", expected characters of the installed layouts (" + joined(installed, ", ") + ")";
-    if (plan.obstacle.empty())
-        return "--type: no way to an Enter key" + expected;
-    return "--type: no way to type " + describe(plan.obstacle) + expected + "; " +
-           whereToFind(plan.obstacle, installed);
+    return program::fail(kName, message);
 }
 
 // Why the keyboard cannot be shown on this terminal; empty when it can.
@@ -167,7 +123,7 @@ int run(const Options& options)
                         "is the terminal's character set another one?");
         plan = planTyping(model, KeyboardState(), *options.type);
         if (!plan.possible)
-            return fail(whyNot(plan, model));
+            return fail("--type: " + whyNotTyped(plan, model));
     }
     if (options.plan)
         return printPlan(plan);
@@ -186,7 +142,7 @@ int run(const Options& options)
     const Screen screen(kScreenOptions);
     if (!why.empty() && !recorder)
         leaveOutPainting(screen.directFB());
-    Composer composer(screen, font, inputSettings("terminal_host"));
+    Composer composer(screen, font, inputSettings(kName));
     KeyboardHost keyboard(screen, &model, &composer);
     if (!keyboard.show())
         return fail(noLayoutsMessage());
@@ -221,7 +177,5 @@ int main(int argc, char** argv)
     } catch (const std::exception& error) {
         status = fail(error.what());
     }
-    if (std::fflush(stdout) != 0)
-        status = fail(std::string("standard output: ") + std::strerror(errno));
-    endProcess(status);
+    endProcess(program::flushOutput(kName, status));
 }

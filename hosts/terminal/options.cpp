@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include <CLI/CLI.hpp>
+#include "program.h"
 
 namespace host
 {
@@ -10,18 +10,24 @@ namespace host
 namespace
 {
 
-const int kUsageError = 2;
+const std::map<std::string, PictureMode> kPictureModes = {
+    {"auto", PictureMode::Auto},       {"sixel", PictureMode::Sixel}, {"kitty", PictureMode::Kitty},
+    {"symbols", PictureMode::Symbols}, {"none", PictureMode::None},
+};
+
+PictureMode pictureMode(const std::string& name)
+{
+    const auto mode = kPictureModes.find(name);
+    if (mode == kPictureModes.end())
+        throw CLI::ValidationError("--picture: found " + name +
+                                   ", expected auto, sixel, kitty, symbols or none");
+    return mode->second;
+}
 
 } // namespace
 
 std::optional<Options> readOptions(int argc, char** argv, int& status)
 {
-    const std::map<std::string, PictureMode> pictureModes = {
-        {"auto", PictureMode::Auto},   {"sixel", PictureMode::Sixel},
-        {"kitty", PictureMode::Kitty}, {"symbols", PictureMode::Symbols},
-        {"none", PictureMode::None},
-    };
-
     CLI::App app("Types a line of text with the on-screen keyboard, in a terminal.\n"
                  "Arrows move, Enter presses, Escape hides the keyboard and then leaves.\n"
                  "The submitted text goes to standard output: name=$(terminal_host)");
@@ -37,17 +43,16 @@ std::optional<Options> readOptions(int argc, char** argv, int& status)
         ->type_name("FILE");
     app.add_option("--log", options.log, "Append the keyboard's log lines to FILE")
         ->type_name("FILE");
-    app.add_option("--picture", options.picture, "auto, sixel, kitty, symbols or none")
-        ->transform(CLI::CheckedTransformer(pictureModes))
+    app.add_option_function<std::string>(
+           "--picture", [&](const std::string& name) { options.picture = pictureMode(name); },
+           "How to show the keyboard: auto, sixel, kitty, symbols; none shows nothing")
         ->type_name("KIND");
     app.add_option("--delay", options.delay, "Milliseconds between two played presses")
         ->check(CLI::Range(0, 10000))
         ->type_name("MS")
         ->capture_default_str();
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        status = app.exit(error) == 0 ? 0 : kUsageError;
+    if (const std::optional<int> end = program::readOptions(app, argc, argv)) {
+        status = *end;
         return std::nullopt;
     }
     if (type->count() > 0)

@@ -8,15 +8,8 @@
 namespace host
 {
 
-namespace
-{
-
-const std::chrono::seconds kInterval(1);
-
-} // namespace
-
-Progress::Progress(size_t presses)
-    : m_presses(presses), m_next(Clock::now() + kInterval),
+Progress::Progress(size_t presses, std::chrono::milliseconds interval)
+    : m_presses(presses), m_interval(interval), m_next(Clock::now() + interval),
       m_on_terminal(::isatty(STDERR_FILENO) != 0)
 {
 }
@@ -32,7 +25,7 @@ void Progress::step()
     ++m_done;
     if (Clock::now() < m_next)
         return;
-    m_next += kInterval;
+    m_next += m_interval;
     m_shown = true;
     std::fprintf(stderr,
                  m_on_terminal ? "\rterminal_host: press %zu of %zu"

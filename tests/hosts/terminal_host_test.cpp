@@ -1,9 +1,14 @@
 // The terminal host as its user meets it: on a terminal, in a pipe, and where it cannot work.
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
+
+#include <sys/resource.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,6 +33,11 @@ using testing::StartsWith;
 
 using Environment = std::map<std::string, std::string>;
 
+#ifdef __SANITIZE_ADDRESS__
+const bool kChecked = true;
+#else
+const bool kChecked = false;
+#endif
 const char kOwnScreen[] = "\033[?1049h";
 const char kOldScreen[] = "\033[?1049l";
 const char kEscape[] = "\033";
@@ -252,6 +262,53 @@ TEST(TerminalHost, TypesWithoutATerminal)
     EXPECT_EQ(terminal.screen(), "");
 }
 
+// By the processor's time, so that what else the machine does is left out.
+TEST(TerminalHost, TypesTenThousandCharactersInFiveSeconds)
+{
+    const int kTimes = 1000;
+    const long kSeconds = kChecked ? 25 : 5;
+    std::string text;
+    for (int i = 0; i < kTimes; ++i)
+        text += "Grüße 42! ";
+    PseudoTerminal terminal(TERMINAL_HOST_SCRIPT " --type \"$(printf 'Grüße 42! %.0s' {1.." +
+                                std::to_string(kTimes) + "})\" </dev/null",
+                            with({{"TERMINAL_HOST", TERMINAL_HOST}}));
+    ASSERT_TRUE(terminal.waitForEnd());
+    EXPECT_EQ(terminal.exitStatus(), 0);
+    EXPECT_EQ(terminal.out(), text + "\n");
+    rusage used = {};
+    ASSERT_EQ(::getrusage(RUSAGE_CHILDREN, &used), 0);
+    EXPECT_LT(used.ru_utime.tv_sec + used.ru_stime.tv_sec, kSeconds);
+}
+
+// What it says to type is typed, but for the building.
+TEST(TerminalHost, SaysHowToAddALayoutThatHasTheCharacter)
+{
+    const std::string script =
+        "TERMINAL_HOST=" TERMINAL_HOST " '" TERMINAL_HOST_SCRIPT "' --type 'ч' </dev/null";
+    PseudoTerminal refused(script, with({}));
+    ASSERT_TRUE(refused.waitForEnd());
+    ASSERT_EQ(refused.exitStatus(), 2);
+    EXPECT_EQ(refused.out(), "");
+    std::string said = refused.screen();
+    said.erase(std::remove(said.begin(), said.end(), '\r'), said.end());
+    ASSERT_THAT(said, HasSubstr("to add one:\n    make layouts\n    build/default/"));
+
+    std::istringstream lines(said.substr(said.find("    build/")));
+    std::string install, choose;
+    std::getline(lines, install);
+    std::getline(lines, choose);
+    const std::string folder = testing::TempDir() + "terminal-host-layouts";
+    for (std::string* line : {&install, &choose})
+        line->replace(line->find("build/layouts"), std::strlen("build/layouts"), folder);
+    install.replace(0, install.find(" install"), LAYOUTS);
+    PseudoTerminal typed(install + " >&2 && " + choose + " && " + script, with({}));
+    ASSERT_TRUE(typed.waitForEnd());
+    EXPECT_EQ(typed.exitStatus(), 0) << typed.screen();
+    EXPECT_EQ(typed.out(), "ч\n");
+    std::filesystem::remove_all(folder);
+}
+
 TEST(TerminalHost, PrintsAPlan)
 {
     PseudoTerminal terminal(host("--type q --plan"), with({}));
@@ -340,6 +397,10 @@ INSTANTIATE_TEST_SUITE_P(
             "--type '漢字'",
             {},
             "--type: no way to type '漢', expected characters of the installed layouts (English"},
+        Refusal{"CharacterOfNoLayout", "--type '漢'", {}, "; no layout has a key for it"},
+        Refusal{"ClosedOutput", "--type a >&-", {}, "standard output: is closed"},
+        Refusal{
+            "FullOutput", "--type a </dev/null >/dev/full", {}, "standard output: No space left"},
         Refusal{"NoUtf8", "--type $'\\xff'", {}, "--type: found bytes that are no UTF-8"},
         Refusal{"WrongOption", "--tipe a", {}, "--tipe"},
         Refusal{"WrongPicture", "--picture vga", {}, "vga"},

@@ -3,19 +3,19 @@
 #include <cstdlib>
 #include <exception>
 
-#include <CLI/CLI.hpp>
-
 #include "commands.h"
+#include "program.h"
 #include "resources.h"
 
 namespace
 {
 
+const char kName[] = "layouts";
+
 int run(int argc, char** argv)
 {
     layouts::Resources resources;
-    CLI::App app("Makes, checks and shows keyboard layouts; docs/layouts.md is the manual",
-                 "layouts");
+    CLI::App app("Makes, checks and shows keyboard layouts; docs/layouts.md is the manual", kName);
     app.require_subcommand(1);
     app.add_option("--resources", resources.path,
                    "Folder with languages.tsv, oskeyboard_config/ and schema/")
@@ -29,14 +29,11 @@ int run(int argc, char** argv)
     layouts::addInstall(app, resources, status);
 
     try {
-        app.parse(argc, argv);
-    } catch (const CLI::Error& error) {
-        return app.exit(error);
+        return program::readOptions(app, argc, argv).value_or(status);
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "layouts: %s\n", error.what());
+        program::fail(kName, error.what());
         return 1;
     }
-    return status;
 }
 
 } // namespace
@@ -45,7 +42,6 @@ int run(int argc, char** argv)
 // which crashes now and then; so this ends at once.
 int main(int argc, char** argv)
 {
-    const int status = run(argc, argv);
-    std::fflush(nullptr);
+    const int status = program::flushOutput(kName, run(argc, argv));
     std::_Exit(status);
 }

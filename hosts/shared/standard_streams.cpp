@@ -1,4 +1,5 @@
-#include "standard_input.h"
+// Tells a standard stream that was closed from one that a library has opened since.
+#include "standard_streams.h"
 
 #include <fcntl.h>
 #include <unistd.h>
