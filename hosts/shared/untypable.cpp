@@ -94,13 +94,18 @@ bool hasKey(const std::string& file, const std::string& label)
            file.find("\"\u25CC" + label + "\"") != std::string::npos;
 }
 
-bool types(const std::string& file, const std::string& character)
+// Whether the parts of a character, from this one on, can be typed: each alone, or some as one key.
+bool types(const std::string& file, const std::vector<std::string>& parts, size_t from)
 {
-    if (hasKey(file, character))
+    if (from == parts.size())
         return true;
-    const std::vector<std::string> parts = codePoints(decomposed(character));
-    return std::all_of(parts.begin(), parts.end(),
-                       [&](const std::string& part) { return hasKey(file, part); });
+    std::string together;
+    for (size_t to = from; to < parts.size(); ++to) {
+        together += parts[to];
+        if (hasKey(file, composed(together)) && types(file, parts, to + 1))
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -108,6 +113,7 @@ bool types(const std::string& file, const std::string& character)
 std::vector<std::string> layoutsWith(const std::string& character,
                                      const std::vector<std::string>& leftOut)
 {
+    const std::vector<std::string> parts = codePoints(decomposed(character));
     std::vector<std::string> found;
     std::error_code error;
     for (const fs::directory_entry& entry : fs::directory_iterator(source().folder, error)) {
@@ -120,7 +126,7 @@ std::vector<std::string> layoutsWith(const std::string& character,
             continue;
         std::ostringstream text;
         text << std::ifstream(entry.path()).rdbuf();
-        if (types(text.str(), character))
+        if (types(text.str(), parts, 0))
             found.push_back(name);
     }
     std::sort(found.begin(), found.end());

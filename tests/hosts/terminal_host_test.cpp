@@ -397,6 +397,9 @@ INSTANTIATE_TEST_SUITE_P(
             "--type '漢字'",
             {},
             "--type: no way to type '漢', expected characters of the installed layouts (English"},
+        // A key for the letter with its horn, and one for the dot below, whose label is on a
+        // circle.
+        Refusal{"CharacterOfSeveralKeys", "--type 'ợ'", {}, "; these have it: Vietnamese"},
         Refusal{"CharacterOfNoLayout", "--type '漢'", {}, "; no layout has a key for it"},
         Refusal{"ClosedOutput", "--type a >&-", {}, "standard output: is closed"},
         Refusal{
