@@ -12,146 +12,153 @@
 #include "layout_folder.h"
 #include "layout_sample.h"
 #include "log_capture.h"
+#include "row.h"
 #include "steps.h"
-#include "trace.h"
 
 namespace
 {
 
 using namespace test_support;
 using namespace velmora::browser::vkb;
+using namespace steps;
 using sample::BadFile;
-using steps::expectTrace;
-using steps::Steps;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 static_assert(!std::is_polymorphic_v<LanguageParser>);
 
-Steps logged(const std::string& function, const std::string& message)
-{
-    return steps::logged("Language_Parser.cpp", steps::kTrace, function, message);
-}
+using Rects = std::vector<std::vector<int>>;
 
-Steps catalogueRead()
-{
-    return logged("ParseLayout", "called\n") +
-           logged("ParseLayout", "Layout Parse Successfully !\n");
-}
-
-Steps catalogueNotRead()
-{
-    return logged("ParseLayout", "called\n");
-}
-
-Steps keyMapRead()
-{
-    return logged("ParseCurrentLayoutKeyMaps", "called\n") +
-           logged("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n");
-}
-
-Steps keyMapNotRead()
-{
-    return logged("ParseCurrentLayoutKeyMaps", "called\n");
-}
-
-std::vector<int> asNumbers(const Rect_t& rect)
-{
-    return {rect.positionX, rect.positionY, rect.width, rect.height};
-}
-
-// The keys of a layout are the only place where the key grid shows.
 class CatalogueTest : public testing::Test
 {
 protected:
-    CatalogueTest() { takeTrace(); }
-
-    void writeKeys(size_t count)
+    CatalogueTest()
     {
-        std::vector<Key> keys(count);
-        m_folder.writeKeyMap("English", asJson(keys, {}));
+        m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
+        takeTrace();
     }
 
-    std::vector<Rect_t> rectsOfKeys(LanguageParser& parser)
+    // The keys of a layout are the only place where the key grid shows.
+    Rects rectsOfKeys(LanguageParser& parser, size_t count)
     {
-        std::string name = "English";
-        parser.onLayoutchanged(name);
-        std::vector<Rect_t> rects;
-        for (const Button_t& button : parser.getKeyMap(name, false, false))
-            rects.push_back(button.rect);
+        m_folder.writeKeyMap("English", asJson(std::vector<Key>(count), {}));
+        parser.onLayoutchanged(m_english);
+        Rects rects;
+        for (const Button_t& key : parser.getKeyMap(m_english, false, false))
+            rects.push_back(
+                {key.rect.positionX, key.rect.positionY, key.rect.width, key.rect.height});
         return rects;
     }
 
     LayoutFolder m_folder;
     LogCapture m_log;
+    std::string m_english = "English";
 };
 
-TEST_F(CatalogueTest, TheExampleGivesItsNameAndSize)
-{
-    m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
-    LanguageParser parser;
-    EXPECT_THAT(parser.getLayoutsName(), ElementsAre("English"));
-    EXPECT_EQ(parser.keyboardWidth(), 196);
-    EXPECT_EQ(parser.keyboardHeight(), 58);
-}
+const char kRectValue[] = " \"RectValue\": [{\"width\": 1}]}";
 
-TEST_F(CatalogueTest, ConstructionReadsTheCatalogueThenTheUnnamedKeyMap)
+// A good file, and what is read from it.
+struct Good : Row {
+    std::string text;
+    Lines names;
+    int width, height;
+    Rects rects;
+};
+
+const Good kGood[] = {
+    {"TheExample",
+     asJson(sample::twoKeyCatalogue()),
+     {"English"},
+     196,
+     58,
+     {{4, 4, 60, 50}, {68, 4, 124, 50}}},
+    {"NamesInTheOrderOfTheFile",
+     asJson(Catalogue{{"Zulu", "English", "Arabic", "English"}, 4, 4, 60, 50, {{0, 0, 1, 1}}}),
+     {"Zulu", "English", "Arabic", "English"},
+     68,
+     58,
+     {{4, 4, 60, 50}}},
+    {"GapAndCellOfEachDirectionAreItsOwn",
+     asJson(Catalogue{{"English"}, 3, 5, 70, 90, {{1, 2, 3, 4}}}),
+     {"English"},
+     4 * 73 + 3,
+     6 * 95 + 5,
+     {{3 + 73, 5 + 2 * 95, 3 * 73 - 3, 4 * 95 - 5}}},
+    {"TheLastPositionAloneGivesTheSize",
+     asJson(Catalogue{{"English"}, 4, 4, 60, 50, {{9, 9, 9, 9}, {2, 3, 4, 5}}}),
+     {"English"},
+     (2 + 4) * 64 + 4,
+     (3 + 5) * 54 + 4,
+     {{580, 490, 572, 482}, {132, 166, 252, 266}}},
+    // A pitch of one pixel without a gap shows the table's numbers as they are.
+    {"APositionBeyond16BitsKeepsItsLowBitsInTheTableOnly",
+     asJson(Catalogue{{"English"}, 0, 0, 1, 1, {{70000, 65537, 65538, -65533}}}),
+     {"English"},
+     70000 + 65538,
+     65537 - 65533,
+     {{4464, 1, 2, 3}}},
+    {"CommentsAndUnknownMembersAreAllowed",
+     "// installed layouts\n{ \"language\": [\"English\"], /* grid */ \"author\": {\"a\": 1},"
+     " \"Rect\": {\"widthValue\": 60}, \"RectValue\": [{\"width\": 2, \"colour\": \"red\"}] }\n"
+     "// end\n",
+     {"English"},
+     120,
+     0,
+     {{0, 0, 120, 0}}},
+    {"AMissingNameListCountsAsEmpty", std::string("{") + kRectValue, {}, 0, 0, {{0, 0, 0, 0}}},
+    {"NamesOfOtherTypesAreReadAsStrings",
+     std::string("{\"language\": [1, true, null, \"x\"],") + kRectValue,
+     {"1", "true", "", "x"},
+     0,
+     0,
+     {{0, 0, 0, 0}}},
+};
+
+class GoodCatalogue : public CatalogueTest, public testing::WithParamInterface<Good>
 {
-    m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
+};
+
+TEST_P(GoodCatalogue, GivesItsNamesSizeAndGrid)
+{
+    m_folder.writeCatalogue(GetParam().text);
     LanguageParser parser;
     expectTrace(catalogueRead() + keyMapNotRead());
+    EXPECT_EQ(parser.getLayoutsName(), GetParam().names);
+    EXPECT_EQ(parser.keyboardWidth(), GetParam().width);
+    EXPECT_EQ(parser.keyboardHeight(), GetParam().height);
+    EXPECT_EQ(rectsOfKeys(parser, GetParam().rects.size()), GetParam().rects);
 }
 
-TEST_F(CatalogueTest, NamesComeBackInTheOrderOfTheFile)
-{
-    Catalogue catalogue = sample::twoKeyCatalogue();
-    catalogue.names = {"Zulu", "English", "Arabic", "English"};
-    m_folder.writeCatalogue(asJson(catalogue));
-    LanguageParser parser;
-    EXPECT_THAT(parser.getLayoutsName(), ElementsAre("Zulu", "English", "Arabic", "English"));
-}
+INSTANTIATE_TEST_SUITE_P(Files, GoodCatalogue, testing::ValuesIn(kGood), RowName());
 
-TEST_F(CatalogueTest, NamesOnceReadAreNotReadAgain)
+TEST_F(CatalogueTest, NamesOnceReadAreReplacedByAnotherReadingOnly)
 {
-    m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
     LanguageParser parser;
+    m_folder.writeCatalogue(asJson(Catalogue{{"German", "Greek"}, 4, 4, 60, 50, {{0, 0, 1, 1}}}));
     takeTrace();
-    parser.getLayoutsName();
-    expectTrace(logged("getLayoutsName", "called\n"));
-}
-
-TEST_F(CatalogueTest, ReadingAgainReplacesTheNames)
-{
-    m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
-    LanguageParser parser;
-    Catalogue changed = sample::twoKeyCatalogue();
-    changed.names = {"German", "Greek"};
-    m_folder.writeCatalogue(asJson(changed));
+    EXPECT_THAT(parser.getLayoutsName(), ElementsAre("English"));
+    expectTrace(steps::parser("getLayoutsName", "called\n"));
     EXPECT_TRUE(parser.ParseLayout());
     EXPECT_THAT(parser.getLayoutsName(), ElementsAre("German", "Greek"));
 }
 
-TEST_F(CatalogueTest, WithoutACatalogueEveryCallTriesAgainAndGivesNothing)
+TEST_F(CatalogueTest, WithoutACatalogueEveryCallTriesAgainUntilThereIsOne)
 {
+    m_folder.removeCatalogue();
     LanguageParser parser;
     expectTrace(catalogueNotRead() + keyMapNotRead() + catalogueNotRead());
     for (int i = 0; i < 3; ++i) {
         EXPECT_THAT(parser.getLayoutsName(), IsEmpty());
-        expectTrace(logged("getLayoutsName", "called\n") + catalogueNotRead());
+        expectTrace(steps::parser("getLayoutsName", "called\n") + catalogueNotRead());
     }
     EXPECT_FALSE(parser.ParseLayout());
     EXPECT_EQ(parser.keyboardWidth(), 0);
     EXPECT_EQ(parser.keyboardHeight(), 0);
-}
 
-TEST_F(CatalogueTest, ACatalogueThatAppearsLaterIsReadByTheNextCall)
-{
-    LanguageParser parser;
     m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
     takeTrace();
     EXPECT_THAT(parser.getLayoutsName(), ElementsAre("English"));
-    expectTrace(logged("getLayoutsName", "called\n") + catalogueRead());
+    expectTrace(steps::parser("getLayoutsName", "called\n") + catalogueRead());
 }
 
 TEST_F(CatalogueTest, WithAnEmptyNameListEachCallReadsAgainAndTheFirstPositionsStay)
@@ -159,112 +166,16 @@ TEST_F(CatalogueTest, WithAnEmptyNameListEachCallReadsAgainAndTheFirstPositionsS
     Catalogue catalogue = sample::twoKeyCatalogue();
     catalogue.names.clear();
     m_folder.writeCatalogue(asJson(catalogue));
-    writeKeys(3);
     LanguageParser parser;
     takeTrace();
 
     catalogue.rects = {{7, 7, 7, 7}};
     m_folder.writeCatalogue(asJson(catalogue));
     EXPECT_THAT(parser.getLayoutsName(), IsEmpty());
-    expectTrace(logged("getLayoutsName", "called\n") + catalogueRead());
-
+    expectTrace(steps::parser("getLayoutsName", "called\n") + catalogueRead());
     // Two positions of the first reading, and behind them the one of the second.
-    const std::vector<Rect_t> rects = rectsOfKeys(parser);
-    ASSERT_THAT(rects, SizeIs(3));
-    EXPECT_THAT(asNumbers(rects[0]), ElementsAre(4, 4, 60, 50));
-    EXPECT_THAT(asNumbers(rects[1]), ElementsAre(68, 4, 124, 50));
-    EXPECT_THAT(asNumbers(rects[2]), ElementsAre(452, 382, 444, 374));
-}
-
-TEST_F(CatalogueTest, APositionBeyond16BitsKeepsItsLowBitsInTheTableOnly)
-{
-    // A pitch of one pixel without a gap shows the table's numbers as they are.
-    m_folder.writeCatalogue(
-        asJson(Catalogue{{"English"}, 0, 0, 1, 1, {{70000, 65537, 65538, -65533}}}));
-    writeKeys(1);
-    LanguageParser parser;
-    const std::vector<Rect_t> rects = rectsOfKeys(parser);
-    ASSERT_THAT(rects, SizeIs(1));
-    EXPECT_THAT(asNumbers(rects[0]), ElementsAre(4464, 1, 2, 3));
-    EXPECT_EQ(parser.keyboardWidth(), 70000 + 65538);
-    EXPECT_EQ(parser.keyboardHeight(), 65537 - 65533);
-}
-
-TEST_F(CatalogueTest, TheLastPositionAloneGivesTheSize)
-{
-    Catalogue catalogue = sample::twoKeyCatalogue();
-    catalogue.rects = {{9, 9, 9, 9}, {2, 3, 4, 5}};
-    m_folder.writeCatalogue(asJson(catalogue));
-    LanguageParser parser;
-    EXPECT_EQ(parser.keyboardWidth(), (2 + 4) * 64 + 4);
-    EXPECT_EQ(parser.keyboardHeight(), (3 + 5) * 54 + 4);
-}
-
-TEST_F(CatalogueTest, GapAndCellOfEachDirectionAreItsOwn)
-{
-    m_folder.writeCatalogue(asJson(Catalogue{{"English"}, 3, 5, 70, 90, {{1, 2, 3, 4}}}));
-    writeKeys(1);
-    LanguageParser parser;
-    const std::vector<Rect_t> rects = rectsOfKeys(parser);
-    ASSERT_THAT(rects, SizeIs(1));
-    EXPECT_THAT(asNumbers(rects[0]), ElementsAre(3 + 73, 5 + 2 * 95, 3 * 73 - 3, 4 * 95 - 5));
-    EXPECT_EQ(parser.keyboardWidth(), 4 * 73 + 3);
-    EXPECT_EQ(parser.keyboardHeight(), 6 * 95 + 5);
-}
-
-TEST_F(CatalogueTest, CommentsAndUnknownMembersAreAllowed)
-{
-    m_folder.writeCatalogue("// installed layouts\n{ \"language\": [\"English\"], /* grid */"
-                            " \"author\": {\"a\": 1}, \"Rect\": {\"widthValue\": 60},"
-                            " \"RectValue\": [{\"width\": 2, \"colour\": \"red\"}] }\n// end\n");
-    LanguageParser parser;
-    EXPECT_THAT(parser.getLayoutsName(), ElementsAre("English"));
-    EXPECT_EQ(parser.keyboardWidth(), 120);
-    EXPECT_EQ(parser.keyboardHeight(), 0);
-}
-
-TEST_F(CatalogueTest, AMissingNameListCountsAsEmpty)
-{
-    m_folder.writeCatalogue("{\"RectValue\": [{\"width\": 1}]}");
-    LanguageParser parser;
-    EXPECT_THAT(parser.getLayoutsName(), IsEmpty());
-}
-
-TEST_F(CatalogueTest, NamesOfOtherTypesAreReadAsStrings)
-{
-    m_folder.writeCatalogue("{\"language\": [1, true, null, \"x\"],"
-                            " \"RectValue\": [{\"width\": 1}]}");
-    LanguageParser parser;
-    EXPECT_THAT(parser.getLayoutsName(), ElementsAre("1", "true", "", "x"));
-}
-
-TEST_F(CatalogueTest, AChangeToAnUnknownLayoutLogsItsNameAndLeavesNoKeys)
-{
-    m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
-    m_folder.writeKeyMap("English", asJson(sample::twoDefaultKeys(), sample::twoSymbolKeys()));
-    LanguageParser parser;
-    std::string name = "English";
-    parser.onLayoutchanged(name);
-    takeTrace();
-
-    name = "Klingon";
-    parser.onLayoutchanged(name);
-    expectTrace(logged("onLayoutchanged", "Current Layout is :Klingon \n") + keyMapNotRead());
-    for (const bool shift : {false, true})
-        for (const bool alt : {false, true})
-            EXPECT_THAT(parser.getKeyMap(name, shift, alt), IsEmpty());
-}
-
-TEST_F(CatalogueTest, AChangeOfLayoutReadsItsKeys)
-{
-    m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
-    m_folder.writeKeyMap("English", asJson(sample::twoDefaultKeys(), sample::twoSymbolKeys()));
-    LanguageParser parser;
-    takeTrace();
-    std::string name = "English";
-    parser.onLayoutchanged(name);
-    EXPECT_EQ(name, "English");
-    expectTrace(logged("onLayoutchanged", "Current Layout is :English \n") + keyMapRead());
+    EXPECT_EQ(rectsOfKeys(parser, 3),
+              (Rects{{4, 4, 60, 50}, {68, 4, 124, 50}, {452, 382, 444, 374}}));
 }
 
 // A catalogue that is no JSON document, whatever the reason.
@@ -293,28 +204,21 @@ TEST_P(MalformedCatalogue, GivesNoNamesAndLogsNoSuccess)
 
 TEST_P(MalformedCatalogue, AfterAGoodOneEmptiesTheNamesAndKeepsTheGridAndTheSize)
 {
-    m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
-    writeKeys(2);
     LanguageParser parser;
     m_folder.writeCatalogue(GetParam().text);
     takeTrace();
-
     EXPECT_FALSE(parser.ParseLayout());
     expectTrace(catalogueNotRead());
     EXPECT_THAT(parser.getLayoutsName(), IsEmpty());
     EXPECT_EQ(parser.keyboardWidth(), 196);
     EXPECT_EQ(parser.keyboardHeight(), 58);
-    const std::vector<Rect_t> rects = rectsOfKeys(parser);
-    ASSERT_THAT(rects, SizeIs(2));
-    EXPECT_THAT(asNumbers(rects[1]), ElementsAre(68, 4, 124, 50));
+    EXPECT_EQ(rectsOfKeys(parser, 2), (Rects{{4, 4, 60, 50}, {68, 4, 124, 50}}));
 }
 
-INSTANTIATE_TEST_SUITE_P(BadInput, MalformedCatalogue, testing::ValuesIn(kNoJson),
-                         [](const auto& test) { return std::string(test.param.what); });
+INSTANTIATE_TEST_SUITE_P(BadInput, MalformedCatalogue, testing::ValuesIn(kNoJson), RowName());
 
 TEST_F(CatalogueTest, AnUnreadableCatalogueIsAsGoodAsNone)
 {
-    m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
     ::setenv("VKB_TEST_FAIL_OPEN", LayoutFolder::cataloguePath().c_str(), 1);
     LanguageParser parser;
     ::unsetenv("VKB_TEST_FAIL_OPEN");
@@ -340,52 +244,34 @@ class ImpossibleCatalogue : public CatalogueTest, public testing::WithParamInter
 {
 };
 
-TEST_P(ImpossibleCatalogue, LetsTheLibrarysErrorThroughAfterTheSuccessLine)
+TEST_P(ImpossibleCatalogue, LetsTheLibrarysErrorThroughAfterTheSuccessLineToEveryCaller)
 {
-    m_folder.writeCatalogue(GetParam().text);
-    EXPECT_THROW(LanguageParser(), Json::Exception);
-    expectTrace(catalogueRead());
-}
-
-TEST_P(ImpossibleCatalogue, ReachesEveryCallerOfTheReading)
-{
+    m_folder.removeCatalogue();
     LanguageParser parser;
     m_folder.writeCatalogue(GetParam().text);
-    std::string name = "English";
     takeTrace();
+    EXPECT_THROW(LanguageParser(), Json::Exception);
+    expectTrace(catalogueRead());
     EXPECT_THROW(parser.getLayoutsName(), Json::Exception);
-    expectTrace(logged("getLayoutsName", "called\n") + catalogueRead());
-    EXPECT_THROW(parser.onLayoutchanged(name), Json::Exception);
-    expectTrace(logged("onLayoutchanged", "Current Layout is :English \n") +
-                logged("ParseCurrentLayoutKeyMaps", "called\n") + catalogueRead());
+    expectTrace(steps::parser("getLayoutsName", "called\n") + catalogueRead());
+    EXPECT_THROW(parser.onLayoutchanged(m_english), Json::Exception);
+    expectTrace(layoutChosen("English") + keyMapNotRead() + catalogueRead());
+    EXPECT_EQ(parser.keyboardWidth(), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(BadInput, ImpossibleCatalogue, testing::ValuesIn(kImpossible),
-                         [](const auto& test) { return std::string(test.param.what); });
+INSTANTIATE_TEST_SUITE_P(BadInput, ImpossibleCatalogue, testing::ValuesIn(kImpossible), RowName());
 
 TEST_F(CatalogueTest, WithoutPositionsTheNamesReadBeforeTheErrorStay)
 {
+    m_folder.removeCatalogue();
     LanguageParser parser;
     m_folder.writeCatalogue("{\"language\": [\"English\", \"German\"],"
                             " \"Rect\": {\"widthValue\": 60}}");
     EXPECT_THROW(parser.getLayoutsName(), Json::Exception);
     takeTrace();
     EXPECT_THAT(parser.getLayoutsName(), ElementsAre("English", "German"));
-    expectTrace(logged("getLayoutsName", "called\n"));
+    expectTrace(steps::parser("getLayoutsName", "called\n"));
     EXPECT_EQ(parser.keyboardWidth(), 0);
-}
-
-TEST_F(CatalogueTest, AnEmptyPositionTableThrowsOutOfTheKeyMapReadingToo)
-{
-    LanguageParser parser;
-    m_folder.writeCatalogue("{\"RectValue\": []}");
-    writeKeys(1);
-    std::string name = "English";
-    takeTrace();
-    EXPECT_THROW(parser.onLayoutchanged(name), Json::Exception);
-    expectTrace(logged("onLayoutchanged", "Current Layout is :English \n") + keyMapNotRead() +
-                catalogueRead());
-    EXPECT_THROW(parser.getKeyMap(name, false, false), Json::Exception);
 }
 
 } // namespace

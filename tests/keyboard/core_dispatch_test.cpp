@@ -1,10 +1,12 @@
 // What the remote control's keys do: key results, Shift, Alt, language, clear-all and hide.
 
-#include <ostream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "core_fixture.h"
 #include "drawn_keyboard.h"
+#include "row.h"
 
 namespace
 {
@@ -13,99 +15,75 @@ using namespace test_support;
 using namespace velmora::browser::vkb;
 using namespace sample;
 using namespace steps;
-using testing::Contains;
-using testing::IsEmpty;
-using testing::Not;
-
-static_assert(std::is_same_v<decltype(OsButton_t::keyCode), int32_t>);
-static_assert(std::is_same_v<decltype(OsButton_t::modifier), int32_t>);
-static_assert(std::is_same_v<decltype(OsButton_t::character), int32_t>);
-
-Steps trace(const std::string& function, const std::string& message)
-{
-    return coreLogged(kTrace, function, message);
-}
 
 Steps okPressed()
 {
-    return trace("EnterPressProc", "called\n");
+    return core("EnterPressProc", "called\n");
 }
 
 Steps resultMade(const std::string& hexCode)
 {
-    return trace("setKeyBoardButton", "called\n") +
-           coreLogged(kResult, "setKeyBoardButton", "keycode:0x" + hexCode + "\n");
+    return core("setKeyBoardButton", "called\n") +
+           core("setKeyBoardButton", "keycode:0x" + hexCode + "\n", kResult);
 }
 
 Steps modeWas(const std::string& handler, int mode)
 {
-    return trace(handler, "ShiftMode:" + std::to_string(mode) + "!\n");
+    return core(handler, "ShiftMode:" + std::to_string(mode) + "!\n");
 }
 
 Steps unlocked(const std::string& text)
 {
-    return trace("removeLockButton", "Cancel button(" + text + ")focus!\n");
+    return core("removeLockButton", "Cancel button(" + text + ")focus!\n");
 }
 
 class CoreDispatch : public CoreTest
 {
 protected:
-    OsButton_t result()
+    // "CODE/MODIFIER/CHARACTER TEXT"
+    std::string result()
     {
         OsButton_t taken;
         m_core->getKeyBoardButton(taken);
         takeTrace();
-        return taken;
-    }
-
-    void expectResult(int keyCode, int modifier, int character, const std::string& text)
-    {
-        const OsButton_t taken = result();
-        EXPECT_EQ(taken.keyCode, keyCode);
-        EXPECT_EQ(taken.modifier, modifier);
-        EXPECT_EQ(taken.character, character);
-        EXPECT_EQ(taken.text, text);
-    }
-
-    void pressShift(int times)
-    {
-        for (int i = 0; i < times; ++i)
-            press(kShift);
-        takeTrace();
+        return std::to_string(taken.keyCode) + "/" + std::to_string(taken.modifier) + "/" +
+               std::to_string(taken.character) + " " + taken.text;
     }
 
     // The labels that the renderer draws sunken, read from a repaint.
-    std::vector<std::string> lockedLabels()
+    Lines lockedLabels()
     {
         takeTrace();
         m_core->sendLockButtonToUI();
         return drawnKeyboard(takeTrace()).sunken;
     }
 
-    using Labels = std::vector<std::string>;
-
-    // Starts with English's first key made into this special key.
-    void startWithSpecial(const std::string& text, bool isLanguage)
+    // OK on a key: "ANSWER", the key result when there is one, and " | LABEL..." of the keys that
+    // are locked then.
+    std::string pressed(int place)
     {
-        startWithKey(kLetter, {0, text, true, isLanguage, 5, 0, 0, 1, 0, 4, text, 0});
+        const int answer = press(place);
+        std::string brought = std::to_string(answer) + (answer == 1 ? " " + result() : "");
+        std::string mark = " |";
+        for (const std::string& label : lockedLabels())
+            brought += std::exchange(mark, "") + " " + label;
+        return brought;
     }
 
-    void startWithKey(int place, const Key& key)
+    void expectRefused(const std::vector<int>& codes)
     {
-        std::vector<Key> changed = allKindsDefaultKeys("English");
-        changed[static_cast<size_t>(place)] = key;
-        m_folder.writeKeyMap("English", asJson(changed, changed));
-        start();
+        for (const int code : codes) {
+            takeTrace();
+            EXPECT_EQ(m_core->onKeyEvent(code), 2) << code;
+            expectTrace(core("onKeyEvent", "Received Keycode: " + std::to_string(code) + "\n"));
+        }
     }
 };
 
-TEST_F(CoreDispatch, EveryCodeIsLogged)
+TEST_F(CoreDispatch, EveryCodeIsLoggedAndNotHandledBeforeAStart)
 {
     create();
-    for (const int code : {0, 13, 37, -5, 1000}) {
-        EXPECT_EQ(m_core->onKeyEvent(code), 2);
-        expectTrace(trace("onKeyEvent", "Received Keycode: " + std::to_string(code) + "\n"));
-    }
+    expectRefused({0, 13, 37, -5, 1000});
 }
 
 TEST_F(CoreDispatch, OtherCodesAreNotHandled)
@@ -114,343 +92,185 @@ TEST_F(CoreDispatch, OtherCodesAreNotHandled)
     std::vector<int> codes = {-1, 0, 12, 41, 42, 100, 65549};
     for (int code = 14; code <= 36; ++code)
         codes.push_back(code);
-    for (const int code : codes) {
-        EXPECT_EQ(m_core->onKeyEvent(code), 2) << code;
-        expectTrace(trace("onKeyEvent", "Received Keycode: " + std::to_string(code) + "\n"));
-    }
+    expectRefused(codes);
 }
 
 TEST_F(CoreDispatch, WhileHiddenNoKeyIsHandledAndNothingChanges)
 {
     start();
-    press(kLetter);
     m_core->Hide();
-    takeTrace();
-    for (const int code : {13, 37, 38, 39, 40}) {
-        EXPECT_EQ(m_core->onKeyEvent(code), 2);
-        expectTrace(trace("onKeyEvent", "Received Keycode: " + std::to_string(code) + "\n"));
-    }
+    expectRefused({13, 37, 38, 39, 40});
     EXPECT_EQ(focused().id, kLetter);
     m_core->Show();
     EXPECT_EQ(m_core->onKeyEvent(13), 1);
 }
 
-TEST_F(CoreDispatch, AfterACancelNoKeyIsHandled)
+TEST_F(CoreDispatch, AfterACancelNoKeyIsHandledAlthoughItStillCountsAsShown)
 {
     start();
     m_core->OnIMECancelled();
-    EXPECT_EQ(m_core->onKeyEvent(13), 2) << "although it still counts as shown";
-    EXPECT_EQ(m_core->onKeyEvent(39), 2);
+    EXPECT_TRUE(m_core->isShow());
+    expectRefused({13, 39});
 }
 
-TEST_F(CoreDispatch, OkReachesTheFocusedKey)
+TEST_F(CoreDispatch, AResultStaysUntilTheNextAndIsLoggedEachTime)
 {
     start();
-    EXPECT_EQ(m_core->onKeyEvent(13), 1);
-    expectTrace(trace("onKeyEvent", "Received Keycode: 13\n") + okPressed() + resultMade("41"));
-    expectResult(65, 0, 97, "a");
-}
-
-TEST_F(CoreDispatch, AResultStaysUntilTheNext)
-{
-    start();
+    press(kShift);
     press(kLetter);
     takeTrace();
     EXPECT_EQ(m_core->getKeyBoardButton(), 65);
     EXPECT_EQ(m_core->getKeyBoardButton(), 65);
-    const Steps asked = trace("getKeyBoardButton", "button.text = a,button.keyCode = 65\n");
+    const Steps asked = core("getKeyBoardButton", "button.text = A,button.keyCode = 65\n");
     expectTrace(asked + asked);
 
-    EXPECT_EQ(press(kClearAll), 1);
-    expectResult(46, 0, 127, "ClearAll");
-    expectResult(46, 0, 127, "ClearAll");
-}
-
-TEST_F(CoreDispatch, TheWholeResultIsLoggedWithItsModifier)
-{
-    start();
-    pressShift(1);
-    press(kLetter);
-    takeTrace();
     OsButton_t taken;
     m_core->getKeyBoardButton(taken);
     expectTrace(
-        trace("getKeyBoardButton", "button.text = A,button.keyCode = 65,button.modifier = 2\n"));
+        core("getKeyBoardButton", "button.text = A,button.keyCode = 65,button.modifier = 2\n"));
+    press(kMute);
+    press(kUnknown);
+    EXPECT_EQ(result(), "65/2/65 A");
+    EXPECT_EQ(result(), "65/2/65 A");
 }
 
-TEST_F(CoreDispatch, ANegativeKeyCodeYieldsNothing)
+// One press after the other, each with all calls and log lines.
+TEST_F(CoreDispatch, EachPressOfASessionIsTheseCallsAndLines)
 {
     start();
-    press(kLetter);
-    EXPECT_EQ(press(kMute), 0);
-    const Lines found = takeTrace();
-    EXPECT_EQ(found.back(), linesOf(okPressed()).back());
-    expectResult(65, 0, 97, "a");
-}
-
-TEST_F(CoreDispatch, ANegativeKeyCodeDoesNotReleaseShift)
-{
-    start();
-    pressShift(1);
-    EXPECT_EQ(press(kMute), 0);
-    press(kLetter);
-    expectResult(65, 2, 65, "A");
-}
-
-TEST_F(CoreDispatch, AKeyCodeOfZeroYieldsAResult)
-{
-    startWithKey(kLetter, {0, "z", false, false, 0, 122, 0, 1, 0, 4, "Z", 90});
-    EXPECT_EQ(press(kLetter), 1);
-    expectResult(0, 0, 122, "z");
-}
-
-TEST_F(CoreDispatch, AnOrdinaryKeyNamedLikeASpecialOneIsOrdinary)
-{
-    startWithKey(kLetter, {0, "Shift", false, true, 7, 8, 0, 1, 0, 4, "Shift", 9});
-    EXPECT_EQ(press(kLetter), 1);
-    expectResult(7, 0, 8, "Shift");
-}
-
-TEST_F(CoreDispatch, SetKeyBoardButtonTakesTheFocusedKeyAndSaysYes)
-{
-    start();
-    takeTrace();
-    EXPECT_TRUE(m_core->setKeyBoardButton());
-    expectTrace(resultMade("41"));
-    expectResult(65, 0, 97, "a");
-}
-
-// --- Shift.
-
-TEST_F(CoreDispatch, ShiftOnceLocksTheKeyAndShowsTheShiftedSet)
-{
-    start();
-    focus(kShift);
-    EXPECT_EQ(m_core->EnterPressProc(), 0);
-    const Keys shifted = keys("English", true);
-    const Keys locked = {keys()[kShift]};
-    expectTrace(okPressed() + modeWas("shiftButtonHandle", 0) +
-                m_expected.reload(shifted, locked, shifted[kShift]));
-}
-
-TEST_F(CoreDispatch, ShiftTwiceLocksShiftAndKeepsTheLocks)
-{
-    start();
-    focus(kShift);
-    const Keys shifted = keys("English", true);
-    const Keys locked = {keys()[kShift]};
-    m_core->EnterPressProc();
-    m_expected.reload(shifted, locked, shifted[kShift]);
-    takeTrace();
-
-    EXPECT_EQ(m_core->EnterPressProc(), 0);
-    expectTrace(okPressed() + modeWas("shiftButtonHandle", 1) +
-                m_expected.reload(shifted, locked, shifted[kShift]));
-}
-
-TEST_F(CoreDispatch, ShiftThreeTimesIsOffAgain)
-{
-    start();
-    focus(kShift);
-    const Keys shifted = keys("English", true);
-    const Keys locked = {keys()[kShift]};
-    for (int i = 0; i < 2; ++i) {
-        m_core->EnterPressProc();
-        m_expected.reload(shifted, locked, shifted[kShift]);
-    }
-    takeTrace();
-
-    EXPECT_EQ(m_core->EnterPressProc(), 0);
     const Keys plain = keys();
-    expectTrace(okPressed() + modeWas("shiftButtonHandle", 1) + unlocked("Shift") +
-                m_expected.reloadIn("shiftButtonHandle", plain, m_none, plain[kShift]));
-    press(kLetter);
-    expectResult(65, 0, 97, "a");
-}
-
-TEST_F(CoreDispatch, TheShiftKeyIsLockedDuringOnceAndLockedOnly)
-{
-    start();
-    EXPECT_THAT(lockedLabels(), IsEmpty());
-    press(kShift);
-    EXPECT_EQ(lockedLabels(), Labels{"Shift"});
-    press(kShift);
-    EXPECT_EQ(lockedLabels(), Labels{"Shift"});
-    press(kShift);
-    EXPECT_THAT(lockedLabels(), IsEmpty());
-    press(kShift);
-    EXPECT_EQ(lockedLabels(), Labels{"Shift"});
-}
-
-TEST_F(CoreDispatch, ALetterWithShiftOnceIsShiftedAndReleasesShift)
-{
-    start();
-    focus(kShift);
     const Keys shifted = keys("English", true);
-    m_core->EnterPressProc();
-    m_expected.reload(shifted, {keys()[kShift]}, shifted[kShift]);
-    focus(kLetter);
-
-    EXPECT_EQ(m_core->EnterPressProc(), 1);
-    const Keys plain = keys();
-    expectTrace(okPressed() + resultMade("41") + unlocked("Shift") +
-                m_expected.reload(plain, m_none, plain[kLetter]));
-    expectResult(65, 2, 65, "A");
-
-    EXPECT_EQ(m_core->EnterPressProc(), 1);
-    expectTrace(okPressed() + resultMade("41"));
-    expectResult(65, 0, 97, "a");
-}
-
-TEST_F(CoreDispatch, ALetterWithShiftLockedStaysShifted)
-{
-    start();
-    pressShift(2);
-    for (int i = 0; i < 2; ++i) {
-        focus(kLetter);
-        EXPECT_EQ(m_core->EnterPressProc(), 1);
-        expectTrace(okPressed() + resultMade("41"));
-        expectResult(65, 2, 65, "A");
-    }
-}
-
-TEST_F(CoreDispatch, AShiftKeyInSmallLettersStaysLockedAfterShiftGoesOff)
-{
-    startWithSpecial("shift", false);
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(press(kLetter), 0);
-        EXPECT_EQ(lockedLabels(), Labels{"shift"});
-    }
-    EXPECT_EQ(focused().text, "shift");
-    press(kLetter); // Shift is off, so this is Once again
-    EXPECT_EQ(lockedLabels(), (Labels{"shift", "shift"}));
-    focus(kLanguage);
-    m_core->EnterPressProc();
-    EXPECT_THAT(lockedLabels(), IsEmpty()) << "only a change of layout releases it";
-}
-
-TEST_F(CoreDispatch, ShiftOnceInSmallLettersIsReleasedByALetter)
-{
-    startWithKey(kShift, {1, "shift", true, false, 0, 0, 0, 2, 0, 5, "shift", 0});
-    press(kShift);
-    focus(kLetter);
-    EXPECT_EQ(m_core->EnterPressProc(), 1);
-    EXPECT_THAT(takeTrace(), Not(Contains(linesOf(unlocked("Shift")).back())));
-    expectResult(65, 2, 65, "A");
-    EXPECT_EQ(m_core->EnterPressProc(), 1);
-    expectResult(65, 0, 97, "a");
-    EXPECT_EQ(lockedLabels(), Labels{"shift"});
-}
-
-// --- Alt.
-
-TEST_F(CoreDispatch, AltShowsTheSymbolSetAndLocksTheKey)
-{
-    start();
-    focus(kAlt);
-    EXPECT_EQ(m_core->EnterPressProc(), 0);
     const Keys symbols = keys("English", false, true);
-    expectTrace(okPressed() + modeWas("altButtonHandle", 0) +
-                m_expected.reload(symbols, {keys()[kAlt]}, symbols[kAlt]));
-}
+    const Keys german = keys("German");
+    const Keys shift = {plain[kShift]};
+    const Keys alt = {plain[kAlt]};
 
-TEST_F(CoreDispatch, AltTwiceIsOffAgain)
-{
-    start();
-    focus(kAlt);
-    const Keys symbols = keys("English", false, true);
-    m_core->EnterPressProc();
-    m_expected.reload(symbols, {keys()[kAlt]}, symbols[kAlt]);
-    takeTrace();
-
-    EXPECT_EQ(m_core->EnterPressProc(), 0);
-    const Keys plain = keys();
-    expectTrace(okPressed() + modeWas("altButtonHandle", 1) + unlocked("Alt") +
-                m_expected.reloadIn("altButtonHandle", plain, m_none, plain[kAlt]));
-}
-
-TEST_F(CoreDispatch, ALetterInTheSymbolSetHasItsOwnCodesAndNoModifier)
-{
-    start();
-    press(kAlt);
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(press(kLetter), 1);
-        expectResult(49, 0, 49, "1");
+    const struct {
+        const char* what;
+        int place;
+        int answer;
+        Steps steps;
+    } session[] = {
+        {"a letter", kLetter, 1, resultMade("41")},
+        {"Shift for one key", kShift, 0,
+         modeWas("shiftButtonHandle", 0) + m_expected.reload(shifted, shift, shifted[kShift])},
+        {"a shifted letter", kLetter, 1,
+         resultMade("41") + unlocked("Shift") + m_expected.reload(plain, m_none, plain[kLetter])},
+        {"a letter behind it", kLetter, 1, resultMade("41")},
+        {"Shift again", kShift, 0,
+         modeWas("shiftButtonHandle", 0) + m_expected.reload(shifted, shift, shifted[kShift])},
+        {"Shift locked", kShift, 0,
+         modeWas("shiftButtonHandle", 1) + m_expected.reload(shifted, shift, shifted[kShift])},
+        {"a letter with Shift locked", kLetter, 1, resultMade("41")},
+        {"Shift off", kShift, 0,
+         modeWas("shiftButtonHandle", 1) + unlocked("Shift") +
+             m_expected.reloadIn("shiftButtonHandle", plain, m_none, plain[kShift])},
+        {"Alt on", kAlt, 0,
+         modeWas("altButtonHandle", 0) + m_expected.reload(symbols, alt, symbols[kAlt])},
+        {"Alt off", kAlt, 0,
+         modeWas("altButtonHandle", 1) + unlocked("Alt") +
+             m_expected.reloadIn("altButtonHandle", plain, m_none, plain[kAlt])},
+        {"a key that yields nothing", kMute, 0, {}},
+        {"clear-all", kClearAll, 1, core("clearButtonHandle", "called\n") + resultMade("2e")},
+        {"an unknown special key", kUnknown, 2,
+         core("specialButtonHandle", "Maybe not special key!\n", kError)},
+        {"the next layout at the same place", kLanguage, 0,
+         core("languageButtonHandle", "called\n") + layoutChange("German") +
+             m_expected.reload(german, m_none, german[kLanguage])},
+        {"hide", kHide, 0, core("Hide", "Hide the VKB!\n\n") + m_renderer.hideShown()},
+    };
+    for (const auto& each : session) {
+        SCOPED_TRACE(each.what);
+        EXPECT_EQ(press(each.place), each.answer);
+        expectTrace(okPressed() + each.steps);
     }
-    EXPECT_EQ(lockedLabels(), Labels{"Alt"});
-}
-
-TEST_F(CoreDispatch, ShiftAndAltAreIndependent)
-{
-    start();
-    press(kAlt);
-    press(kShift);
-    EXPECT_EQ(lockedLabels(), (Labels{"Alt", "Shift"}));
-    press(kLetter); // releases Shift alone
-    expectResult(49, 2, 33, "!");
-    EXPECT_EQ(lockedLabels(), Labels{"Alt"});
-    press(kLetter);
-    expectResult(49, 0, 49, "1");
-
-    pressShift(2);
-    press(kAlt); // off
-    EXPECT_EQ(lockedLabels(), Labels{"Shift"});
-    press(kLetter);
-    expectResult(65, 2, 65, "A");
-}
-
-TEST_F(CoreDispatch, AnAltKeyInSmallLettersStaysLockedAfterAltGoesOff)
-{
-    startWithSpecial("alt", false);
-    press(kLetter);
-    press(kLetter);
-    EXPECT_EQ(lockedLabels(), Labels{"alt"});
-    press(kLetter);
-    EXPECT_EQ(lockedLabels(), (Labels{"alt", "alt"}));
-}
-
-// --- Clear-all, hide, language, and what is none of these.
-
-TEST_F(CoreDispatch, ClearAllYieldsItsOwnCodes)
-{
-    start();
-    focus(kClearAll);
-    EXPECT_EQ(m_core->EnterPressProc(), 1);
-    expectTrace(okPressed() + trace("clearButtonHandle", "called\n") + resultMade("2e"));
-    expectResult(46, 0, 127, "ClearAll");
-}
-
-TEST_F(CoreDispatch, ClearAllWithShiftOnceKeepsShift)
-{
-    start();
-    pressShift(1);
-    EXPECT_EQ(press(kClearAll), 1);
-    expectResult(46, 2, 127, "ClearAll");
-    press(kLetter);
-    expectResult(65, 2, 65, "A");
-}
-
-TEST_F(CoreDispatch, HideHidesAndKeepsTheKeyboardStarted)
-{
-    start();
-    focus(kHide);
-    EXPECT_EQ(m_core->EnterPressProc(), 0);
-    expectTrace(okPressed() + trace("Hide", "Hide the VKB!\n\n") + m_renderer.hideShown());
     EXPECT_TRUE(m_core->isKeyBoardEnable());
     EXPECT_FALSE(m_core->isShow());
-    EXPECT_EQ(m_core->onKeyEvent(13), 2);
 }
 
-TEST_F(CoreDispatch, TheLanguageKeyLoadsTheNextLayoutAtTheSameIndex)
+// Presses of OK on these keys, and what each brings.
+struct Presses : Row {
+    std::vector<int> places;
+    Lines brought;
+    int changed = kKeys; // the place of a key that is this one instead
+    Key key = {};
+};
+
+const Presses kPresses[] = {
+    {"ShiftLocksItsKeyOnceAndLocked",
+     {kShift, kShift, kShift, kShift},
+     {"0 | Shift", "0 | Shift", "0", "0 | Shift"}},
+    {"ALetterWithShiftOnceIsShiftedAndReleasesShift",
+     {kLetter, kShift, kLetter, kLetter},
+     {"1 65/0/97 a", "0 | Shift", "1 65/2/65 A", "1 65/0/97 a"}},
+    {"ALetterWithShiftLockedStaysShiftedUntilShiftGoesOff",
+     {kShift, kShift, kLetter, kLetter, kShift, kLetter},
+     {"0 | Shift", "0 | Shift", "1 65/2/65 A | Shift", "1 65/2/65 A | Shift", "0", "1 65/0/97 a"}},
+    {"ANegativeKeyCodeYieldsNothingAndDoesNotReleaseShift",
+     {kShift, kMute, kLetter},
+     {"0 | Shift", "0 | Shift", "1 65/2/65 A"}},
+    {"ClearAllYieldsItsOwnCodesAndKeepsShift",
+     {kClearAll, kShift, kClearAll, kLetter},
+     {"1 46/0/127 ClearAll", "0 | Shift", "1 46/2/127 ClearAll | Shift", "1 65/2/65 A"}},
+    {"ALetterInTheSymbolSetHasItsOwnCodesAndNoModifier",
+     {kAlt, kLetter, kLetter, kAlt},
+     {"0 | Alt", "1 49/0/49 1 | Alt", "1 49/0/49 1 | Alt", "0"}},
+    {"ShiftAndAltAreIndependent",
+     {kAlt, kShift, kLetter, kLetter, kShift, kShift, kAlt, kLetter},
+     {"0 | Alt", "0 | Alt Shift", "1 49/2/33 ! | Alt", "1 49/0/49 1 | Alt", "0 | Alt Shift",
+      "0 | Alt Shift", "0 | Shift", "1 65/2/65 A | Shift"}},
+    {"ALayoutChangeSwitchesModesAndLocksOff",
+     {kShift, kShift, kAlt, kLanguage, kLetter, kShift, kLetter},
+     {"0 | Shift", "0 | Shift", "0 | Shift Alt", "0", "1 65/0/97 a", "0 | Shift", "1 65/2/65 A"}},
+    {"AnUnknownSpecialKeyYieldsNothing", {kUnknown}, {"2"}},
+    {"AKeyCodeOfZeroYieldsAResult",
+     {kLetter},
+     {"1 0/0/122 z"},
+     kLetter,
+     {0, "z", false, false, 0, 122, 0, 1, 0, 4, "Z", 90}},
+    {"AnOrdinaryKeyNamedLikeASpecialOneIsOrdinary",
+     {kLetter},
+     {"1 7/0/8 Shift"},
+     kLetter,
+     {0, "Shift", false, true, 7, 8, 0, 1, 0, 4, "Shift", 9}},
+    {"ASpecialKeyIsHandledWhateverItsKeyCode",
+     {kLetter},
+     {"1 -9/0/3 ClearAll"},
+     kLetter,
+     {0, "ClearAll", true, false, -9, 3, 0, 1, 0, 4, "ClearAll", 3}},
+    {"AShiftKeyInSmallLettersStaysLockedUntilTheNextLayout",
+     {kLetter, kLetter, kLetter, kLetter, kLanguage},
+     {"0 | shift", "0 | shift", "0 | shift", "0 | shift shift", "0"},
+     kLetter,
+     {0, "shift", true, false, 5, 0, 0, 1, 0, 4, "shift", 0}},
+    {"ShiftInSmallLettersIsReleasedByALetter",
+     {kShift, kLetter, kLetter},
+     {"0 | shift", "1 65/2/65 A | shift", "1 65/0/97 a | shift"},
+     kShift,
+     {1, "shift", true, false, 0, 0, 0, 2, 0, 5, "shift", 0}},
+    {"AnAltKeyInSmallLettersStaysLocked",
+     {kLetter, kLetter, kLetter},
+     {"0 | alt", "0 | alt", "0 | alt alt"},
+     kLetter,
+     {0, "alt", true, false, 5, 0, 0, 1, 0, 4, "alt", 0}},
+};
+
+class CorePresses : public CoreDispatch, public testing::WithParamInterface<Presses>
 {
+};
+
+TEST_P(CorePresses, BringTheseResultsAndLocks)
+{
+    if (GetParam().changed != kKeys)
+        writeEnglish(GetParam().changed, GetParam().key);
     start();
-    focus(kLanguage);
-    EXPECT_EQ(m_core->EnterPressProc(), 0);
-    const Keys german = keys("German");
-    expectTrace(okPressed() + trace("languageButtonHandle", "called\n") +
-                m_expected.layoutChange("German") +
-                m_expected.reload(german, m_none, german[kLanguage]));
+    Lines brought;
+    for (const int place : GetParam().places)
+        brought.push_back(pressed(place));
+    EXPECT_EQ(brought, GetParam().brought);
 }
+
+INSTANTIATE_TEST_SUITE_P(Sessions, CorePresses, testing::ValuesIn(kPresses), RowName());
 
 TEST_F(CoreDispatch, TheLanguageKeyWrapsFromTheLastLayoutToTheFirst)
 {
@@ -461,42 +281,12 @@ TEST_F(CoreDispatch, TheLanguageKeyWrapsFromTheLastLayoutToTheFirst)
     }
 }
 
-TEST_F(CoreDispatch, TheLanguageKeySwitchesModesAndLocksOff)
-{
-    start();
-    pressShift(2);
-    press(kAlt);
-    EXPECT_EQ(press(kLanguage), 0);
-    EXPECT_THAT(lockedLabels(), IsEmpty());
-    press(kLetter);
-    expectResult(65, 0, 97, "a");
-    focus(kShift);
-    m_core->EnterPressProc();
-    EXPECT_THAT(takeTrace(), Contains(linesOf(modeWas("shiftButtonHandle", 0)).back()));
-}
-
-TEST_F(CoreDispatch, AnUnknownSpecialKeyIsNotHandled)
-{
-    start();
-    focus(kUnknown);
-    EXPECT_EQ(m_core->EnterPressProc(), 2);
-    expectTrace(okPressed() +
-                coreLogged(kError, "specialButtonHandle", "Maybe not special key!\n"));
-    expectResult(0, 0, 0, "");
-}
-
 // A special key's text decides first, exactly as it is written.
-struct SpecialWord {
-    const char* what;
+struct SpecialWord : Row {
     const char* text;
     int result;
     const char* handler; // that logs, or nothing but the error
 };
-
-std::ostream& operator<<(std::ostream& stream, const SpecialWord& word)
-{
-    return stream << word.what;
-}
 
 const SpecialWord kWords[] = {
     {"shift", "shift", 0, "shiftButtonHandle"},
@@ -519,49 +309,43 @@ const SpecialWord kWords[] = {
 class CoreSpecialWord : public CoreDispatch, public testing::WithParamInterface<SpecialWord>
 {
 protected:
-    bool logged(const char* function)
+    void expectHandler(bool isLanguage, int result, const char* handler)
     {
-        for (const LogLine& line : m_log.lines())
-            if (line.function == function)
-                return true;
-        return false;
+        const std::string text = GetParam().text;
+        writeEnglish(kLetter, {0, text, true, isLanguage, 5, 0, 0, 1, 0, 4, text, 0});
+        start();
+        const size_t before = m_log.lines().size();
+        EXPECT_EQ(press(kLetter), result);
+        std::string handlers;
+        for (size_t i = before; i < m_log.lines().size(); ++i)
+            for (const char* each : {"shiftButtonHandle", "Hide", "altButtonHandle",
+                                     "clearButtonHandle", "languageButtonHandle"})
+                if (m_log.lines()[i].function == each && handlers != each)
+                    handlers += each;
+        EXPECT_EQ(handlers, handler == nullptr ? "" : handler);
     }
 };
 
 TEST_P(CoreSpecialWord, DecidesTheHandler)
 {
-    const SpecialWord& word = GetParam();
-    startWithSpecial(word.text, false);
-    EXPECT_EQ(press(kLetter), word.result);
-    for (const char* handler : {"shiftButtonHandle", "Hide", "altButtonHandle", "clearButtonHandle",
-                                "languageButtonHandle"}) {
-        const bool expected = word.handler != nullptr && word.handler == std::string(handler);
-        EXPECT_EQ(logged(handler), expected) << handler;
-    }
+    expectHandler(false, GetParam().result, GetParam().handler);
 }
 
 TEST_P(CoreSpecialWord, ComesBeforeTheLanguageMark)
 {
-    const SpecialWord& word = GetParam();
-    startWithSpecial(word.text, true);
-    EXPECT_EQ(press(kLetter), word.handler == nullptr ? 0 : word.result);
-    EXPECT_EQ(logged("languageButtonHandle"), word.handler == nullptr);
+    if (GetParam().handler != nullptr)
+        expectHandler(true, GetParam().result, GetParam().handler);
+    else
+        expectHandler(true, 0, "languageButtonHandle");
 }
 
-INSTANTIATE_TEST_SUITE_P(Words, CoreSpecialWord, testing::ValuesIn(kWords),
-                         [](const auto& test) { return std::string(test.param.what); });
-
-TEST_F(CoreDispatch, ASpecialKeyIsHandledWhateverItsKeyCode)
-{
-    startWithKey(kLetter, {0, "ClearAll", true, false, -9, 3, 0, 1, 0, 4, "ClearAll", 3});
-    EXPECT_EQ(press(kLetter), 1);
-    expectTrace(okPressed() + trace("clearButtonHandle", "called\n") + resultMade("fffffff7"));
-    expectResult(-9, 0, 3, "ClearAll");
-}
+INSTANTIATE_TEST_SUITE_P(Words, CoreSpecialWord, testing::ValuesIn(kWords), RowName());
 
 TEST_F(CoreDispatch, TheHandlersReturnTheirFixedResults)
 {
     start();
+    EXPECT_TRUE(m_core->setKeyBoardButton());
+    EXPECT_EQ(result(), "65/0/97 a");
     EXPECT_EQ(m_core->shiftButtonHandle(), 0);
     EXPECT_EQ(m_core->altButtonHandle(), 0);
     EXPECT_EQ(m_core->languageButtonHandle(), 0);
@@ -569,45 +353,20 @@ TEST_F(CoreDispatch, TheHandlersReturnTheirFixedResults)
     EXPECT_EQ(m_core->hideButtonHandle(), 0);
 }
 
-// --- The list of locked keys.
-
-TEST_F(CoreDispatch, RemovingTakesEveryEntryOfThatTextAndLeavesTheOthers)
+TEST_F(CoreDispatch, RemovingTakesEveryEntryOfThatTextAndLogsEach)
 {
-    startWithSpecial("shift", false);
-    press(kLetter);
-    press(kLetter);
-    press(kLetter); // Shift is off; "shift" stays
-    press(kAlt);
-    press(kShift);
-    press(kLetter);
-    press(kLetter); // off again, "Shift" removed
-    press(kShift);
-    EXPECT_EQ(lockedLabels(), (Labels{"shift", "Alt", "Shift"}));
-
-    takeTrace();
-    m_core->removeLockButton("Hide");
+    writeEnglish(kLetter, {0, "shift", true, false, 5, 0, 0, 1, 0, 4, "shift", 0});
+    start();
+    m_core->removeLockButton("shift");
     expectTrace({});
+    for (const int place : {kLetter, kLetter, kLetter, kAlt, kLetter})
+        press(place);
+    ASSERT_EQ(lockedLabels(), (Lines{"shift", "Alt", "shift"}));
     m_core->removeLockButton("Shift");
-    expectTrace(unlocked("Shift"));
-    EXPECT_EQ(lockedLabels(), (Labels{"shift", "Alt"}));
-}
-
-TEST_F(CoreDispatch, RemovingLogsOncePerEntry)
-{
-    startWithSpecial("shift", false);
-    for (int i = 0; i < 4; ++i)
-        press(kLetter);
-    EXPECT_EQ(lockedLabels(), (Labels{"shift", "shift"}));
+    expectTrace({});
     m_core->removeLockButton("shift");
     expectTrace(unlocked("shift") + unlocked("shift"));
-    EXPECT_THAT(lockedLabels(), IsEmpty());
-}
-
-TEST_F(CoreDispatch, RemovingFromAnEmptyListSaysNothing)
-{
-    start();
-    m_core->removeLockButton("Shift");
-    expectTrace({});
+    EXPECT_EQ(lockedLabels(), Lines{"Alt"});
 }
 
 TEST_F(CoreDispatch, UpdatingTheLocksReplacesTheLastEntryByTheFocusedKey)
@@ -616,21 +375,17 @@ TEST_F(CoreDispatch, UpdatingTheLocksReplacesTheLastEntryByTheFocusedKey)
     focus(kHide);
     m_core->updateLockButton();
     expectTrace({});
-    EXPECT_EQ(lockedLabels(), Labels{"Hide"});
+    EXPECT_EQ(lockedLabels(), Lines{"Hide"});
     focus(kClearAll);
     m_core->updateLockButton();
-    EXPECT_EQ(lockedLabels(), Labels{"ClearAll"});
-
+    EXPECT_EQ(lockedLabels(), Lines{"ClearAll"});
     press(kShift);
-    EXPECT_EQ(lockedLabels(), (Labels{"ClearAll", "Shift"}));
     focus(kHide);
     m_core->updateLockButton();
-    EXPECT_EQ(lockedLabels(), (Labels{"ClearAll", "Hide"}));
+    EXPECT_EQ(lockedLabels(), (Lines{"ClearAll", "Hide"}));
 }
 
-// --- The log of a whole session.
-
-TEST_F(CoreDispatch, EveryLineHasItsTagLevelAndALineNumber)
+TEST_F(CoreDispatch, EveryLineHasItsTagAFreshRecordAndALineNumber)
 {
     start();
     for (const int place : {kLetter, kShift, kLetter, kAlt, kLanguage, kClearAll, kUnknown, kHide})

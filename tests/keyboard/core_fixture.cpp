@@ -24,7 +24,7 @@ CoreTest::CoreTest()
 {
     ::unsetenv(kFontSetting);
     sample::writeAllKinds(m_folder);
-    m_folder.writeFile(kUsualFont, "");
+    m_folder.writeFile(kExpectedFont, "");
 }
 
 CoreTest::~CoreTest()
@@ -40,7 +40,7 @@ void CoreTest::create()
 
 void CoreTest::startIt()
 {
-    m_core->OnIMEStart(m_display.dfb(), m_hostSurface);
+    m_core->OnIMEStart(m_display.dfb(), m_host_surface);
 }
 
 void CoreTest::start()
@@ -55,7 +55,7 @@ void CoreTest::start()
 Steps CoreTest::entered(const std::string& layout)
 {
     const Keys shown = keys(layout);
-    return namesRead(3) + m_expected.layoutChange(layout) + m_expected.updateKeyMap(shown) +
+    return namesRead(3) + layoutChange(layout) + m_expected.updateKeyMap(shown) +
            m_renderer.showHidden(shown, m_none) +
            m_expected.focusChange(shown, m_none, 0, shown[0]);
 }
@@ -75,6 +75,13 @@ void CoreTest::startWithoutRenderer()
     EXPECT_THROW(startIt(), FatalError);
     testing::internal::GetCapturedStderr();
     takeTrace();
+}
+
+void CoreTest::writeEnglish(int place, const test_support::Key& key)
+{
+    std::vector<test_support::Key> changed = sample::allKindsDefaultKeys("English");
+    changed[static_cast<size_t>(place)] = key;
+    m_folder.writeKeyMap("English", asJson(changed, changed));
 }
 
 Keys CoreTest::keys(const std::string& layout, bool shift, bool alt)

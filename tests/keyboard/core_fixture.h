@@ -43,6 +43,9 @@ protected:
     // A core whose renderer could not be made: the parser and the window are there.
     void startWithoutRenderer();
 
+    // Replaces the key at a place of English's default set.
+    void writeEnglish(int place, const test_support::Key& key);
+
     static steps::Keys keys(const std::string& layout = "English", bool shift = false,
                             bool alt = false);
     velmora::browser::vkb::Button_t focused();
@@ -55,11 +58,11 @@ protected:
     static constexpr int kWidth = 4 * 64 + 4;
     static constexpr int kHeight = 2 * 56 + 6;
 
-    LayerAskedFor m_layerAskedFor;
+    LayerAskedFor m_layer_asked_for;
     test_support::LayoutFolder m_folder;
     test_support::RecordingDisplay m_display;
     test_support::LogCapture m_log;
-    IDirectFBSurface* m_hostSurface = m_display.newSurface(800, 600);
+    IDirectFBSurface* m_host_surface = m_display.newSurface(800, 600);
     steps::Renderer m_renderer{"surface2"};
     steps::Core m_expected{m_renderer};
     steps::Keys m_none;

@@ -21,7 +21,7 @@ TEST_F(CoreLayouts, EachLayoutChangeTakesTheNextNameAndWraps)
     start();
     for (const char* layout : {"German", "Greek", "English", "German"}) {
         m_core->onLayoutChanged();
-        expectTrace(m_expected.layoutChange(layout));
+        expectTrace(layoutChange(layout));
     }
 }
 
@@ -29,12 +29,10 @@ TEST_F(CoreLayouts, TheCurrentLayoutIsToldWithoutALine)
 {
     create();
     EXPECT_EQ(m_core->currentLayout(), "");
-    startIt();
-    takeTrace();
+    start();
     EXPECT_EQ(m_core->currentLayout(), "English");
     expectTrace({});
-    focus(kLanguage);
-    m_core->onKeyEvent(13);
+    press(kLanguage);
     EXPECT_EQ(m_core->currentLayout(), "German");
 }
 
@@ -66,19 +64,18 @@ TEST_F(CoreLayouts, ALayoutChangeWithoutAParserStillChangesTheName)
     start();
     m_core->OnIMECancelled();
     takeTrace();
-    m_core->onLayoutChanged();
-    expectTrace(coreLogged(kTrace, "onLayoutChanged", "language name :English \n") +
-                coreLogged(kError, "onLayoutChanged", kNoParser));
-    m_core->onLayoutChanged();
-    expectTrace(coreLogged(kTrace, "onLayoutChanged", "language name :German \n") +
-                coreLogged(kError, "onLayoutChanged", kNoParser));
+    for (const std::string layout : {"English", "German"}) {
+        m_core->onLayoutChanged();
+        expectTrace(core("onLayoutChanged", "language name :" + layout + " \n") +
+                    core("onLayoutChanged", kNoParser, kError));
+    }
 }
 
 TEST_F(CoreLayouts, AnEmptyLayoutNameBecomesEnglishAtTheNextUpdate)
 {
     create();
     m_core->updateKeyMap();
-    expectTrace(coreLogged(kError, "updateKeyMap", kNoParser));
+    expectTrace(core("updateKeyMap", kNoParser, kError));
     EXPECT_EQ(m_core->currentLayout(), "English");
 }
 
@@ -94,19 +91,12 @@ TEST_F(CoreLayouts, AnEmptyNameInTheCatalogueShowsTheUnnamedKeyMap)
     EXPECT_EQ(m_core->getTargetButtonByButtonId(kLanguage).text, "Unnamed");
 }
 
-TEST_F(CoreLayouts, WithoutARendererTheKeysAreNotFetched)
-{
-    startWithoutRenderer();
-    m_core->updateKeyMap();
-    expectTrace(coreLogged(kError, "updateKeyMap", kNoUi));
-}
-
 TEST_F(CoreLayouts, WithoutARendererEnterLeavesTheKeyboardNotStarted)
 {
     startWithoutRenderer();
     m_core->enter();
-    expectTrace(namesRead(3) + m_expected.layoutChange("English") +
-                coreLogged(kError, "updateKeyMap", kNoUi) + coreLogged(kError, "enter", kNoUi));
+    expectTrace(namesRead(3) + layoutChange("English") + core("updateKeyMap", kNoUi, kError) +
+                core("enter", kNoUi, kError));
     EXPECT_FALSE(m_core->isKeyBoardEnable());
     EXPECT_FALSE(m_core->isShow());
 }

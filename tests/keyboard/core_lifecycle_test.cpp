@@ -2,9 +2,11 @@
 
 #include <cstdlib>
 #include <string>
+#include <tuple>
 #include <type_traits>
 
 #include "core_fixture.h"
+#include "row.h"
 
 namespace
 {
@@ -22,82 +24,65 @@ using testing::IsEmpty;
 
 static_assert(!std::is_polymorphic_v<KeyBoardCore>);
 
-Steps constructed()
-{
-    return coreLogged(kTrace, "KeyBoardCore", "called\n");
-}
-
-Steps constructedWithoutFontVariable()
-{
-    return constructed() +
-           coreLogged(kError, "KeyBoardCore", "VIRTUAL_KEYBOARD_FONT_PATH undefine!\n");
-}
-
 class CoreLifecycle : public CoreTest
 {
 protected:
     Steps released(const std::string& window)
     {
-        const Steps destroyed = {call(window + ".Destroy()")};
-        return Renderer::destruction(m_expected.lastFont()) + destroyed;
-    }
-
-    // Starts a core of its own and tells the path under which the font was asked for.
-    Lines fontRequests()
-    {
-        create();
-        startIt();
-        Lines requests;
-        for (const std::string& line : takeTrace())
-            if (line.find("CreateFont") != std::string::npos)
-                requests.push_back(line);
-        return requests;
+        return Renderer::destruction(m_expected.lastFont()) + calls({window + ".Destroy()"});
     }
 };
 
-TEST_F(CoreLifecycle, ConstructionLogsAndMissesTheFontVariable)
+// The font variable before the core is made and behind that, the core's own lines, and the font
+// that it asks for when it starts.
+struct FontSetting : Row {
+    const char* before;
+    const char* behind;
+    Steps constructed;
+    const char* asked;
+};
+
+const Steps kConstructed = core("KeyBoardCore", "called\n");
+const Steps kNoVariable =
+    kConstructed + core("KeyBoardCore", "VIRTUAL_KEYBOARD_FONT_PATH undefine!\n", kError);
+const char kOther[] = "/opt/font/other.ttf";
+
+const FontSetting kFontSettings[] = {
+    {"MissingMeansTheDefaultFont", nullptr, nullptr, kNoVariable, kExpectedFont},
+    {"NamesTheFont", kOther, kOther, kConstructed, kOther},
+    {"IsReadAtConstructionOnly", nullptr, kOther, kNoVariable, kExpectedFont},
+    {"EmptyGivesNoFont", "", "", kConstructed, nullptr},
+};
+
+class CoreFont : public CoreTest, public testing::WithParamInterface<FontSetting>
 {
+protected:
+    static void set(const char* value)
+    {
+        if (value == nullptr)
+            ::unsetenv(kFontSetting);
+        else
+            ::setenv(kFontSetting, value, 1);
+    }
+};
+
+TEST_P(CoreFont, Variable)
+{
+    m_folder.writeFile(kOther, "");
+    set(GetParam().before);
     takeTrace();
     m_core.reset(new KeyBoardCore);
-    expectTrace(constructedWithoutFontVariable());
-}
-
-TEST_F(CoreLifecycle, ConstructionWithTheFontVariableOnlyLogs)
-{
-    ::setenv(kFontSetting, "/opt/font/other.ttf", 1);
-    takeTrace();
-    m_core.reset(new KeyBoardCore);
-    expectTrace(constructed());
-}
-
-TEST_F(CoreLifecycle, WithoutTheFontVariableTheUsualFontIsTaken)
-{
-    EXPECT_THAT(fontRequests(), ElementsAre(HasSubstr("CreateFont(" + std::string(kUsualFont))));
-}
-
-TEST_F(CoreLifecycle, TheFontVariableNamesTheFont)
-{
-    m_folder.writeFile("/opt/font/other.ttf", "");
-    ::setenv(kFontSetting, "/opt/font/other.ttf", 1);
-    EXPECT_THAT(fontRequests(), ElementsAre(HasSubstr("CreateFont(/opt/font/other.ttf,")));
-}
-
-TEST_F(CoreLifecycle, TheFontVariableIsReadAtConstructionOnly)
-{
-    m_core.reset(new KeyBoardCore);
-    ::setenv(kFontSetting, "/opt/font/other.ttf", 1);
-    takeTrace();
+    expectTrace(GetParam().constructed);
+    set(GetParam().behind);
     startIt();
-    EXPECT_THAT(takeTrace(), Contains(HasSubstr("CreateFont(" + std::string(kUsualFont))));
+    const Lines found = takeTrace();
+    if (GetParam().asked == nullptr)
+        EXPECT_THAT(found, Contains(HasSubstr("font file is not exist !!!")));
+    else
+        EXPECT_THAT(found, Contains(HasSubstr("CreateFont(" + std::string(GetParam().asked))));
 }
 
-TEST_F(CoreLifecycle, AnEmptyFontVariableGivesAnEmptyPathAndNoFont)
-{
-    ::setenv(kFontSetting, "", 1);
-    EXPECT_THAT(fontRequests(), IsEmpty());
-    EXPECT_THAT(m_log.lines(),
-                Contains(testing::Field(&LogLine::message, "font file is not exist !!!\n")));
-}
+INSTANTIATE_TEST_SUITE_P(Settings, CoreFont, testing::ValuesIn(kFontSettings), RowName());
 
 TEST_F(CoreLifecycle, ANewCoreIsIdleAndEmpty)
 {
@@ -108,28 +93,21 @@ TEST_F(CoreLifecycle, ANewCoreIsIdleAndEmpty)
 
     OsButton_t result = {1, 2, 3, "x"};
     m_core->getKeyBoardButton(result);
-    EXPECT_EQ(result.keyCode, 0);
-    EXPECT_EQ(result.modifier, 0);
-    EXPECT_EQ(result.character, 0);
-    EXPECT_EQ(result.text, "");
+    EXPECT_EQ(std::tie(result.keyCode, result.modifier, result.character, result.text),
+              std::make_tuple(0, 0, 0, ""));
+    EXPECT_EQ(fieldsOf(focused()), fieldsOf(Button_t()));
 
-    const Button_t button = focused();
-    EXPECT_EQ(button.text, "");
-    EXPECT_EQ(button.id, 0);
-    EXPECT_EQ(button.keyCode, 0);
-    EXPECT_EQ(button.rect.width, 0);
-    EXPECT_FALSE(button.isSpecial);
-    EXPECT_FALSE(button.isLanguage);
-    EXPECT_EQ(button.down_button, 0);
+    m_core->clearButtonHandle();
+    m_core->getKeyBoardButton(result);
+    EXPECT_EQ(result.modifier, 0) << "Shift is off";
 }
 
-TEST_F(CoreLifecycle, WithoutAParserTheSizeIsTheUsualOne)
+TEST_F(CoreLifecycle, WithoutAParserTheSizeIsTheDefault)
 {
     create();
     EXPECT_EQ(m_core->getWidth(), 805);
     EXPECT_EQ(m_core->getHeight(), 255);
-    expectTrace(coreLogged(kError, "getWidth", kNoParser) +
-                coreLogged(kError, "getHeight", kNoParser));
+    expectTrace(core("getWidth", kNoParser, kError) + core("getHeight", kNoParser, kError));
 }
 
 TEST_F(CoreLifecycle, WithAParserTheSizeIsTheCatalogues)
@@ -156,8 +134,7 @@ TEST_F(CoreLifecycle, AStartWhileStartedOnlyShowsAndKeepsTheFocus)
     focus(kShift);
     startIt();
     const Keys shown = keys();
-    expectTrace(imeStarts(true) + coreLogged(kTrace, "Show", "Show the VKB!\n\n") +
-                Renderer::showShown() +
+    expectTrace(imeStarts(true) + core("Show", "Show the VKB!\n\n") + Renderer::showShown() +
                 m_expected.focusChange(shown, m_none, kShift, shown[kShift]));
     EXPECT_EQ(focused().id, kShift);
 }
@@ -169,7 +146,7 @@ TEST_F(CoreLifecycle, AStartWhileHiddenShowsAgain)
     takeTrace();
     startIt();
     const Keys shown = keys();
-    expectTrace(imeStarts(true) + coreLogged(kTrace, "Show", "Show the VKB!\n\n") +
+    expectTrace(imeStarts(true) + core("Show", "Show the VKB!\n\n") +
                 m_renderer.showHidden(shown, m_none) +
                 m_expected.focusChange(shown, m_none, 0, shown[0]));
     EXPECT_TRUE(m_core->isShow());
@@ -179,7 +156,7 @@ TEST_F(CoreLifecycle, HideKeepsTheKeyboardStartedAndShowBringsItBack)
 {
     start();
     m_core->Hide();
-    expectTrace(coreLogged(kTrace, "Hide", "Hide the VKB!\n\n") + m_renderer.hideShown());
+    expectTrace(core("Hide", "Hide the VKB!\n\n") + m_renderer.hideShown());
     EXPECT_TRUE(m_core->isKeyBoardEnable());
     EXPECT_FALSE(m_core->isShow());
 
@@ -188,40 +165,25 @@ TEST_F(CoreLifecycle, HideKeepsTheKeyboardStartedAndShowBringsItBack)
     EXPECT_TRUE(m_core->isKeyBoardEnable());
 }
 
-TEST_F(CoreLifecycle, LeaveOnlyLogs)
+TEST_F(CoreLifecycle, LeaveOnlyLogsAndTheSystemsLanguageIsTakenWithoutAWord)
 {
     start();
     m_core->leave();
-    expectTrace(coreLogged(kTrace, "leave", "called\n"));
-    EXPECT_TRUE(m_core->isShow());
-}
-
-TEST_F(CoreLifecycle, TheSystemsLanguageIsTakenWithoutAWord)
-{
-    start();
     m_core->notifySysLanguage("de");
-    expectTrace({});
+    expectTrace(core("leave", "called\n"));
+    EXPECT_TRUE(m_core->isShow());
 }
 
 TEST_F(CoreLifecycle, CancelReleasesRendererAndWindow)
 {
     start();
     m_core->OnIMECancelled();
-    expectTrace(coreLogged(kTrace, "OnIMECancelled", "IME Cancel:-- \n") + released("window1"));
+    expectTrace(core("OnIMECancelled", "IME Cancel:-- \n") + released("window1"));
     EXPECT_FALSE(m_core->isKeyBoardEnable());
     EXPECT_TRUE(m_core->isShow()) << "a cancel leaves it as it was";
     EXPECT_EQ(m_display.liveWindows(), 0u);
     EXPECT_EQ(m_display.liveFonts(), 0u);
     EXPECT_EQ(m_core->getWidth(), 805) << "the parser is gone";
-}
-
-TEST_F(CoreLifecycle, CancelTwiceReleasesOnce)
-{
-    start();
-    m_core->OnIMECancelled();
-    takeTrace();
-    m_core->OnIMECancelled();
-    expectTrace(coreLogged(kTrace, "OnIMECancelled", "IME Cancel:-- \n"));
 }
 
 TEST_F(CoreLifecycle, CancelKeepsFocusKeysAndResult)
@@ -232,13 +194,6 @@ TEST_F(CoreLifecycle, CancelKeepsFocusKeysAndResult)
     EXPECT_EQ(m_core->getKeyBoardButton(), 65);
     EXPECT_EQ(focused().text, "a");
     EXPECT_EQ(m_core->getTargetButtonByButtonId(kShift).text, "Shift") << "the key set is kept";
-}
-
-TEST_F(CoreLifecycle, CancelBeforeAnyStartOnlyLogs)
-{
-    create();
-    m_core->OnIMECancelled();
-    expectTrace(coreLogged(kTrace, "OnIMECancelled", "IME Cancel:-- \n"));
 }
 
 TEST_F(CoreLifecycle, AStartAfterACancelBuildsAnewAtTheFirstLayout)
@@ -264,44 +219,39 @@ TEST_F(CoreLifecycle, DestructionReleasesRendererAndWindow)
 {
     start();
     m_core.reset();
-    expectTrace(coreLogged(kTrace, "~KeyBoardCore", "called\n") + released("window1"));
+    expectTrace(core("~KeyBoardCore", "called\n") + released("window1"));
     EXPECT_EQ(m_display.liveWindows(), 0u);
 }
 
-TEST_F(CoreLifecycle, DestructionAfterACancelOnlyLogs)
+TEST_F(CoreLifecycle, WithNothingToReleaseCancelAndDestructionOnlyLog)
 {
-    start();
-    m_core->OnIMECancelled();
-    takeTrace();
-    m_core.reset();
-    expectTrace(coreLogged(kTrace, "~KeyBoardCore", "called\n"));
+    for (const bool wasStarted : {false, true}) {
+        SCOPED_TRACE(wasStarted);
+        create();
+        if (wasStarted) {
+            startIt();
+            m_core->OnIMECancelled();
+            takeTrace();
+        }
+        m_core->OnIMECancelled();
+        m_core.reset();
+        expectTrace(core("OnIMECancelled", "IME Cancel:-- \n") + core("~KeyBoardCore", "called\n"));
+    }
 }
 
-TEST_F(CoreLifecycle, DestructionBeforeAnyStartOnlyLogs)
+TEST_F(CoreLifecycle, WithoutARendererShowAndHideOnlySaySo)
 {
     create();
-    m_core.reset();
-    expectTrace(coreLogged(kTrace, "~KeyBoardCore", "called\n"));
-}
-
-TEST_F(CoreLifecycle, AfterACancelShowAndHideMissTheRenderer)
-{
-    start();
+    m_core->Show();
+    EXPECT_FALSE(m_core->isShow());
+    startIt();
     m_core->OnIMECancelled();
     takeTrace();
     m_core->Show();
     m_core->Hide();
-    expectTrace(
-        coreLogged(kTrace, "Show", "Show the VKB!\n\n") + coreLogged(kError, "Show", kNoUi) +
-        coreLogged(kTrace, "Hide", "Hide the VKB!\n\n") + coreLogged(kError, "Hide", kNoUi));
+    expectTrace(core("Show", "Show the VKB!\n\n") + core("Show", kNoUi, kError) +
+                core("Hide", "Hide the VKB!\n\n") + core("Hide", kNoUi, kError));
     EXPECT_TRUE(m_core->isShow()) << "as the cancel left it";
-}
-
-TEST_F(CoreLifecycle, BeforeAStartShowDoesNotCountAsShown)
-{
-    m_core.reset(new KeyBoardCore);
-    m_core->Show();
-    EXPECT_FALSE(m_core->isShow());
 }
 
 } // namespace

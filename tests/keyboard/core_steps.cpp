@@ -3,76 +3,53 @@
 namespace steps
 {
 
-using velmora::browser::vkb::Button_t;
+using vkb::Button_t;
 
-Steps coreLogged(uint32_t level, const std::string& function, const std::string& message)
+Steps core(const std::string& function, const std::string& message, uint32_t level)
 {
-    return logged("keyboard_core.cpp", level, function, message);
-}
-
-Steps parserLogged(const std::string& function, const std::string& message)
-{
-    return logged("Language_Parser.cpp", kTrace, function, message);
-}
-
-Step call(const std::string& line)
-{
-    return {line, ""};
+    return logged("keyboard_core.cpp", function, message, level);
 }
 
 Steps imeStarts(bool started)
 {
-    return coreLogged(kTrace, "OnIMEStart",
-                      "KeyboardStatus:" + std::string(started ? "1" : "0") + "\n");
+    return core("OnIMEStart", "KeyboardStatus:" + std::string(started ? "1" : "0") + "\n");
 }
 
 Steps parserMade()
 {
-    return parserLogged("ParseLayout", "called\n") +
-           parserLogged("ParseLayout", "Layout Parse Successfully !\n") +
-           parserLogged("ParseCurrentLayoutKeyMaps", "called\n");
+    return catalogueRead() + keyMapNotRead();
 }
 
 Steps windowShown(const std::string& window)
 {
-    return {call(window + ".SetOpacity(255)"), call(window + ".RaiseToTop()")};
+    return calls({window + ".SetOpacity(255)", window + ".RaiseToTop()"});
 }
 
 Steps windowWanted(int width, int height)
 {
     const std::string size =
         " width=" + std::to_string(width) + " height=" + std::to_string(height);
-    const Steps calls = {call("layer.CreateWindow({flags=0x237 caps=0x3" + size +
-                              " pixelformat=0x418C04 posx=600 posy=600 surface_caps=0x15"
-                              " stacking=1})"),
-                         call("layer.SetCooperativeLevel(ADMINISTRATIVE)")};
-    return coreLogged(kDetail, "CreateDFBWindow", "CreateDFBWindow!\n\n") + calls;
+    return core("CreateDFBWindow", "CreateDFBWindow!\n\n", kDetail) +
+           calls({"layer.CreateWindow({flags=0x237 caps=0x3" + size +
+                      " pixelformat=0x418C04 posx=600 posy=600 surface_caps=0x15 stacking=1})",
+                  "layer.SetCooperativeLevel(ADMINISTRATIVE)"});
 }
 
 Steps windowMade(const std::string& window, int width, int height)
 {
-    const Steps surface = {call(window + ".GetSurface()")};
-    return windowWanted(width, height) + surface + windowShown(window);
+    return windowWanted(width, height) + calls({window + ".GetSurface()"}) + windowShown(window);
 }
 
 Steps namesRead(int count)
 {
-    return coreLogged(kTrace, "enter", "enter the VKB!\n\n") +
-           parserLogged("getLayoutsName", "called\n") +
-           coreLogged(kTrace, "enter", "language num :" + std::to_string(count) + " \n");
+    return core("enter", "enter the VKB!\n\n") + parser("getLayoutsName", "called\n") +
+           core("enter", "language num :" + std::to_string(count) + " \n");
 }
 
-Steps Core::updateKeyMap(const Keys& keys, const std::string& fontPath)
+Steps layoutChange(const std::string& name)
 {
-    ++m_fonts;
-    return parserLogged("getKeyMap", "called\n") +
-           m_renderer.setLayoutData(keys.size(), fontPath, lastFont());
-}
-
-Steps Core::marks(const Keys& keys, const Keys& locked, const Button_t& focused)
-{
-    m_shownLocks = locked;
-    return m_renderer.setLocked(keys, locked) + m_renderer.setfocus(keys, locked, focused);
+    return core("onLayoutChanged", "language name :" + name + " \n") + layoutChosen(name) +
+           keyMapRead();
 }
 
 namespace
@@ -80,35 +57,44 @@ namespace
 
 Steps target(int id)
 {
-    return coreLogged(kTrace, "getTargetButtonByButtonId",
-                      "Target button num is " + std::to_string(id) + "\n");
-}
-
-Steps focusName(const std::string& function, const Button_t& focused)
-{
-    return coreLogged(kTrace, function, "focus button:" + focused.text + "\n");
+    return core("getTargetButtonByButtonId", "Target button num is " + std::to_string(id) + "\n");
 }
 
 } // namespace
 
+Steps Core::updateKeyMap(const Keys& keys)
+{
+    ++m_fonts;
+    return parser("getKeyMap", "called\n") +
+           m_renderer.setLayoutData(keys.size(), kExpectedFont, lastFont());
+}
+
+// The focus' name, in the line of this function, and what the renderer is told.
+Steps Core::marks(const std::string& function, const Keys& keys, const Keys& locked,
+                  const Button_t& focused)
+{
+    m_shown_locks = locked;
+    return core(function, "focus button:" + focused.text + "\n") +
+           m_renderer.setLocked(keys, locked) + m_renderer.setfocus(keys, locked, focused);
+}
+
 Steps Core::focusChange(const Keys& keys, const Keys& locked, int id, const Button_t& focused)
 {
-    return coreLogged(kTrace, "FocusButtonChangedTo", "called\n") + target(id) +
-           focusName("FocusButtonChangedTo", focused) + marks(keys, locked, focused);
+    return core("FocusButtonChangedTo", "called\n") + target(id) +
+           marks("FocusButtonChangedTo", keys, locked, focused);
 }
 
 Steps Core::refusedFocusChange(const Keys& keys, const Keys& locked, int id,
                                const Button_t& focused)
 {
-    return coreLogged(kTrace, "FocusButtonChangedTo", "called\n") + target(id) +
-           coreLogged(kError, "getTargetButtonByButtonId",
-                      "Target keybutton is error,no need to change focus!\n") +
-           focusName("FocusButtonChangedTo", focused) + marks(keys, locked, focused);
+    return core("FocusButtonChangedTo", "called\n") + target(id) +
+           core("getTargetButtonByButtonId", kNoTarget, kError) +
+           marks("FocusButtonChangedTo", keys, locked, focused);
 }
 
 Steps Core::repaint(const Keys& keys)
 {
-    return updateKeyMap(keys) + m_renderer.draw(keys, m_shownLocks, true);
+    return updateKeyMap(keys) + m_renderer.draw(keys, m_shown_locks, true);
 }
 
 Steps Core::reload(const Keys& keys, const Keys& locked, const Button_t& focused)
@@ -121,16 +107,7 @@ Steps Core::reloadIn(const std::string& handler, const Keys& keys, const Keys& l
                      const Button_t& focused)
 {
     const Steps repainted = repaint(keys);
-    return repainted + target(focused.id) + focusName(handler, focused) +
-           marks(keys, locked, focused);
-}
-
-Steps Core::layoutChange(const std::string& name)
-{
-    return coreLogged(kTrace, "onLayoutChanged", "language name :" + name + " \n") +
-           parserLogged("onLayoutchanged", "Current Layout is :" + name + " \n") +
-           parserLogged("ParseCurrentLayoutKeyMaps", "called\n") +
-           parserLogged("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n");
+    return repainted + target(focused.id) + marks(handler, keys, locked, focused);
 }
 
 } // namespace steps

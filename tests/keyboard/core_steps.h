@@ -2,16 +2,15 @@
 #define TESTS_KEYBOARD_CORE_STEPS_H
 
 #include <string>
+#include <utility>
 
 #include "renderer_steps.h"
 
 namespace steps
 {
 
-Steps coreLogged(uint32_t level, const std::string& function, const std::string& message);
-Steps parserLogged(const std::string& function, const std::string& message);
-
-Step call(const std::string& line);
+// A log line of the core.
+Steps core(const std::string& function, const std::string& message, uint32_t level = kTrace);
 
 Steps imeStarts(bool started);
 
@@ -25,11 +24,15 @@ Steps windowMade(const std::string& window, int width, int height);
 // enter, up to the number of layouts, which the parser knows.
 Steps namesRead(int count);
 
+// The change to a layout that has a key map.
+Steps layoutChange(const std::string& name);
+
 // Error lines that several operations share.
 const char kNoUi[] = "Can not find Keboard UI!\n\n";
 const char kNoParser[] = "Can not find Keboard parser!\n\n";
+const char kNoTarget[] = "Target keybutton is error,no need to change focus!\n";
 
-const char kUsualFont[] = "/usr/local/opt/font/TarvoL2700.ttf";
+const char kExpectedFont[] = "/usr/local/opt/font/TarvoL2700.ttf";
 
 // What the core does around a change of keys or focus. It counts the fonts that were loaded, as
 // each reload of the keys loads another one, and remembers which locks the renderer knows, as a
@@ -42,7 +45,7 @@ public:
     std::string lastFont() const { return "font" + std::to_string(m_fonts); }
     void countFont() { ++m_fonts; }
 
-    Steps updateKeyMap(const Keys& keys, const std::string& fontPath = kUsualFont);
+    Steps updateKeyMap(const Keys& keys);
     Steps focusChange(const Keys& keys, const Keys& locked, int id, const vkb::Button_t& focused);
     Steps refusedFocusChange(const Keys& keys, const Keys& locked, int id,
                              const vkb::Button_t& focused);
@@ -52,15 +55,13 @@ public:
     Steps reloadIn(const std::string& handler, const Keys& keys, const Keys& locked,
                    const vkb::Button_t& focused);
 
-    // The change to a layout that has a key map.
-    static Steps layoutChange(const std::string& name);
-
 private:
     Steps repaint(const Keys& keys);
-    Steps marks(const Keys& keys, const Keys& locked, const vkb::Button_t& focused);
+    Steps marks(const std::string& function, const Keys& keys, const Keys& locked,
+                const vkb::Button_t& focused);
 
     Renderer m_renderer;
-    Keys m_shownLocks;
+    Keys m_shown_locks;
     int m_fonts = 0;
 };
 

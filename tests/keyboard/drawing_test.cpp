@@ -1,14 +1,23 @@
-// The renderer's operations on a surface: the exact calls, log lines and states of each.
+// The renderer's operations on a surface: the exact calls, log lines and states of each, and what a
+// failing DirectFB call does to it.
 
+#include <functional>
 #include <memory>
+#include <set>
+#include <string>
 
 #include <gmock/gmock.h>
 
+#include <sys/wait.h>
+
+#include "directfb_check.h"
+#include "fatal_trap.h"
 #include "keyboard_ui.h"
 #include "layout_folder.h"
 #include "log_capture.h"
 #include "recording_display.h"
 #include "renderer_steps.h"
+#include "row.h"
 
 namespace
 {
@@ -18,424 +27,381 @@ using namespace velmora::browser::vkb;
 using steps::expectTrace;
 using steps::key;
 using steps::Keys;
-using testing::Contains;
-using testing::IsEmpty;
-using testing::Not;
+using steps::kNoFont;
+using steps::Renderer;
+using steps::Step;
+using steps::Steps;
+using testing::AllOf;
+using testing::HasSubstr;
 
 const char kFont[] = "/opt/font/test.ttf";
+const DFBResult kFailure = DFB_INVARG;
 
-class Drawing : public testing::Test
-{
-protected:
-    Drawing() { m_folder.writeFile(kFont, ""); }
+const Button_t kA = key("a", {4, 4, 60, 50});
+const Button_t kShift = key("Shift", {68, 4, 125, 51});
+const Button_t kStranger = key("?", {500, 400, 33, 21}); // in no list of keys
+const Keys kBoth = {kA, kShift};
+const Keys kSecond = {kShift};
 
-    void create() { m_ui.reset(new KeyBoardUI(m_display.dfb(), m_surface)); }
+const Renderer kUi("surface1");
+const Renderer kWithoutFont("surface1", kNoFont);
+const Steps kPainted = kUi.showHidden(kBoth, {});
 
-    void loadKeys()
-    {
-        create();
-        ASSERT_TRUE(m_ui->setLayoutData(&m_keys, 30, kFont));
-        takeTrace();
-    }
+// A renderer on this surface, with two keys.
+struct Bench {
+    Bench() { folder.writeFile(kFont, ""); }
 
-    // Calls a drawing operation and gives the DirectFB calls that it made.
-    template <class Operation> Lines callsOfOperation(Operation operation)
-    {
-        takeTrace();
-        operation();
-        return callsOf(takeTrace());
-    }
+    void create() { ui.reset(new KeyBoardUI(display.dfb(), surface)); }
+    bool load(int size = 30) { return ui->setLayoutData(&keys, size, kFont); }
+    void lock(Keys keysLocked) { ui->setLocked(keysLocked); }
 
-    Lines show()
-    {
-        return callsOfOperation([this] { m_ui->show(); });
-    }
-    Lines hide()
-    {
-        return callsOfOperation([this] { m_ui->hide(); });
-    }
-
-    LayoutFolder m_folder;
-    RecordingDisplay m_display;
-    LogCapture m_log;
-    IDirectFBSurface* m_surface = m_display.newSurface(800, 600);
-    steps::Renderer m_expected{"surface1"};
-    Keys m_keys = {key("a", {4, 4, 60, 50}), key("Shift", {68, 4, 125, 51})};
-    Keys m_none;
-    std::unique_ptr<KeyBoardUI> m_ui;
+    LayoutFolder folder;
+    RecordingDisplay display;
+    LogCapture log;
+    IDirectFBSurface* surface = display.newSurface(800, 600);
+    Keys keys = kBoth;
+    Keys locked = kSecond;
+    std::unique_ptr<KeyBoardUI> ui;
 };
 
-TEST_F(Drawing, ConstructionAsksForTheSizeAndClearsBothBuffers)
+void nothing(Bench&) {}
+
+void create(Bench& bench)
 {
-    create();
-    expectTrace(m_expected.construction(800, 600));
+    bench.create();
 }
 
-TEST_F(Drawing, DestructionWithoutAFontOnlyLogs)
+void load(Bench& bench)
 {
-    create();
+    bench.create();
+    bench.load();
+}
+
+void loadWithoutKeys(Bench& bench)
+{
+    bench.keys.clear();
+    load(bench);
+}
+
+void lock(Bench& bench)
+{
+    load(bench);
+    bench.lock(bench.locked);
+}
+
+using Act = void (*)(Bench&);
+
+const Act kDraw = [](Bench& bench) { bench.ui->draw(true); };
+const Act kShow = [](Bench& bench) { bench.ui->show(); };
+const Act kHide = [](Bench& bench) { bench.ui->hide(); };
+const Act kFocus = [](Bench& bench) { bench.ui->setfocus(bench.keys[0]); };
+const Act kLock = [](Bench& bench) { bench.lock(bench.locked); };
+
+// Several in a row.
+std::function<void(Bench&)> all(const std::vector<Act>& acts)
+{
+    return [=](Bench& bench) {
+        for (const Act act : acts)
+            act(bench);
+    };
+}
+
+struct Operation : Row {
+    std::function<void(Bench&)> before;
+    std::function<void(Bench&)> act;
+    Steps expected;
+};
+
+const Operation kOperations[] = {
+    {"ConstructionAsksForTheSizeAndClearsBothBuffers", nothing, create, kUi.construction(800, 600)},
+    {"DestructionWithoutAFontOnlyLogs", create, [](Bench& bench) { bench.ui.reset(); },
+     kUi.destruction()},
+    {"DestructionReleasesTheFontAndNothingElse", load, [](Bench& bench) { bench.ui.reset(); },
+     kUi.destruction("font1")},
+
+    {"SetLayoutDataLoadsTheFont", create, [](Bench& bench) { EXPECT_TRUE(bench.load()); },
+     kUi.setLayoutData(2, kFont, "font1")},
+    {"ASecondSetLayoutDataMakesANewFontAndLosesTheFirst", load,
+     [](Bench& bench) {
+         EXPECT_TRUE(bench.load());
+         bench.ui.reset();
+         EXPECT_EQ(bench.display.liveFonts(), 1u);
+     },
+     kUi.setLayoutData(2, kFont, "font2") + kUi.destruction("font2")},
+    {"SetLayoutDataWithoutAPathLoadsNoFont", create,
+     [](Bench& bench) { EXPECT_FALSE(bench.ui->setLayoutData(&bench.keys, 30, nullptr)); },
+     kUi.logged("setLayoutData", "called lines;2\n") +
+         kUi.logged("setLayoutData", "font file is null\n", steps::kError)},
+    {"SetLayoutDataWithAMissingFontStillTakesTheKeysAndKeepsTheFontBefore", load,
+     [](Bench& bench) {
+         EXPECT_FALSE(bench.ui->setLayoutData(&bench.locked, 12, "/opt/font/missing.ttf"));
+         bench.ui->draw(true);
+     },
+     kUi.setLayoutDataWithoutFile(1) + kUi.draw(kSecond, {}, true)},
+
+    {"ClearWithoutFlipFillsTheBackBuffer", create,
+     [](Bench& bench) { bench.ui->clear(0x12345678, false); }, kUi.clear("52,86,120,18", false)},
+    {"ClearWithFlipFillsBothBuffers", create,
+     [](Bench& bench) { bench.ui->clear(0xFEDCBA98, true); }, kUi.clear("220,186,152,254", true)},
+
+    {"DrawPaintsEveryKeyInListOrderAndFlips", load, kDraw, kUi.draw(kBoth, {}, true)},
+    {"DrawReadsTheCallersListEachTime", load,
+     [](Bench& bench) {
+         bench.keys.push_back(kStranger);
+         bench.ui->draw(true);
+     },
+     kUi.draw({kA, kShift, kStranger}, {}, true)},
+    {"DrawBeforeSetLayoutDataOnlyLogsAndStillCountsAsHidden", create, all({kDraw, kHide}),
+     kWithoutFont.draw(kBoth, {}, true) + kUi.hideHidden()},
+    {"DrawWithoutFlipLeavesTheVisibleBufferButCountsAsShown", load,
+     [](Bench& bench) {
+         bench.ui->draw(false);
+         bench.ui->show();
+     },
+     kUi.draw(kBoth, {}, false) + kUi.showShown()},
+    {"AnEmptyKeyListDrawsOnlyTheBackground", loadWithoutKeys, kDraw, kUi.draw({}, {}, true)},
+    {"AnEmptyKeyListStillDrawsTheLockedKeys", loadWithoutKeys, kLock, kUi.setLocked({}, kSecond)},
+    {"AnEmptyLabelAndFormatCharactersAreLoggedAndDrawnAsTheyStand",
+     [](Bench& bench) {
+         bench.keys[0].text = "";
+         bench.keys[1].text = "%s%n";
+         load(bench);
+     },
+     kDraw, kUi.draw({key("", {4, 4, 60, 50}), key("%s%n", {68, 4, 125, 51})}, {}, true)},
+    {"TextIsCentredWithTheHeightThatTheFontReports",
+     [](Bench& bench) {
+         bench.display.setFontHeight(20);
+         load(bench);
+     },
+     kDraw, Renderer("surface1", 20).draw(kBoth, {}, true)},
+
+    {"ShowTwicePaintsOnceHideTwiceClearsOnce", load, all({kShow, kShow, kHide, kHide, kShow}),
+     kPainted + kUi.showShown() + kUi.hideShown() + kUi.hideHidden() + kPainted},
+    {"AnyClearMakesShowPaintAgain", all({load, kDraw}),
+     [](Bench& bench) {
+         bench.ui->clear(0xFF010203, false);
+         bench.ui->show();
+         bench.ui->clear(0xFF010203, true);
+         bench.ui->show();
+     },
+     kUi.clear("1,2,3,255", false) + kPainted + kUi.clear("1,2,3,255", true) + kPainted},
+
+    {"SetfocusRepaintsEverythingWithOneWhiteFrameAndCountsAsShown", load, all({kFocus, kShow}),
+     kUi.setfocus(kBoth, {}, kA) + kUi.showShown()},
+    {"SetfocusOnAnotherKeyTakesTheFrameFromTheFirst", all({load, kFocus}),
+     [](Bench& bench) { bench.ui->setfocus(bench.keys[1]); }, kUi.setfocus(kBoth, {}, kShift)},
+    {"SetfocusOnALockedKeyKeepsItSunkenInsideTheFrame", lock,
+     [](Bench& bench) { bench.ui->setfocus(bench.keys[1]); }, kUi.setfocus(kBoth, kSecond, kShift)},
+    {"WithoutAFontSetfocusDrawsOnlyTheFrameAndSetLockedOnlyFlips", create, all({kFocus, kLock}),
+     kWithoutFont.setfocus(kBoth, {}, kA) + kWithoutFont.setLocked(kBoth, {})},
+
+    {"PressShowsTheKeySunkenAndFlipsItsRegion", load,
+     [](Bench& bench) { bench.ui->press(bench.keys[0]); }, kUi.press(kA)},
+    {"PressedShowsTheKeyReleasedWithAFrameAndNoBevel", all({load, kFocus}),
+     [](Bench& bench) { bench.ui->pressed(bench.keys[0]); }, kUi.pressed(kA)},
+    {"PressOfAKeyOutsideTheLayoutIsDrawnWhereItsRectangleSays", load,
+     [](Bench& bench) { bench.ui->press(kStranger); }, kUi.press(kStranger)},
+    {"PressAndPressedDrawWhileHiddenAndStayHidden", load,
+     [](Bench& bench) {
+         bench.ui->press(bench.keys[0]);
+         bench.ui->pressed(bench.keys[0]);
+         bench.ui->hide();
+         bench.ui->show();
+     },
+     kUi.press(kA) + kUi.pressed(kA) + kUi.hideHidden() + kUi.showHidden(kBoth, {})},
+
+    {"SetLockedPaintsTheLockedKeysLastInTheirOrderAndCountsAsShown", load,
+     [](Bench& bench) {
+         bench.lock({bench.keys[1], bench.keys[0]});
+         bench.ui->show();
+     },
+     kUi.setLocked(kBoth, {kShift, kA}) + kUi.showShown()},
+    {"SetLockedKeepsACopyOfItsOwn", load,
+     [](Bench& bench) {
+         bench.ui->setLocked(bench.locked);
+         bench.locked.clear();
+         bench.ui->draw(true);
+     },
+     kUi.setLocked(kBoth, kSecond) + kUi.draw(kBoth, kSecond, true)},
+    {"SetLockedWithAnEmptyListRemovesSunkenKeysAndTheFrame", all({lock, kFocus}),
+     [](Bench& bench) { bench.lock({}); }, kUi.setLocked(kBoth, {})},
+};
+
+std::string report(const std::string& text)
+{
+    return "directfb do: '" + text + "' failed!\n";
+}
+
+// Calls action(steps up to and with the failing one, number of the failing call from 1) for each
+// checked call of an operation.
+template <class Action> void forEachCheckedCall(const Steps& all, Action action)
+{
+    size_t call = 0;
+    for (auto step = all.begin(); step != all.end(); ++step) {
+        if (step->line.compare(0, 4, "log ") == 0)
+            continue;
+        ++call;
+        SCOPED_TRACE("call " + std::to_string(call) + ": " + step->line);
+        if (!step->checkedAs.empty())
+            action(Steps(all.begin(), step + 1), call);
+    }
+}
+
+class Drawing : public testing::TestWithParam<Operation>
+{
+};
+
+TEST_P(Drawing, IsTheseCallsAndLines)
+{
+    Bench bench;
+    GetParam().before(bench);
     takeTrace();
-    m_ui.reset();
-    expectTrace(m_expected.destruction(""));
+    GetParam().act(bench);
+    expectTrace(GetParam().expected);
 }
 
-TEST_F(Drawing, DestructionReleasesTheFontAndNothingElse)
+TEST_P(Drawing, AFailureOfAnyCheckedCallIsReportedAndNothingIsDoneAfterIt)
 {
-    loadKeys();
-    m_ui.reset();
-    expectTrace(m_expected.destruction("font1"));
-    EXPECT_EQ(m_display.liveFonts(), 0u);
+    forEachCheckedCall(GetParam().expected, [](const Steps& done, size_t call) {
+        Bench bench;
+        GetParam().before(bench);
+        takeTrace();
+        bench.display.failCall(call, kFailure);
+
+        const FatalTrap trap;
+        testing::internal::CaptureStderr();
+        FatalError fatal = {"", DFB_OK};
+        try {
+            GetParam().act(bench);
+        } catch (const FatalError& error) {
+            fatal = error;
+        }
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), report(done.back().checkedAs));
+        EXPECT_EQ(fatal.text, done.back().checkedAs);
+        EXPECT_EQ(fatal.result, kFailure);
+        expectTrace(done);
+    });
 }
 
-TEST_F(Drawing, SetLayoutDataLoadsTheFont)
+INSTANTIATE_TEST_SUITE_P(Operations, Drawing, testing::ValuesIn(kOperations), RowName());
+
+bool endedWithTheResult(int status)
 {
-    create();
+    return WIFEXITED(status) && WEXITSTATUS(status) == (static_cast<int>(kFailure) & 0xFF);
+}
+
+auto reportedByBoth(const std::string& text)
+{
+    return AllOf(HasSubstr(report(text)), HasSubstr("DirectFBError [" + text + "]: "));
+}
+
+TEST(DrawingDeathTest, DirectFBItselfEndsTheProcessForEachText)
+{
+    std::set<std::string> seen;
+    for (const Operation& operation : kOperations) {
+        SCOPED_TRACE(operation.name);
+        forEachCheckedCall(operation.expected, [&](const Steps& done, size_t call) {
+            const std::string& text = done.back().checkedAs;
+            if (!seen.insert(text).second)
+                return;
+            Bench bench;
+            operation.before(bench);
+            bench.display.failCall(call, kFailure);
+            EXPECT_EXIT(operation.act(bench), endedWithTheResult, reportedByBoth(text));
+        });
+    }
+    EXPECT_EQ(seen.size(), 18u);
+}
+
+TEST(DrawingDeathTest, DrawStringFailsWithoutAFont)
+{
+    Bench bench;
+    bench.create();
+    bench.display.failEvery("DrawString", kFailure);
+    const char text[] = "m_surface->DrawString(m_surface,key.text.c_str(),-1,Xcenter,Ycenter,"
+                        "DSTF_TOPCENTER)";
+    EXPECT_EXIT(bench.ui->press(bench.keys[0]), endedWithTheResult, reportedByBoth(text));
+    EXPECT_EXIT(bench.ui->pressed(bench.keys[0]), endedWithTheResult, reportedByBoth(text));
+}
+
+TEST(CheckDirectFB, PrintsTheTextOfAFailureAsItStandsAndNothingElse)
+{
+    const FatalTrap trap;
+    testing::internal::CaptureStderr();
+    checkDirectFB(DFB_OK, "some call");
+    EXPECT_THROW(checkDirectFB(DFB_FAILURE, "a %s %d text"), FatalError);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), report("a %s %d text"));
+}
+
+TEST(DrawingFonts, TheGivenSizeIsAskedFor)
+{
+    Bench bench;
+    bench.create();
+    bench.load(12);
+    EXPECT_THAT(takeTrace(), testing::Contains("dfb.CreateFont(" + std::string(kFont) +
+                                               ",{flags=HEIGHT height=12})"));
+}
+
+TEST(DrawingFonts, OneThatFailsToLoadIsNotFatalAndDrawsNothing)
+{
+    Bench bench;
+    bench.create();
+    bench.display.failEvery("CreateFont", DFB_UNSUPPORTED);
     takeTrace();
-    EXPECT_TRUE(m_ui->setLayoutData(&m_keys, 30, kFont));
-    expectTrace(m_expected.setLayoutData(2, kFont, "font1"));
-}
-
-TEST_F(Drawing, SetLayoutDataAsksForTheGivenFontSize)
-{
-    create();
-    m_ui->setLayoutData(&m_keys, 12, kFont);
-    EXPECT_THAT(takeTrace(),
-                Contains("dfb.CreateFont(" + std::string(kFont) + ",{flags=HEIGHT height=12})"));
-}
-
-TEST_F(Drawing, ASecondSetLayoutDataMakesANewFontAndLosesTheFirst)
-{
-    loadKeys();
-    EXPECT_TRUE(m_ui->setLayoutData(&m_keys, 30, kFont));
-    expectTrace(m_expected.setLayoutData(2, kFont, "font2"));
-    m_ui.reset();
-    expectTrace(m_expected.destruction("font2"));
-    EXPECT_EQ(m_display.liveFonts(), 1u);
-}
-
-TEST_F(Drawing, SetLayoutDataWithoutAPathLoadsNoFont)
-{
-    create();
-    takeTrace();
-    EXPECT_FALSE(m_ui->setLayoutData(&m_keys, 30, nullptr));
-    expectTrace(steps::Renderer::logged(steps::kTrace, "setLayoutData", "called lines;2\n") +
-                steps::Renderer::logged(steps::kError, "setLayoutData", "font file is null\n"));
-}
-
-TEST_F(Drawing, SetLayoutDataWithAMissingFontStillTakesTheKeysAndTheSize)
-{
-    loadKeys();
-    Keys others = {key("z", {1, 2, 30, 40})};
-    EXPECT_FALSE(m_ui->setLayoutData(&others, 12, "/opt/font/missing.ttf"));
-    expectTrace(m_expected.setLayoutDataWithoutFile(1));
-
-    m_ui->draw(true); // with the font loaded before
-    expectTrace(m_expected.draw(others, m_none, true));
-}
-
-TEST_F(Drawing, AFontThatFailsToLoadIsNotFatalAndDrawsNothing)
-{
-    create();
-    m_display.failEvery("CreateFont", DFB_UNSUPPORTED);
-    takeTrace();
-    EXPECT_TRUE(m_ui->setLayoutData(&m_keys, 30, kFont));
+    EXPECT_TRUE(bench.load());
     EXPECT_THAT(callsOf(takeTrace()), testing::ElementsAre("dfb.CreateFont(" + std::string(kFont) +
                                                                ",{flags=HEIGHT height=30})",
                                                            "surface1.SetFont(null)"));
-    m_ui->show();
-    expectTrace(m_expected.showShown() + m_expected.drawWithoutFont());
+    bench.ui->show();
+    expectTrace(kWithoutFont.showHidden(kBoth, {}));
 }
 
-TEST_F(Drawing, FailuresToSetOrMeasureTheFontAreIgnored)
+TEST(DrawingFonts, FailuresToSetOrMeasureOneAreIgnored)
 {
     for (const char* method : {"SetFont", "GetHeight"}) {
         SCOPED_TRACE(method);
-        create();
-        m_display.failEvery(method, DFB_FAILURE);
-        EXPECT_TRUE(m_ui->setLayoutData(&m_keys, 30, kFont));
+        Bench bench;
+        bench.create();
+        bench.display.failEvery(method, DFB_FAILURE);
+        EXPECT_TRUE(bench.load());
     }
 }
 
-TEST_F(Drawing, ClearWithoutFlipFillsTheBackBuffer)
-{
-    create();
-    takeTrace();
-    m_ui->clear(0x12345678, false);
-    expectTrace(m_expected.clear("52,86,120,18", false));
-}
+// Numbers by hand. The font is 37 high.
+struct Geometry : Row {
+    Rect_t rect;
+    Lines calls;
+};
 
-TEST_F(Drawing, ClearWithFlipFillsBothBuffers)
-{
-    create();
-    takeTrace();
-    m_ui->clear(0xFEDCBA98, true);
-    expectTrace(m_expected.clear("220,186,152,254", true));
-}
+const Geometry kGeometries[] = {
+    {"AKeyLowerThanTheFontHasItsTextAboveItsTopEdge",
+     {10, 100, 60, 20},
+     {"DrawString(\"x\",-1,40,92,TOPCENTER)", "FillRectangle(10,100,61,21)"}},
+    {"AKeyOfNoWidthStillHasAFillAndItsBevel",
+     {10, 20, 0, 40},
+     {"FillRectangle(10,20,1,41)", "DrawLine(10,20,10,60)", "DrawLine(9,20,9,60)"}},
+    {"ARectangleIsWidenedWithItsSign",
+     {-27132, -2, 32767, 32767},
+     {"FillRectangle(-27132,-2,32768,32768)"}},
+    {"HalvesAreCutTowardsZero", {0, 0, 61, 50}, {"DrawString(\"x\",-1,30,6,TOPCENTER)"}},
+    {"NegativeHalvesAreCutTowardsZero", {0, 0, -61, 50}, {"DrawString(\"x\",-1,-30,6,TOPCENTER)"}},
+};
 
-TEST_F(Drawing, AnyClearMakesShowPaintAgain)
+class DrawingGeometry : public testing::TestWithParam<Geometry>
 {
-    for (const bool flip : {false, true}) {
-        loadKeys();
-        m_ui->draw(true);
-        EXPECT_THAT(show(), IsEmpty());
-        m_ui->clear(0xFF000000, flip);
-        EXPECT_THAT(show(), Not(IsEmpty()));
-    }
-}
+};
 
-TEST_F(Drawing, DrawPaintsEveryKeyInListOrderAndFlips)
+TEST_P(DrawingGeometry, HasTheseNumbers)
 {
-    loadKeys();
-    m_ui->draw(true);
-    expectTrace(m_expected.draw(m_keys, m_none, true));
-}
-
-TEST_F(Drawing, DrawReadsTheCallersListEachTime)
-{
-    loadKeys();
-    m_keys.push_back(key("new", {100, 100, 20, 20}));
-    m_ui->draw(true);
-    expectTrace(m_expected.draw(m_keys, m_none, true));
-}
-
-TEST_F(Drawing, DrawBeforeSetLayoutDataOnlyLogs)
-{
-    create();
-    takeTrace();
-    m_ui->draw(true);
-    expectTrace(m_expected.drawWithoutFont());
-    m_ui->hide(); // still counts as hidden
-    expectTrace(m_expected.hideHidden());
-}
-
-TEST_F(Drawing, DrawWithoutFlipLeavesTheVisibleBufferButCountsAsShown)
-{
-    loadKeys();
-    m_ui->draw(false);
-    expectTrace(m_expected.draw(m_keys, m_none, false));
-    EXPECT_THAT(show(), IsEmpty());
-}
-
-TEST_F(Drawing, AnEmptyKeyListDrawsOnlyTheBackground)
-{
-    m_keys.clear();
-    loadKeys();
-    m_ui->draw(true);
-    expectTrace(m_expected.draw(m_none, m_none, true));
-}
-
-TEST_F(Drawing, AnEmptyKeyListStillDrawsTheLockedKeys)
-{
-    m_keys.clear();
-    loadKeys();
-    Keys locked = {key("Shift", {0, 0, 90, 40})};
-    m_ui->setLocked(locked);
-    expectTrace(m_expected.setLocked(m_none, locked));
-}
-
-TEST_F(Drawing, ShowTwicePaintsOnceHideTwiceClearsOnce)
-{
-    loadKeys();
-    m_ui->show();
-    expectTrace(m_expected.showHidden(m_keys, m_none));
-    m_ui->show();
-    expectTrace(m_expected.showShown());
-    m_ui->hide();
-    expectTrace(m_expected.hideShown());
-    m_ui->hide();
-    expectTrace(m_expected.hideHidden());
-    m_ui->show();
-    expectTrace(m_expected.showHidden(m_keys, m_none));
-}
-
-TEST_F(Drawing, AKeyLowerThanTheFontHasItsTextAboveItsTopEdge)
-{
-    m_keys = {key("low", {10, 100, 60, 20})}; // the font is 37 high: (20 - 37) / 2 is -8
-    loadKeys();
-    m_ui->draw(true);
+    Bench bench;
+    bench.keys = {key("x", GetParam().rect)};
+    load(bench);
+    bench.ui->draw(true);
     const Lines found = takeTrace();
-    EXPECT_THAT(found, Contains("surface1.DrawString(\"low\",-1,40,92,TOPCENTER)"));
-    EXPECT_THAT(found, Contains("surface1.FillRectangle(10,100,61,21)"));
+    for (const std::string& call : GetParam().calls)
+        EXPECT_THAT(found, testing::Contains("surface1." + call));
 }
 
-TEST_F(Drawing, AKeyOfNoWidthStillHasAFillAndItsBevel)
-{
-    m_keys = {key("i", {10, 20, 0, 40})};
-    loadKeys();
-    m_ui->draw(true);
-    const Lines found = takeTrace();
-    EXPECT_THAT(found, Contains("surface1.FillRectangle(10,20,1,41)"));
-    EXPECT_THAT(found, Contains("surface1.DrawLine(10,20,10,60)"));
-    EXPECT_THAT(found, Contains("surface1.DrawLine(9,20,9,60)"));
-}
-
-TEST_F(Drawing, ARectangleIsWidenedWithItsSign)
-{
-    m_keys = {key("far", {-27132, -2, 32767, 32767})};
-    loadKeys();
-    m_ui->draw(true);
-    EXPECT_THAT(takeTrace(), Contains("surface1.FillRectangle(-27132,-2,32768,32768)"));
-}
-
-TEST_F(Drawing, HalvesAreCutTowardsZero)
-{
-    m_keys = {key("odd", {0, 0, 61, 50}), key("negative", {0, 0, -61, 50})};
-    loadKeys();
-    m_ui->draw(true);
-    const Lines found = takeTrace();
-    EXPECT_THAT(found, Contains("surface1.DrawString(\"odd\",-1,30,6,TOPCENTER)"));
-    EXPECT_THAT(found, Contains("surface1.DrawString(\"negative\",-1,-30,6,TOPCENTER)"));
-}
-
-TEST_F(Drawing, TextIsCentredWithTheHeightThatTheFontReports)
-{
-    m_display.setFontHeight(20);
-    loadKeys();
-    m_ui->draw(true);
-    expectTrace(steps::Renderer("surface1", 20).draw(m_keys, m_none, true));
-}
-
-TEST_F(Drawing, AnEmptyLabelIsDrawnAsAnEmptyString)
-{
-    m_keys = {key("", {0, 0, 60, 50})};
-    loadKeys();
-    m_ui->draw(true);
-    expectTrace(m_expected.draw(m_keys, m_none, true));
-}
-
-TEST_F(Drawing, ALabelWithFormatCharactersIsLoggedAndDrawnAsItStands)
-{
-    m_keys = {key("%s%n", {0, 0, 60, 50})};
-    loadKeys();
-    m_ui->draw(true);
-    expectTrace(m_expected.draw(m_keys, m_none, true));
-}
-
-TEST_F(Drawing, SetfocusRepaintsEverythingWithOneWhiteFrame)
-{
-    loadKeys();
-    m_ui->setfocus(m_keys[0]);
-    expectTrace(m_expected.setfocus(m_keys, m_none, m_keys[0]));
-}
-
-TEST_F(Drawing, SetfocusOnAnotherKeyTakesTheFrameFromTheFirst)
-{
-    loadKeys();
-    m_ui->setfocus(m_keys[0]);
-    takeTrace();
-    m_ui->setfocus(m_keys[1]);
-    const Lines found = takeTrace();
-    const Lines expected = steps::linesOf(m_expected.setfocus(m_keys, m_none, m_keys[1]));
-    EXPECT_EQ(found, expected);
-    EXPECT_EQ(std::count(found.begin(), found.end(), "surface1.DrawLine(4,4,64,4)"), 0)
-        << "the first key's top edge is drawn by its frame alone";
-}
-
-TEST_F(Drawing, SetfocusOnALockedKeyKeepsItSunkenInsideTheFrame)
-{
-    loadKeys();
-    Keys locked = {m_keys[1]};
-    m_ui->setLocked(locked);
-    takeTrace();
-    m_ui->setfocus(m_keys[1]);
-    expectTrace(m_expected.setfocus(m_keys, locked, m_keys[1]));
-}
-
-TEST_F(Drawing, SetfocusCountsAsShown)
-{
-    loadKeys();
-    m_ui->setfocus(m_keys[0]);
-    EXPECT_THAT(show(), IsEmpty());
-}
-
-TEST_F(Drawing, SetfocusWithoutAFontDrawsOnlyTheFrame)
-{
-    create();
-    takeTrace();
-    m_ui->setfocus(m_keys[0]);
-    expectTrace(m_expected.setfocusWithoutFont(m_keys[0]));
-}
-
-TEST_F(Drawing, PressShowsTheKeySunkenAndFlipsItsRegion)
-{
-    loadKeys();
-    m_ui->press(m_keys[0]);
-    expectTrace(m_expected.press(m_keys[0]));
-}
-
-TEST_F(Drawing, PressedShowsTheKeyReleasedWithAFrameAndNoBevel)
-{
-    loadKeys();
-    m_ui->pressed(m_keys[0]);
-    expectTrace(m_expected.pressed(m_keys[0]));
-}
-
-TEST_F(Drawing, PressThenPressedOnTheFocusedKeyEndsWithTheFrame)
-{
-    loadKeys();
-    m_ui->setfocus(m_keys[0]);
-    takeTrace();
-    m_ui->press(m_keys[0]);
-    m_ui->pressed(m_keys[0]);
-    expectTrace(m_expected.press(m_keys[0]) + m_expected.pressed(m_keys[0]));
-}
-
-TEST_F(Drawing, PressOfAKeyOutsideTheLayoutIsDrawnWhereItsRectangleSays)
-{
-    loadKeys();
-    const Button_t stranger = key("?", {500, 400, 33, 21});
-    m_ui->press(stranger);
-    expectTrace(m_expected.press(stranger));
-}
-
-TEST_F(Drawing, PressAndPressedDrawWhileHiddenAndStayHidden)
-{
-    loadKeys();
-    m_ui->press(m_keys[0]);
-    m_ui->pressed(m_keys[0]);
-    EXPECT_THAT(hide(), IsEmpty());
-    EXPECT_THAT(show(), Not(IsEmpty()));
-}
-
-TEST_F(Drawing, SetLockedPaintsTheLockedKeysLastAndFlips)
-{
-    loadKeys();
-    Keys locked = {m_keys[1], m_keys[0]};
-    m_ui->setLocked(locked);
-    expectTrace(m_expected.setLocked(m_keys, locked));
-    EXPECT_THAT(show(), IsEmpty());
-}
-
-TEST_F(Drawing, SetLockedKeepsACopyOfItsOwn)
-{
-    loadKeys();
-    Keys locked = {m_keys[1]};
-    m_ui->setLocked(locked);
-    const Keys kept = locked;
-    locked.clear();
-    takeTrace();
-    m_ui->draw(true);
-    expectTrace(m_expected.draw(m_keys, kept, true));
-}
-
-TEST_F(Drawing, SetLockedWithAnEmptyListRemovesSunkenKeysAndTheFrame)
-{
-    loadKeys();
-    Keys locked = {m_keys[1]};
-    m_ui->setLocked(locked);
-    m_ui->setfocus(m_keys[0]);
-    takeTrace();
-    m_ui->setLocked(m_none);
-    expectTrace(m_expected.setLocked(m_keys, m_none));
-}
-
-TEST_F(Drawing, SetLockedWithoutAFontOnlyFlips)
-{
-    create();
-    takeTrace();
-    Keys locked = {m_keys[1]};
-    m_ui->setLocked(locked);
-    expectTrace(m_expected.setLockedWithoutFont());
-}
+INSTANTIATE_TEST_SUITE_P(Keys, DrawingGeometry, testing::ValuesIn(kGeometries), RowName());
 
 } // namespace

@@ -1,11 +1,12 @@
 // The milliseconds of a test command, from given clock readings.
 
-#include <ostream>
 #include <type_traits>
+#include <utility>
 
 #include <gtest/gtest.h>
 
 #include "elapsed_time.h"
+#include "row.h"
 
 namespace
 {
@@ -14,16 +15,10 @@ using velmora::browser::vkb::elapsedMilliseconds;
 
 static_assert(std::is_same_v<decltype(elapsedMilliseconds({}, {})), int64_t>);
 
-struct Reading {
-    const char* what;
+struct Reading : test_support::Row {
     timespec start, end;
     int64_t milliseconds;
 };
-
-std::ostream& operator<<(std::ostream& stream, const Reading& reading)
-{
-    return stream << reading.what;
-}
 
 const Reading kReadings[] = {
     {"EqualReadings", {7, 5}, {7, 5}, 1000},
@@ -54,7 +49,7 @@ TEST_P(ElapsedMilliseconds, FollowTheTestersArithmetic)
 }
 
 INSTANTIATE_TEST_SUITE_P(Readings, ElapsedMilliseconds, testing::ValuesIn(kReadings),
-                         [](const auto& test) { return std::string(test.param.what); });
+                         test_support::RowName());
 
 TEST(MonotonicNow, ReadsTheClockThatNeverGoesBack)
 {
@@ -64,11 +59,11 @@ TEST(MonotonicNow, ReadsTheClockThatNeverGoesBack)
     const timespec now = velmora::browser::vkb::monotonicNow();
     clock_gettime(CLOCK_MONOTONIC, &after);
 
-    const auto nanoseconds = [](const timespec& time) {
-        return int64_t(time.tv_sec) * 1000000000 + time.tv_nsec;
+    const auto pair = [](const timespec& time) {
+        return std::make_pair(time.tv_sec, time.tv_nsec);
     };
-    EXPECT_LE(nanoseconds(before), nanoseconds(now));
-    EXPECT_LE(nanoseconds(now), nanoseconds(after));
+    EXPECT_LE(pair(before), pair(now));
+    EXPECT_LE(pair(now), pair(after));
 }
 
 } // namespace

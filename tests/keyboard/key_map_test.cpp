@@ -2,9 +2,7 @@
 
 #include <cstdlib>
 #include <memory>
-#include <ostream>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -16,6 +14,7 @@
 #include "layout_sample.h"
 #include "log_capture.h"
 #include "recording_display.h"
+#include "row.h"
 #include "steps.h"
 
 namespace
@@ -23,55 +22,25 @@ namespace
 
 using namespace test_support;
 using namespace velmora::browser::vkb;
+using namespace steps;
 using sample::BadFile;
-using steps::expectTrace;
-using steps::Keys;
-using steps::Steps;
 using testing::Contains;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-Steps logged(const std::string& function, const std::string& message)
-{
-    return steps::logged("Language_Parser.cpp", steps::kTrace, function, message);
-}
-
-Steps keyMapNotRead()
-{
-    return logged("ParseCurrentLayoutKeyMaps", "called\n");
-}
-
-Steps keyMapRead()
-{
-    return keyMapNotRead() +
-           logged("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n");
-}
-
-auto fields(const Button_t& button)
-{
-    return std::make_tuple(button.text, button.rect.positionX, button.rect.positionY,
-                           button.rect.width, button.rect.height, button.id, button.isSpecial,
-                           button.isLanguage, button.keyCode, button.character, button.left_button,
-                           button.right_button, button.up_button, button.down_button);
-}
+const Steps kAsked = steps::parser("getKeyMap", "called\n");
 
 void expectKeys(const Keys& found, const Keys& expected)
 {
     ASSERT_EQ(found.size(), expected.size());
     for (size_t i = 0; i < found.size(); ++i)
-        EXPECT_EQ(fields(found[i]), fields(expected[i])) << "key " << i;
+        EXPECT_EQ(fieldsOf(found[i]), fieldsOf(expected[i])) << "key " << i;
 }
 
 // One of the four key sets.
-struct Choice {
-    const char* what;
+struct Choice : Row {
     bool shift, alt;
 };
-
-std::ostream& operator<<(std::ostream& stream, const Choice& choice)
-{
-    return stream << choice.what;
-}
 
 const Choice kChoices[] = {{"Default", false, false},
                            {"DefaultShift", true, false},
@@ -101,10 +70,13 @@ protected:
     }
     Keys& defaultKeys() { return keys(kChoices[0]); }
 
-    void expectNoKeys()
+    // The sizes of the sets, in the order of the choices.
+    std::vector<size_t> sizes()
     {
+        std::vector<size_t> counts;
         for (const Choice& choice : kChoices)
-            EXPECT_THAT(keys(choice), IsEmpty()) << choice.what;
+            counts.push_back(keys(choice).size());
+        return counts;
     }
 
     LayoutFolder m_folder;
@@ -113,49 +85,33 @@ protected:
     std::unique_ptr<LanguageParser> m_parser;
 };
 
+const std::vector<size_t> kNoKeys = {0, 0, 0, 0};
+const std::vector<size_t> kTwoEach = {2, 2, 2, 2};
+
 class KeySet : public KeyMapTest, public testing::WithParamInterface<Choice>
 {
-protected:
-    static Keys expected()
-    {
-        return sample::buttons(sample::twoKeyCatalogue(),
-                               GetParam().alt ? sample::twoSymbolKeys() : sample::twoDefaultKeys(),
-                               GetParam().shift);
-    }
 };
 
-TEST_P(KeySet, OfTheExampleHoldsItsKeys)
-{
-    writeEnglish();
-    english();
-    expectKeys(keys(GetParam()), expected());
-    expectTrace(logged("getKeyMap", "called\n"));
-}
-
-TEST_P(KeySet, BelongsToTheCurrentLayoutWhateverTheNameSays)
-{
-    writeEnglish();
-    LanguageParser& parser = english();
-    for (std::string name : {"German", "", "English"}) {
-        expectKeys(parser.getKeyMap(name, GetParam().shift, GetParam().alt), expected());
-    }
-}
-
-TEST_P(KeySet, IsReadAgainWhileItIsEmpty)
+TEST_P(KeySet, HoldsItsKeysWhateverTheNameSaysAndIsReadAgainWhileItIsEmpty)
 {
     english(); // no file yet
     EXPECT_THAT(keys(GetParam()), IsEmpty());
     EXPECT_THAT(keys(GetParam()), IsEmpty());
-    const Steps tried = logged("getKeyMap", "called\n") + keyMapNotRead();
-    expectTrace(tried + tried);
+    expectTrace(kAsked + keyMapNotRead() + kAsked + keyMapNotRead());
 
     writeEnglish();
-    expectKeys(keys(GetParam()), expected());
-    expectTrace(logged("getKeyMap", "called\n") + keyMapRead());
+    const Keys expected = sample::buttons(
+        sample::twoKeyCatalogue(),
+        GetParam().alt ? sample::twoSymbolKeys() : sample::twoDefaultKeys(), GetParam().shift);
+    expectKeys(keys(GetParam()), expected);
+    expectTrace(kAsked + keyMapRead());
+    for (std::string name : {"German", "", "English"}) {
+        expectKeys(m_parser->getKeyMap(name, GetParam().shift, GetParam().alt), expected);
+        expectTrace(kAsked);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Faces, KeySet, testing::ValuesIn(kChoices),
-                         [](const auto& test) { return std::string(test.param.what); });
+INSTANTIATE_TEST_SUITE_P(Faces, KeySet, testing::ValuesIn(kChoices), RowName());
 
 // The example once more, in plain numbers.
 TEST_F(KeyMapTest, TheExamplesRectanglesLabelsAndCodes)
@@ -170,134 +126,88 @@ TEST_F(KeyMapTest, TheExamplesRectanglesLabelsAndCodes)
                                    {"", {68, 4, 124, 50}, 1, false, false, 0, 0, 0, 0, 1, 1}});
     expectKeys(keys(kChoices[3]), {{"!", {4, 4, 60, 50}, 0, false, false, 49, 33, 1, 1, 0, 0},
                                    {"", {68, 4, 124, 50}, 1, false, false, 0, 0, 0, 0, 1, 1}});
-    EXPECT_EQ(m_parser->keyboardWidth(), 68 + 124 + 4);
 }
 
-TEST_F(KeyMapTest, OnlyTheExactWordNullMakesAnEmptyLabel)
+TEST_F(KeyMapTest, OnlyTheExactWordNullMakesAnEmptyLabelAndAllOthersAreKeptAsBytes)
 {
-    const std::vector<std::string> kept = {"null", " NULL", "NULL ", "Null", "NULLS", "nULL"};
-    Catalogue catalogue = sample::twoKeyCatalogue();
-    catalogue.rects.assign(kept.size() + 1, {0, 0, 1, 1});
-    m_folder.writeCatalogue(asJson(catalogue));
-    std::vector<Key> keys(kept.size() + 1);
-    keys[0].text = keys[0].shiftText = "NULL";
-    for (size_t i = 0; i < kept.size(); ++i)
-        keys[i + 1].text = keys[i + 1].shiftText = kept[i];
-    writeEnglish(asJson(keys, keys));
+    const Lines texts = {"NULL",
+                         "null",
+                         " NULL",
+                         "NULL ",
+                         "Null",
+                         "NULLS",
+                         "nULL",
+                         "\xE4\xBD\xA0\xE5\xA5\xBD",
+                         "%s a label too long for the bytes inside a string"};
+    std::vector<Key> written(texts.size());
+    for (size_t i = 0; i < texts.size(); ++i)
+        written[i].text = written[i].shiftText = texts[i];
+    writeEnglish(asJson(written, written));
     english();
-
     for (const Choice& choice : kChoices) {
-        SCOPED_TRACE(choice.what);
-        const Keys& found = this->keys(choice);
-        ASSERT_THAT(found, SizeIs(kept.size() + 1));
-        EXPECT_EQ(found[0].text, "");
-        for (size_t i = 0; i < kept.size(); ++i)
-            EXPECT_EQ(found[i + 1].text, kept[i]);
+        SCOPED_TRACE(choice.name);
+        Lines found;
+        for (const Button_t& each : keys(choice))
+            found.push_back(each.text);
+        ASSERT_THAT(found, SizeIs(texts.size()));
+        EXPECT_EQ(found[0], "");
+        found[0] = "NULL";
+        EXPECT_EQ(found, texts);
     }
-}
-
-TEST_F(KeyMapTest, LabelsAreKeptAsBytes)
-{
-    std::vector<Key> keys(2);
-    keys[0].text = "\xE4\xBD\xA0\xE5\xA5\xBD";
-    keys[0].shiftText = "%s a label too long for the room inside a string";
-    writeEnglish(asJson(keys, {}));
-    english();
-    EXPECT_EQ(defaultKeys()[0].text, keys[0].text);
-    EXPECT_EQ(this->keys(kChoices[1])[0].text, keys[0].shiftText);
 }
 
 TEST_F(KeyMapTest, AMissingSymbolSetIsEmptyAndReadAgainOnEachCall)
 {
     writeEnglish("{\"Keys\": {\"KeyMode_Default\": [{\"text\": \"a\"}, {\"text\": \"b\"}]}}");
     english();
-    EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
-    takeTrace();
     for (int i = 0; i < 2; ++i) {
-        EXPECT_THAT(keys(kChoices[2]), IsEmpty());
-        expectTrace(logged("getKeyMap", "called\n") + keyMapRead());
-        EXPECT_THAT(keys(kChoices[3]), IsEmpty());
-        expectTrace(logged("getKeyMap", "called\n") + keyMapRead());
+        EXPECT_EQ(sizes(), (std::vector<size_t>{2, 2, 0, 0}));
+        expectTrace(kAsked + kAsked + kAsked + keyMapRead() + kAsked + keyMapRead());
     }
-    EXPECT_THAT(keys(kChoices[0]), SizeIs(2));
-    EXPECT_THAT(keys(kChoices[1]), SizeIs(2));
-    expectTrace(logged("getKeyMap", "called\n") + logged("getKeyMap", "called\n"));
 }
 
-TEST_F(KeyMapTest, TheTwoSetsMayDifferInLength)
+TEST_F(KeyMapTest, TheTwoSetsMayDifferInLengthAndIdsAreTakenAsTheyStand)
 {
-    writeEnglish(asJson(sample::twoDefaultKeys(), {sample::twoSymbolKeys()[0]}));
+    Key symbol = sample::twoSymbolKeys()[0];
+    symbol.id = -7;
+    std::vector<Key> defaults = sample::twoDefaultKeys();
+    defaults[1].id = 41;
+    writeEnglish(asJson(defaults, {symbol}));
     english();
-    EXPECT_THAT(keys(kChoices[0]), SizeIs(2));
-    EXPECT_THAT(keys(kChoices[1]), SizeIs(2));
-    EXPECT_THAT(keys(kChoices[2]), SizeIs(1));
-    EXPECT_THAT(keys(kChoices[3]), SizeIs(1));
+    EXPECT_EQ(sizes(), (std::vector<size_t>{2, 2, 1, 1}));
+    EXPECT_EQ(keys(kChoices[3])[0].id, -7);
+    EXPECT_EQ(keys(kChoices[0])[1].id, 41);
+    EXPECT_EQ(keys(kChoices[0])[1].rect.positionX, 68) << "the place in the list counts";
 }
 
-TEST_F(KeyMapTest, IdsAreTakenFromEachArrayAsTheyStand)
-{
-    std::vector<Key> symbols = sample::twoSymbolKeys();
-    symbols[0].id = 41;
-    symbols[1].id = -7;
-    writeEnglish(asJson(sample::twoDefaultKeys(), symbols));
-    english();
-    EXPECT_EQ(keys(kChoices[2])[0].id, 41);
-    EXPECT_EQ(keys(kChoices[3])[1].id, -7);
-    EXPECT_EQ(keys(kChoices[2])[1].rect.positionX, 68)
-        << "the place in the list gives the rectangle";
-}
-
-TEST_F(KeyMapTest, BeforeAnyLayoutTheSetsAreEmpty)
+TEST_F(KeyMapTest, BeforeAnyLayoutTheUnnamedKeyMapIsRead)
 {
     writeEnglish();
     m_parser.reset(new LanguageParser);
-    expectNoKeys();
-}
-
-TEST_F(KeyMapTest, AnUnnamedKeyMapIsReadAtConstruction)
-{
+    EXPECT_EQ(sizes(), kNoKeys);
     m_folder.writeKeyMap("", asJson(sample::twoDefaultKeys(), sample::twoSymbolKeys()));
     m_parser.reset(new LanguageParser);
     takeTrace();
-    EXPECT_THAT(defaultKeys(), SizeIs(2));
-    expectTrace(logged("getKeyMap", "called\n"));
+    EXPECT_EQ(sizes(), kTwoEach);
+    expectTrace(kAsked + kAsked + kAsked + kAsked);
 }
 
-TEST_F(KeyMapTest, AnEmptyNameLeadsToTheUnnamedKeyMap)
+TEST_F(KeyMapTest, TheNameIsUsedAsItStandsAndAnUnknownOneEmptiesTheSets)
 {
     writeEnglish();
-    english();
-    std::string none;
-    m_parser->onLayoutchanged(none);
-    expectTrace(logged("onLayoutchanged", "Current Layout is : \n") + keyMapNotRead());
-    expectNoKeys();
-}
-
-TEST_F(KeyMapTest, TheNameIsUsedAsItStands)
-{
-    writeEnglish();
-    english();
-    std::string lowerCase = "english";
-    m_parser->onLayoutchanged(lowerCase);
-    expectNoKeys();
-
+    m_folder.writeKeyMap("Odd name%s", asJson({sample::twoDefaultKeys()[0]}, {}));
+    for (std::string name : {"", "english", "Klingon"}) {
+        english();
+        m_parser->onLayoutchanged(name);
+        expectTrace(layoutChosen(name) + keyMapNotRead());
+        EXPECT_EQ(sizes(), kNoKeys);
+    }
     std::string odd = "Odd name%s";
-    m_folder.writeKeyMap(odd, asJson(sample::twoDefaultKeys(), sample::twoSymbolKeys()));
-    m_parser->onLayoutchanged(odd);
-    EXPECT_THAT(defaultKeys(), SizeIs(2));
-}
-
-TEST_F(KeyMapTest, AChangeOfLayoutReplacesAllFourSets)
-{
-    writeEnglish();
-    m_folder.writeKeyMap("German", asJson({sample::twoDefaultKeys()[0]}, {}));
     english();
-    std::string german = "German";
-    m_parser->onLayoutchanged(german);
-    EXPECT_THAT(keys(kChoices[0]), SizeIs(1));
-    EXPECT_THAT(keys(kChoices[1]), SizeIs(1));
-    EXPECT_THAT(keys(kChoices[2]), IsEmpty());
-    EXPECT_THAT(keys(kChoices[3]), IsEmpty());
+    m_parser->onLayoutchanged(odd);
+    expectTrace(layoutChosen(odd) + keyMapRead());
+    EXPECT_EQ(odd, "Odd name%s");
+    EXPECT_EQ(sizes(), (std::vector<size_t>{1, 1, 0, 0})) << "nothing of the layout before";
 }
 
 TEST_F(KeyMapTest, ReadingTheSameFileAgainDoesNotDoubleTheKeys)
@@ -305,36 +215,21 @@ TEST_F(KeyMapTest, ReadingTheSameFileAgainDoesNotDoubleTheKeys)
     writeEnglish();
     english();
     EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
-    for (const Choice& choice : kChoices)
-        EXPECT_THAT(keys(choice), SizeIs(2)) << choice.what;
+    EXPECT_EQ(sizes(), kTwoEach);
 }
 
-TEST_F(KeyMapTest, ARectangleKeepsItsLow16Bits)
+TEST_F(KeyMapTest, ARectangleKeepsItsLow16BitsAndMayReachTheRendererAsANegativeOne)
 {
-    m_folder.writeCatalogue(asJson(Catalogue{{"English"}, 4, 4, 60, 50, {{600, 1300, 1100, 700}}}));
-    writeEnglish(asJson({sample::twoDefaultKeys()[0]}, {}));
+    const Catalogue catalogue = {{"English"}, 4,  4,
+                                 60,          50, {{600, 1300, 1100, 700}, {600, 0, 1, 1}}};
+    m_folder.writeCatalogue(asJson(catalogue));
+    writeEnglish();
     english();
     const Rect_t rect = defaultKeys()[0].rect;
     EXPECT_EQ(rect.positionX, -27132);        // 38404
     EXPECT_EQ(rect.positionY, 70204 - 65536); // 4 + 1300 * 54
     EXPECT_EQ(rect.width, 70396 - 65536);     // 1100 * 64 - 4
     EXPECT_EQ(rect.height, 37796 - 65536);    // 700 * 54 - 4
-}
-
-TEST_F(KeyMapTest, APitchBeyond16BitsCountsWithItsLowBits)
-{
-    m_folder.writeCatalogue(asJson(Catalogue{{"English"}, 4, 4, 65536 + 60, 50, {{1, 0, 1, 1}}}));
-    writeEnglish(asJson({sample::twoDefaultKeys()[0]}, {}));
-    english();
-    EXPECT_EQ(defaultKeys()[0].rect.positionX, 68);
-    EXPECT_EQ(defaultKeys()[0].rect.width, 60);
-}
-
-TEST_F(KeyMapTest, AWrappedRectangleReachesTheRendererAsANegativeOne)
-{
-    m_folder.writeCatalogue(asJson(Catalogue{{"English"}, 4, 4, 60, 50, {{600, 0, 1, 1}}}));
-    writeEnglish(asJson({sample::twoDefaultKeys()[0]}, {}));
-    english();
 
     const char font[] = "/opt/font/test.ttf";
     m_folder.writeFile(font, "");
@@ -345,16 +240,25 @@ TEST_F(KeyMapTest, AWrappedRectangleReachesTheRendererAsANegativeOne)
     EXPECT_THAT(takeTrace(), Contains("surface1.FillRectangle(-27132,4,61,51)"));
 }
 
+TEST_F(KeyMapTest, APitchBeyond16BitsCountsWithItsLowBits)
+{
+    m_folder.writeCatalogue(asJson(Catalogue{{"English"}, 4, 4, 65536 + 60, 50, {{1, 0, 1, 1}}}));
+    writeEnglish();
+    english();
+    EXPECT_EQ(defaultKeys()[0].rect.positionX, 68);
+    EXPECT_EQ(defaultKeys()[0].rect.width, 60);
+}
+
 TEST_F(KeyMapTest, AMissingCatalogueIsTriedAtEachReading)
 {
     m_folder.removeCatalogue();
-    writeEnglish(asJson({sample::twoDefaultKeys()[0]}, {}));
+    writeEnglish();
     m_parser.reset(new LanguageParser);
     takeTrace();
     m_parser->onLayoutchanged(m_english);
-    expectTrace(logged("onLayoutchanged", "Current Layout is :English \n") + keyMapNotRead() +
-                logged("ParseLayout", "called\n") +
-                logged("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n"));
+    const Steps success =
+        steps::parser("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n");
+    expectTrace(layoutChosen("English") + keyMapNotRead() + catalogueNotRead() + success);
 
     m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
     EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
@@ -366,19 +270,15 @@ TEST_F(KeyMapTest, AMissingCatalogueIsTriedAtEachReading)
 
 TEST_F(KeyMapTest, AKeyBeyondThePositionTableHasAnEmptyRectangle)
 {
-    std::vector<Key> keys = sample::twoDefaultKeys();
-    keys.push_back(keys[0]);
-    keys[2].text = "beyond";
-    writeEnglish(asJson(keys, keys));
+    std::vector<Key> written = sample::twoDefaultKeys();
+    written.push_back({2, "b", false, false, 66, 98, 1, 0, 0, 0, "b", 98});
+    writeEnglish(asJson(written, written));
     english();
     for (const Choice& choice : kChoices) {
-        const Keys& found = this->keys(choice);
-        ASSERT_THAT(found, SizeIs(3)) << choice.what;
-        const Rect_t rect = found[2].rect;
-        EXPECT_EQ(std::make_tuple(rect.positionX, rect.positionY, rect.width, rect.height),
-                  std::make_tuple(0, 0, 0, 0));
+        ASSERT_THAT(keys(choice), SizeIs(3)) << choice.name;
+        EXPECT_EQ(fieldsOf(keys(choice)[2]),
+                  fieldsOf({"b", {0, 0, 0, 0}, 2, false, false, 66, 98, 1, 0, 0, 0}));
     }
-    EXPECT_EQ(defaultKeys()[2].text, "beyond");
 }
 
 TEST_F(KeyMapTest, MissingMembersReadAsZeroFalseAndEmpty)
@@ -413,44 +313,27 @@ TEST_F(KeyMapTest, WithoutKeysTheFileIsReadAndTheSetsAreEmpty)
         english();
         EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
         expectTrace(keyMapRead());
-        expectNoKeys();
+        EXPECT_EQ(sizes(), kNoKeys);
     }
 }
 
-const BadFile kNoJson[] = {
-    {"Empty", ""}, {"Text", "keys"}, {"CutOff", "{\"Keys\": {\"KeyMode_Default\": [{\"id\": 0"}};
-
-class MalformedKeyMap : public KeyMapTest, public testing::WithParamInterface<BadFile>
+TEST_F(KeyMapTest, AMalformedOrUnreadableFileEmptiesTheSetsAndIsTriedAgain)
 {
-};
-
-TEST_P(MalformedKeyMap, EmptiesTheSetsAndIsTriedAgain)
-{
-    writeEnglish();
-    english();
-    ASSERT_THAT(defaultKeys(), SizeIs(2));
-    writeEnglish(GetParam().text);
-    takeTrace();
-
-    m_parser->onLayoutchanged(m_english);
-    expectTrace(logged("onLayoutchanged", "Current Layout is :English \n") + keyMapNotRead());
-    EXPECT_FALSE(m_parser->ParseCurrentLayoutKeyMaps());
-    expectNoKeys();
-    writeEnglish();
-    EXPECT_THAT(defaultKeys(), SizeIs(2));
-}
-
-INSTANTIATE_TEST_SUITE_P(BadInput, MalformedKeyMap, testing::ValuesIn(kNoJson),
-                         [](const auto& test) { return std::string(test.param.what); });
-
-TEST_F(KeyMapTest, AnUnreadableKeyMapIsAsGoodAsNone)
-{
-    writeEnglish();
-    ::setenv("VKB_TEST_FAIL_OPEN", LayoutFolder::keyMapPath("English").c_str(), 1);
-    english();
-    expectNoKeys();
-    ::unsetenv("VKB_TEST_FAIL_OPEN");
-    EXPECT_THAT(defaultKeys(), SizeIs(2));
+    for (const char* text : {"", "keys", "{\"Keys\": {\"KeyMode_Default\": [{\"id\": 0", "{}"}) {
+        SCOPED_TRACE(text);
+        writeEnglish();
+        english();
+        writeEnglish(text);
+        if (text == std::string("{}")) // as good as none, if it cannot be read
+            ::setenv("VKB_TEST_FAIL_OPEN", LayoutFolder::keyMapPath("English").c_str(), 1);
+        m_parser->onLayoutchanged(m_english);
+        expectTrace(layoutChosen("English") + keyMapNotRead());
+        EXPECT_FALSE(m_parser->ParseCurrentLayoutKeyMaps());
+        EXPECT_EQ(sizes(), kNoKeys);
+        ::unsetenv("VKB_TEST_FAIL_OPEN");
+        writeEnglish();
+        EXPECT_EQ(sizes(), kTwoEach);
+    }
 }
 
 // A second key that the JSON library cannot convert, behind a good one.
@@ -475,42 +358,30 @@ const BadFile kImpossibleKeys[] = {
 class ImpossibleKey : public KeyMapTest, public testing::WithParamInterface<BadFile>
 {
 protected:
-    void writeBadKey(const char* array)
+    // In one of the two sets, or in both.
+    void expectErrorWith(const std::string& defaultKey, const std::string& symbolKey)
     {
-        const std::string good = "\"KeyMode_Default\": [{\"text\": \"a\"}]";
-        const std::string bad =
-            std::string("\"") + array + "\": [{\"text\": \"good\"}, " + GetParam().text + "]";
-        writeEnglish("{\"Keys\": {" + (array == std::string("KeyMode_Symbol") ? good + ", " : "") +
-                     bad + "}}");
-    }
-
-    void expectTheErrorAfterTheSuccessLine()
-    {
+        writeEnglish("{\"Keys\": {\"KeyMode_Default\": [{\"text\": \"good\"}" + defaultKey +
+                     "], \"KeyMode_Symbol\": [{\"text\": \"good\"}" + symbolKey + "]}}");
         m_parser.reset(new LanguageParser);
         takeTrace();
         EXPECT_THROW(m_parser->onLayoutchanged(m_english), Json::Exception);
-        expectTrace(logged("onLayoutchanged", "Current Layout is :English \n") + keyMapRead());
+        expectTrace(layoutChosen("English") + keyMapRead());
+        EXPECT_THAT(keys(kChoices[0]), SizeIs(1));
+        EXPECT_THAT(keys(kChoices[1]), SizeIs(1));
     }
 };
 
-TEST_P(ImpossibleKey, InTheDefaultSetLeavesTheKeysBeforeIt)
+TEST_P(ImpossibleKey, LetsTheLibrarysErrorThroughAndLeavesTheKeysBeforeIt)
 {
-    writeBadKey("KeyMode_Default");
-    expectTheErrorAfterTheSuccessLine();
-    EXPECT_THAT(keys(kChoices[0]), SizeIs(1));
-    EXPECT_THAT(keys(kChoices[1]), SizeIs(1));
-    EXPECT_THROW(keys(kChoices[2]), Json::Exception);
+    const std::string bad = std::string(", ") + GetParam().text;
+    expectErrorWith(bad, "");
+    EXPECT_THROW(keys(kChoices[2]), Json::Exception) << "not read yet, so it is tried again";
+    expectErrorWith("", bad);
+    EXPECT_THAT(keys(kChoices[2]), SizeIs(1));
+    EXPECT_THAT(keys(kChoices[3]), SizeIs(1));
 }
 
-TEST_P(ImpossibleKey, InTheSymbolSetLeavesTheKeysBeforeIt)
-{
-    writeBadKey("KeyMode_Symbol");
-    expectTheErrorAfterTheSuccessLine();
-    for (const Choice& choice : kChoices)
-        EXPECT_THAT(keys(choice), SizeIs(1)) << choice.what;
-}
-
-INSTANTIATE_TEST_SUITE_P(BadInput, ImpossibleKey, testing::ValuesIn(kImpossibleKeys),
-                         [](const auto& test) { return std::string(test.param.what); });
+INSTANTIATE_TEST_SUITE_P(BadInput, ImpossibleKey, testing::ValuesIn(kImpossibleKeys), RowName());
 
 } // namespace

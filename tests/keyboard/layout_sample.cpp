@@ -129,9 +129,4 @@ std::vector<Button_t> buttons(const Catalogue& catalogue, const std::vector<Key>
     return made;
 }
 
-std::ostream& operator<<(std::ostream& stream, const BadFile& file)
-{
-    return stream << file.what;
-}
-
 } // namespace sample

@@ -1,12 +1,12 @@
 #ifndef TESTS_KEYBOARD_LAYOUT_SAMPLE_H
 #define TESTS_KEYBOARD_LAYOUT_SAMPLE_H
 
-#include <ostream>
 #include <string>
 #include <vector>
 
 #include "keyboard_types.h"
 #include "layout_folder.h"
+#include "row.h"
 
 // Small layouts with a place for every kind of key.
 
@@ -30,12 +30,10 @@ std::vector<velmora::browser::vkb::Button_t> buttons(const test_support::Catalog
                                                      const std::vector<test_support::Key>& keys,
                                                      bool shifted);
 
-// A file that cannot be read as it should, and a word for a test's name.
-struct BadFile {
-    const char* what;
+// A file that cannot be read as it should.
+struct BadFile : test_support::Row {
     const char* text;
 };
-std::ostream& operator<<(std::ostream& stream, const BadFile& file);
 
 } // namespace sample
 

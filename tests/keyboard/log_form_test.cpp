@@ -1,12 +1,11 @@
 // The form of every log line, and that a line which is switched off costs nothing.
 
-#include <string>
+#include <tuple>
 
 #include <gmock/gmock.h>
 
 #include "log.h"
 #include "log_capture.h"
-#include "trace.h"
 
 namespace
 {
@@ -38,6 +37,15 @@ class LogForm : public testing::Test
 protected:
     LogForm() { evaluated = 0; }
 
+    void expectOneLine(uint32_t level, int line, const char* function, const char* message)
+    {
+        ASSERT_THAT(m_log.lines(), SizeIs(1));
+        const LogLine& found = m_log.lines()[0];
+        EXPECT_THAT(found.record, ElementsAre(level, 0u, 0u));
+        EXPECT_EQ(std::tie(found.tag, found.file, found.line, found.function, found.message),
+                  std::make_tuple("B-LOG", "log_form_test.cpp", line, function, message));
+    }
+
     LogCapture m_log;
 };
 
@@ -45,29 +53,14 @@ TEST_F(LogForm, ALineCarriesTagFileLineFunctionAndItsArguments)
 {
     const int lineOfTheCall = __LINE__ + 1;
     VKB_LOGF(LogDetail, "%s=%d\n", "x", counted(7));
-
-    ASSERT_THAT(m_log.lines(), SizeIs(1));
-    const LogLine& line = m_log.lines()[0];
-    EXPECT_THAT(line.record, ElementsAre(0x5F1388u, 0u, 0u));
-    EXPECT_EQ(line.tag, "B-LOG");
-    EXPECT_EQ(line.file, "log_form_test.cpp");
-    EXPECT_EQ(line.line, lineOfTheCall);
-    EXPECT_EQ(line.function, "TestBody");
-    EXPECT_EQ(line.message, "x=7\n");
+    expectOneLine(0x5F1388, lineOfTheCall, "TestBody", "x=7\n");
     EXPECT_EQ(evaluated, 1);
 }
 
 TEST_F(LogForm, ATextCarriesTheGivenLineAndFunction)
 {
     VKB_LOG_TEXT(LogError, 329, "some_function", "100\n");
-    ASSERT_THAT(m_log.lines(), SizeIs(1));
-    const LogLine& line = m_log.lines()[0];
-    EXPECT_THAT(line.record, ElementsAre(0x5F03E8u, 0u, 0u));
-    EXPECT_EQ(line.tag, "B-LOG");
-    EXPECT_EQ(line.file, "log_form_test.cpp");
-    EXPECT_EQ(line.line, 329);
-    EXPECT_EQ(line.function, "some_function");
-    EXPECT_EQ(line.message, "100\n");
+    expectOneLine(0x5F03E8, 329, "some_function", "100\n");
 }
 
 TEST_F(LogForm, EveryLineAsksWithAFreshRecord)
@@ -80,7 +73,7 @@ TEST_F(LogForm, EveryLineAsksWithAFreshRecord)
     EXPECT_EQ(m_log.levelsAsked(), 3u);
 }
 
-TEST_F(LogForm, ALineThatIsOffEvaluatesNeitherItsArgumentsNorTheBaseName)
+TEST_F(LogForm, ALevelThatIsOffEvaluatesNeitherItsArgumentsNorTheBaseName)
 {
     m_log.switchOff(0x5F0FA0);
     logOnce();
@@ -90,17 +83,8 @@ TEST_F(LogForm, ALineThatIsOffEvaluatesNeitherItsArgumentsNorTheBaseName)
     EXPECT_THAT(m_log.lines(), IsEmpty());
     EXPECT_EQ(evaluated, 0);
     EXPECT_EQ(m_log.baseNamesAsked(), 0u);
-}
-
-TEST_F(LogForm, LevelsAreSwitchedOneByOne)
-{
-    m_log.switchOff(0x5F1388);
-    VKB_LOG(LogDetail, "detail\n");
-    VKB_LOG(LogError, "error\n");
-    VKB_LOG(LogResult, "result\n");
-    ASSERT_THAT(m_log.lines(), SizeIs(2));
-    EXPECT_EQ(m_log.lines()[0].message, "error\n");
-    EXPECT_EQ(m_log.lines()[1].message, "result\n");
+    VKB_LOG_TEXT(LogResult, 1, "f", "result\n");
+    expectOneLine(0x5F0BB8, 1, "f", "result\n");
 }
 
 TEST_F(LogForm, ALineIsOneStatement)

@@ -6,8 +6,9 @@
 namespace steps
 {
 
-using velmora::browser::vkb::Button_t;
-using velmora::browser::vkb::Rect_t;
+using std::to_string;
+using vkb::Button_t;
+using vkb::Rect_t;
 
 namespace
 {
@@ -42,15 +43,15 @@ std::string coordinates(const Rect_t& rect, const std::string& expressions)
     std::istringstream stream(expressions);
     std::string values;
     for (std::string expression; std::getline(stream, expression, ',');)
-        values += (values.empty() ? "" : ",") + std::to_string(coordinate(rect, expression));
+        values += (values.empty() ? "" : ",") + to_string(coordinate(rect, expression));
     return values;
 }
 
 } // namespace
 
-Steps Renderer::logged(uint32_t level, const std::string& function, const std::string& message)
+Steps Renderer::logged(const std::string& function, const std::string& message, uint32_t level)
 {
-    return steps::logged("keyboard_ui.cpp", level, function, message);
+    return steps::logged("keyboard_ui.cpp", function, message, level);
 }
 
 Step Renderer::call(const std::string& call, const std::string& checkedAs) const
@@ -73,9 +74,10 @@ Steps Renderer::onRect(const std::string& method, const Rect_t& rect,
                  "m_surface->" + method + "(m_surface," + expressions + ")")};
 }
 
-Steps Renderer::lines(const Rect_t& rect, const std::vector<std::string>& ends) const
+Steps Renderer::lines(const Rect_t& rect, const std::string& colour,
+                      const test_support::Lines& ends) const
 {
-    Steps steps;
+    Steps steps = this->colour("line_c", colour);
     for (const std::string& expressions : ends)
         steps = steps + onRect("DrawLine", rect, expressions);
     return steps;
@@ -83,53 +85,45 @@ Steps Renderer::lines(const Rect_t& rect, const std::vector<std::string>& ends) 
 
 Steps Renderer::face(const Button_t& key, const std::string& fill) const
 {
-    const int x = key.rect.positionX;
-    const int y = key.rect.positionY;
-    const int w = key.rect.width;
-    const int h = key.rect.height;
-    const std::string geometry = std::to_string(x) + "/" + std::to_string(y) + "-" +
-                                 std::to_string(w) + "/" + std::to_string(h);
-
-    Steps steps = colour("rect_c", fill) + onRect("FillRectangle", key.rect, "x,y,w+1,h+1") +
-                  logged(kDetail, "drawElement", "[" + geometry + "-" + key.text + "] \n") +
-                  colour("font_c", kWhite);
-    steps.push_back(call("DrawString(\"" + key.text + "\",-1," + std::to_string(x + w / 2) + "," +
-                             std::to_string(y + (h - m_fontHeight) / 2) + ",TOPCENTER)",
-                         "m_surface->DrawString(m_surface,key.text.c_str(),-1,Xcenter,Ycenter,"
-                         "DSTF_TOPCENTER)"));
-    return steps;
-}
-
-Steps Renderer::normalKey(const Button_t& key) const
-{
-    return face(key, kNormalFill) + colour("line_c", kShadow) +
-           lines(key.rect,
-                 {"x+w,y,x+w,y+h", "x,y+h,x+w,y+h", "x+w-1,y,x+w-1,y+h", "x,y+h-1,x+w,y+h-1"});
+    const Rect_t& rect = key.rect;
+    const std::string place = to_string(rect.positionX) + "/" + to_string(rect.positionY) + "-" +
+                              to_string(rect.width) + "/" + to_string(rect.height);
+    const int centre = rect.positionX + rect.width / 2;
+    const int top = rect.positionY + (rect.height - m_font_height) / 2;
+    const Steps text = {call("DrawString(\"" + key.text + "\",-1," + to_string(centre) + "," +
+                                 to_string(top) + ",TOPCENTER)",
+                             "m_surface->DrawString(m_surface,key.text.c_str(),-1,Xcenter,Ycenter,"
+                             "DSTF_TOPCENTER)")};
+    return colour("rect_c", fill) + onRect("FillRectangle", rect, "x,y,w+1,h+1") +
+           logged("drawElement", "[" + place + "-" + key.text + "] \n", kDetail) +
+           colour("font_c", kWhite) + text;
 }
 
 Steps Renderer::sunkenKey(const Button_t& key) const
 {
-    return face(key, kSunkenFill) + colour("line_c", kShadow) +
-           lines(key.rect, {"x,y,x+w,y", "x,y,x,y+h", "x,y+1,x+w,y+1", "x+1,y,x+1,y+h"});
+    return face(key, kSunkenFill) +
+           lines(key.rect, kShadow, {"x,y,x+w,y", "x,y,x,y+h", "x,y+1,x+w,y+1", "x+1,y,x+1,y+h"});
 }
 
 Steps Renderer::frame(const Button_t& key) const
 {
-    return colour("line_c", kWhite) +
-           lines(key.rect, {"x+w,y,x+w,y+h", "x,y+h,x+w,y+h", "x,y,x+w,y", "x,y,x,y+h"});
+    return lines(key.rect, kWhite, {"x+w,y,x+w,y+h", "x,y+h,x+w,y+h", "x,y,x+w,y", "x,y,x,y+h"});
+}
+
+Steps Renderer::flip(const std::string& region, const std::string& text) const
+{
+    return {call("Flip(" + region + ",WAITFORSYNC)",
+                 "m_surface->Flip (m_surface, " + text + ", DSFLIP_WAITFORSYNC)")};
 }
 
 Steps Renderer::flipWhole() const
 {
-    return {
-        call("Flip(null,WAITFORSYNC)", "m_surface->Flip (m_surface, NULL, DSFLIP_WAITFORSYNC)")};
+    return flip("null", "NULL");
 }
 
 Steps Renderer::flipKey(const Button_t& key) const
 {
-    const std::string region = coordinates(key.rect, "x,y,x+w,y+h");
-    return {call("Flip({" + region + "},WAITFORSYNC)",
-                 "m_surface->Flip (m_surface, &region, DSFLIP_WAITFORSYNC)")};
+    return flip("{" + coordinates(key.rect, "x,y,x+w,y+h") + "}", "&region");
 }
 
 Steps Renderer::construction(int width, int height) const
@@ -137,39 +131,36 @@ Steps Renderer::construction(int width, int height) const
     const Steps size = {call("GetSize()", "m_surface->GetSize(m_surface, "
                                           "&m_win_width,&m_win_height)")};
     return size +
-           logged(kTrace, "KeyBoardUI",
-                  "called (" + std::to_string(width) + "/" + std::to_string(height) + ")\n") +
+           logged("KeyBoardUI", "called (" + to_string(width) + "/" + to_string(height) + ")\n") +
            clear(kBackground, true);
 }
 
 Steps Renderer::destruction(const std::string& font)
 {
-    const Steps release = {{font + ".Release()", ""}};
-    return logged(kTrace, "~KeyBoardUI", "called \n") + (font.empty() ? Steps() : release);
+    return logged("~KeyBoardUI", "called \n") +
+           (font.empty() ? Steps() : calls({font + ".Release()"}));
 }
 
 Steps Renderer::setLayoutData(size_t keys, const std::string& fontPath,
                               const std::string& font) const
 {
-    const Steps loading = {{"dfb.CreateFont(" + fontPath + ",{flags=HEIGHT height=30})", ""},
-                           {m_surface + ".SetFont(" + font + ")", ""},
-                           {font + ".GetHeight()", ""}};
-    return logged(kTrace, "setLayoutData", "called lines;" + std::to_string(keys) + "\n") +
-           loading +
-           logged(kTrace, "setLayoutData", "font-height:" + std::to_string(m_fontHeight) + "\n");
+    return logged("setLayoutData", "called lines;" + to_string(keys) + "\n") +
+           calls({"dfb.CreateFont(" + fontPath + ",{flags=HEIGHT height=30})",
+                  m_surface + ".SetFont(" + font + ")", font + ".GetHeight()"}) +
+           logged("setLayoutData", "font-height:" + to_string(m_font_height) + "\n");
 }
 
 Steps Renderer::setLayoutDataWithoutFile(size_t keys)
 {
-    return logged(kTrace, "setLayoutData", "called lines;" + std::to_string(keys) + "\n") +
-           logged(kError, "setLayoutData", "font file is not exist !!!\n");
+    return logged("setLayoutData", "called lines;" + to_string(keys) + "\n") +
+           logged("setLayoutData", "font file is not exist !!!\n", kError);
 }
 
 Steps Renderer::clear(const std::string& colour, bool flip) const
 {
     const Step fill = call("Clear(" + colour + ")", "m_surface->Clear(m_surface, ARGB_R(argb), "
                                                     "ARGB_G(argb),ARGB_B(argb),ARGB_A(argb))");
-    Steps steps = logged(kTrace, "clear", "called \n");
+    Steps steps = logged("clear", "called \n");
     steps.push_back(fill);
     if (flip) {
         steps.push_back(call("Flip(null,NONE)", "m_surface->Flip(m_surface,NULL, DSFLIP_NONE)"));
@@ -180,27 +171,27 @@ Steps Renderer::clear(const std::string& colour, bool flip) const
 
 Steps Renderer::draw(const Keys& keys, const Keys& locked, bool flip) const
 {
-    Steps steps = logged(kDetail, "draw", "called\n") + clear(kBackground, false);
+    Steps steps = logged("draw", "called\n", kDetail);
+    if (m_font_height == kNoFont)
+        return steps;
+    steps = steps + clear(kBackground, false);
     for (const Button_t& key : keys)
-        steps = steps + normalKey(key);
+        steps = steps + face(key, kNormalFill) +
+                lines(key.rect, kShadow,
+                      {"x+w,y,x+w,y+h", "x,y+h,x+w,y+h", "x+w-1,y,x+w-1,y+h", "x,y+h-1,x+w,y+h-1"});
     for (const Button_t& key : locked)
         steps = steps + sunkenKey(key);
-    return steps + (flip ? flipWhole() : Steps()) + logged(kDetail, "draw", "done\n");
+    return steps + (flip ? flipWhole() : Steps()) + logged("draw", "done\n", kDetail);
 }
 
-Steps Renderer::drawWithoutFont()
+Steps Renderer::showShown()
 {
-    return logged(kDetail, "draw", "called\n");
+    return logged("show", "called \n");
 }
 
 Steps Renderer::showHidden(const Keys& keys, const Keys& locked) const
 {
     return showShown() + draw(keys, locked, true);
-}
-
-Steps Renderer::showShown()
-{
-    return logged(kTrace, "show", "called \n");
 }
 
 Steps Renderer::hideShown() const
@@ -210,28 +201,17 @@ Steps Renderer::hideShown() const
 
 Steps Renderer::hideHidden()
 {
-    return logged(kTrace, "hide", "called\n");
+    return logged("hide", "called\n");
 }
 
 Steps Renderer::setfocus(const Keys& keys, const Keys& locked, const Button_t& key) const
 {
-    return logged(kTrace, "setfocus", "called \n") + draw(keys, locked, false) + frame(key) +
-           flipWhole();
-}
-
-Steps Renderer::setfocusWithoutFont(const Button_t& key) const
-{
-    return logged(kTrace, "setfocus", "called \n") + drawWithoutFont() + frame(key) + flipWhole();
+    return logged("setfocus", "called \n") + draw(keys, locked, false) + frame(key) + flipWhole();
 }
 
 Steps Renderer::setLocked(const Keys& keys, const Keys& locked) const
 {
-    return logged(kTrace, "setLocked", "called \n") + draw(keys, locked, false) + flipWhole();
-}
-
-Steps Renderer::setLockedWithoutFont() const
-{
-    return logged(kTrace, "setLocked", "called \n") + drawWithoutFont() + flipWhole();
+    return logged("setLocked", "called \n") + draw(keys, locked, false) + flipWhole();
 }
 
 Steps Renderer::press(const Button_t& key) const

@@ -2,29 +2,30 @@
 #define TESTS_KEYBOARD_RENDERER_STEPS_H
 
 #include <string>
+#include <utility>
 
 #include "steps.h"
 
 namespace steps
 {
 
-namespace vkb = velmora::browser::vkb;
+const int kNoFont = 0;
 
 // What the renderer does on one surface, operation by operation.
 class Renderer
 {
 public:
-    static constexpr int kFontHeight = 37; // pixels, as the display's fonts report it
-
-    explicit Renderer(std::string surface, int fontHeight = kFontHeight)
-        : m_surface(std::move(surface)), m_fontHeight(fontHeight)
+    // The font's height is that which the display's fonts report, in pixels.
+    explicit Renderer(std::string surface, int fontHeight = 37)
+        : m_surface(std::move(surface)), m_font_height(fontHeight)
     {
     }
 
-    static Steps logged(uint32_t level, const std::string& function, const std::string& message);
+    static Steps logged(const std::string& function, const std::string& message,
+                        uint32_t level = kTrace);
 
     Steps construction(int width, int height) const;
-    static Steps destruction(const std::string& font); // empty: there is none
+    static Steps destruction(const std::string& font = ""); // empty: there is none
 
     Steps setLayoutData(size_t keys, const std::string& fontPath, const std::string& font) const;
     static Steps setLayoutDataWithoutFile(size_t keys);
@@ -32,16 +33,13 @@ public:
     // colour as "red,green,blue,alpha"
     Steps clear(const std::string& colour, bool flip) const;
     Steps draw(const Keys& keys, const Keys& locked, bool flip) const;
-    static Steps drawWithoutFont();
-    Steps showHidden(const Keys& keys, const Keys& locked) const;
     static Steps showShown();
+    Steps showHidden(const Keys& keys, const Keys& locked) const;
     Steps hideShown() const;
     static Steps hideHidden();
 
     Steps setfocus(const Keys& keys, const Keys& locked, const vkb::Button_t& key) const;
-    Steps setfocusWithoutFont(const vkb::Button_t& key) const;
     Steps setLocked(const Keys& keys, const Keys& locked) const;
-    Steps setLockedWithoutFont() const;
     Steps press(const vkb::Button_t& key) const;
     Steps pressed(const vkb::Button_t& key) const;
 
@@ -50,16 +48,17 @@ private:
     Steps colour(const std::string& variable, const std::string& colour) const;
     Steps onRect(const std::string& method, const vkb::Rect_t& rect,
                  const std::string& expressions) const;
-    Steps lines(const vkb::Rect_t& rect, const std::vector<std::string>& ends) const;
+    Steps lines(const vkb::Rect_t& rect, const std::string& colour,
+                const test_support::Lines& ends) const;
     Steps face(const vkb::Button_t& key, const std::string& fill) const;
-    Steps normalKey(const vkb::Button_t& key) const;
     Steps sunkenKey(const vkb::Button_t& key) const;
     Steps frame(const vkb::Button_t& key) const;
+    Steps flip(const std::string& region, const std::string& text) const;
     Steps flipWhole() const;
     Steps flipKey(const vkb::Button_t& key) const;
 
     std::string m_surface;
-    int m_fontHeight;
+    int m_font_height;
 };
 
 } // namespace steps

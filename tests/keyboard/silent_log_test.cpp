@@ -23,7 +23,7 @@ protected:
         m_core.reset();
         EXPECT_GT(m_log.levelsAsked(), 0u);
         EXPECT_EQ(m_log.baseNamesAsked(), 0u);
-        EXPECT_TRUE(m_log.lines().empty());
+        EXPECT_THAT(m_log.lines(), testing::IsEmpty());
     }
 
     void callWhatNeedsNoRenderer()
@@ -58,7 +58,7 @@ TEST_F(SilentLog, WhileStarted)
 {
     start();
     callWhatNeedsNoRenderer();
-    m_core->OnIMEStart(m_display.dfb(), m_hostSurface);
+    m_core->OnIMEStart(m_display.dfb(), m_host_surface);
     for (const int place : {kLetter, kShift, kLetter, kAlt, kAlt, kLanguage, kUnknown, kMute}) {
         focus(place);
         m_core->onKeyEvent(13);
@@ -93,7 +93,7 @@ TEST_F(SilentLog, WithoutLayouts)
 
 TEST_F(SilentLog, WithoutAFont)
 {
-    KeyBoardUI ui(m_display.dfb(), m_hostSurface);
+    KeyBoardUI ui(m_display.dfb(), m_host_surface);
     Keys none;
     EXPECT_FALSE(ui.setLayoutData(&none, 30, nullptr));
     EXPECT_FALSE(ui.setLayoutData(&none, 30, "/opt/font/missing.ttf"));

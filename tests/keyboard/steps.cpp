@@ -23,16 +23,54 @@ test_support::Lines linesOf(const Steps& steps)
     return lines;
 }
 
-Steps logged(const std::string& file, uint32_t level, const std::string& function,
-             const std::string& message)
+Steps calls(const test_support::Lines& lines)
+{
+    Steps steps;
+    for (const std::string& line : lines)
+        steps.push_back({line, ""});
+    return steps;
+}
+
+Steps logged(const std::string& file, const std::string& function, const std::string& message,
+             uint32_t level)
 {
     return {{test_support::logTraceLine(file, level, function, message), ""}};
 }
 
-velmora::browser::vkb::Button_t key(const std::string& text,
-                                    const velmora::browser::vkb::Rect_t& rect)
+Steps parser(const std::string& function, const std::string& message)
 {
-    velmora::browser::vkb::Button_t made{};
+    return logged("Language_Parser.cpp", function, message, kTrace);
+}
+
+Steps catalogueNotRead()
+{
+    return parser("ParseLayout", "called\n");
+}
+
+Steps catalogueRead()
+{
+    return catalogueNotRead() + parser("ParseLayout", "Layout Parse Successfully !\n");
+}
+
+Steps keyMapNotRead()
+{
+    return parser("ParseCurrentLayoutKeyMaps", "called\n");
+}
+
+Steps keyMapRead()
+{
+    return keyMapNotRead() +
+           parser("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n");
+}
+
+Steps layoutChosen(const std::string& name)
+{
+    return parser("onLayoutchanged", "Current Layout is :" + name + " \n");
+}
+
+vkb::Button_t key(const std::string& text, const vkb::Rect_t& rect)
+{
+    vkb::Button_t made{};
     made.text = text;
     made.rect = rect;
     return made;

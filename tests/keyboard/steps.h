@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "keyboard_types.h"
@@ -13,6 +14,8 @@
 namespace steps
 {
 
+namespace vkb = velmora::browser::vkb;
+
 // One line of the trace. For a checked DirectFB call also the text that is reported when the call
 // fails; empty for log lines and for calls whose results are ignored.
 struct Step {
@@ -20,22 +23,41 @@ struct Step {
     std::string checkedAs;
 };
 using Steps = std::vector<Step>;
-using Keys = std::vector<velmora::browser::vkb::Button_t>;
+using Keys = std::vector<vkb::Button_t>;
 
 Steps operator+(Steps first, const Steps& second);
 test_support::Lines linesOf(const Steps& steps);
+
+// Calls whose results are ignored.
+Steps calls(const test_support::Lines& lines);
 
 // Level words of the platform's log, and a log line as one step.
 const uint32_t kError = 0x5F03E8;
 const uint32_t kResult = 0x5F0BB8;
 const uint32_t kTrace = 0x5F0FA0;
 const uint32_t kDetail = 0x5F1388;
-Steps logged(const std::string& file, uint32_t level, const std::string& function,
-             const std::string& message);
+Steps logged(const std::string& file, const std::string& function, const std::string& message,
+             uint32_t level);
+
+// Log lines of the parser.
+Steps parser(const std::string& function, const std::string& message);
+Steps catalogueNotRead();
+Steps catalogueRead();
+Steps keyMapNotRead();
+Steps keyMapRead();
+Steps layoutChosen(const std::string& name);
 
 // A key that the renderer can paint; all else is zero.
-velmora::browser::vkb::Button_t key(const std::string& text,
-                                    const velmora::browser::vkb::Rect_t& rect);
+vkb::Button_t key(const std::string& text, const vkb::Rect_t& rect);
+
+// All that a key holds, to be compared.
+inline auto fieldsOf(const vkb::Button_t& key)
+{
+    return std::make_tuple(key.text, key.rect.positionX, key.rect.positionY, key.rect.width,
+                           key.rect.height, key.id, key.isSpecial, key.isLanguage, key.keyCode,
+                           key.character, key.left_button, key.right_button, key.up_button,
+                           key.down_button);
+}
 
 // Takes the trace and compares it; tells the first line that differs.
 void expectTrace(const Steps& expected);
