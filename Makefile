@@ -44,7 +44,7 @@ uninstall: ## Take away what was installed to PREFIX below DESTDIR
 	@scripts/uninstall
 
 package: ## Make the Debian packages, in build/package/
-	@scripts/install-packages build hosts tools package
+	@scripts/install-packages build hosts tools input_methods package
 	@scripts/package
 
 format: ## Format the C++ sources
@@ -93,5 +93,5 @@ keyboard:
 	@scripts/build keyboard
 
 installable:
-	@scripts/install-packages build hosts tools install
+	@scripts/install-packages build hosts tools input_methods install
 	@scripts/build install
