@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -14,14 +15,16 @@ namespace
 
 enum class Order { Little, Big };
 
-// Numbers in a file; beyond its end they are 0, and the file is not whole.
+// Numbers in a file; beyond its end they are 0, and the file is not whole. A folder in its place
+// opens as a stream and has no end.
 class Bytes
 {
 public:
     Bytes(const std::string& file, Order order, size_t most = SIZE_MAX) : m_order(order)
     {
         std::ifstream stream(file, std::ios::binary | std::ios::ate);
-        if (!stream)
+        std::error_code error;
+        if (!stream || !std::filesystem::is_regular_file(file, error))
             return;
         m_size = static_cast<size_t>(stream.tellg());
         m_bytes.resize(std::min(m_size, most));

@@ -1,11 +1,15 @@
 // Scripts whose characters are put together from several keys: every one of them.
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <regex>
+#include <sstream>
 
 #include <gmock/gmock.h>
 #include <uniname.h>
 
+#include "process.h"
 #include "text.h"
 #include "text_field.h"
 
@@ -18,6 +22,30 @@ using input_methods::utf8;
 
 namespace
 {
+
+// The tables of the scripts that are typed by Unicode's names.
+TEST(SpellingTables, AreAsTheyAreMade)
+{
+    namespace fs = std::filesystem;
+    std::string folder = testing::TempDir() + "spelling-tables-XXXXXX";
+    ASSERT_NE(::mkdtemp(&folder[0]), nullptr);
+    test_process::Command command;
+    command.words = {MAKE_SPELLING_TABLES, folder};
+    EXPECT_EQ(test_process::run(command).exit_status, 0);
+    size_t tables = 0;
+    for (const fs::directory_entry& made : fs::directory_iterator(folder)) {
+        ++tables;
+        const auto text = [](const fs::path& path) {
+            std::ostringstream all;
+            all << std::ifstream(path).rdbuf();
+            return all.str();
+        };
+        EXPECT_EQ(text(made.path()), text(fs::path(DATA_FOLDER) / made.path().filename()))
+            << "update them with: make_spelling_tables resources/input_methods";
+    }
+    EXPECT_EQ(tables, 3u);
+    fs::remove_all(folder);
+}
 
 class Composing : public testing::Test
 {

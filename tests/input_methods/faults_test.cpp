@@ -157,6 +157,42 @@ TEST_F(Faults, DataThatIsCutOffIsNamed)
         }
 }
 
+// Whoever reads it: a folder in the file's place.
+TEST_F(Faults, DataThatCannotBeReadIsNamed)
+{
+    for (const DataOfEngine& data : kData) {
+        fs::copy(fs::path("/usr/share") / data.folder, folder() / data.folder,
+                 fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+        fs::remove(folder() / data.folder / data.file);
+        fs::create_directory(folder() / data.folder / data.file);
+        const test_process::Result result = tryOut(data.layout, "a\n", {"--engine-data", folder()});
+        EXPECT_EQ(result.exit_status, 2) << data.file << " signal " << result.signal;
+        EXPECT_THAT(result.err, HasSubstr("no input method")) << data.file;
+        fs::remove_all(folder() / data.folder);
+    }
+}
+
+// A table of ours that is broken in any way types the letters themselves, or is named.
+TEST_F(Faults, ATableThatIsCutOffLeavesTheLetters)
+{
+    const fs::path table = folder() / "data" / "ii-names.mim";
+    for (const double part : {0.0, 0.01, 0.5, 0.99}) {
+        fs::copy(DATA_FOLDER, folder() / "data",
+                 fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+        fs::resize_file(table, static_cast<uintmax_t>(double(fs::file_size(table)) * part));
+        test_process::Command command;
+        command.words = {INPUT_METHOD, "Yi", "--data", folder() / "data"};
+        const test_process::Result result = test_process::run(command, "nuo'su\n");
+        EXPECT_EQ(result.signal, 0) << part;
+        if (result.exit_status == 0)
+            EXPECT_THAT(result.out,
+                        testing::AnyOf(HasSubstr("text\t'nuo'su'"), HasSubstr("text\t'ꆈꌠ'")))
+                << part;
+        else
+            EXPECT_THAT(result.err, HasSubstr("no input method")) << part;
+    }
+}
+
 const char kNotAFolder[] = "/dev/null";
 
 TEST_F(Faults, AFolderThatCannotBeWrittenIsNotLearnedIn)
@@ -168,6 +204,54 @@ TEST_F(Faults, AFolderThatCannotBeWrittenIsNotLearnedIn)
         EXPECT_THAT(result.err, HasSubstr("expected a folder to write to; nothing is learned"));
     }
 }
+
+// The disk is one of the test's own, of 64 KiB; only the program sees it.
+struct Disk {
+    const char* name;
+    const char* command; // in the folder in which is learned
+    const char* line;    // on standard error
+};
+
+const Disk kDisks[] = {
+    {"Full", "mkdir rime anthy chewing; head -c 1M /dev/zero >filler 2>/dev/null;",
+     "No space left on device, expected a folder to write to; nothing is learned"},
+    {"ReadOnly", "mount -o remount,ro .;",
+     "Read-only file system, expected a folder to write to; nothing is learned"},
+};
+
+class FaultsOfADisk : public Faults, public testing::WithParamInterface<Disk>
+{
+};
+
+TEST_P(FaultsOfADisk, LeaveWhatWasTyped)
+{
+    for (const char* layout : {"Chinese_Pinyin", "Chinese_Zhuyin", "Japanese"}) {
+        const std::string keys = std::string(layout) == "Chinese_Zhuyin" ? "ㄋㄧˇ" : "nihon";
+        const test_process::Result before = tryOut(layout, keys + "<1>\n");
+        test_process::Command command;
+        command.words = {"unshare",
+                         "--user",
+                         "--map-current-user",
+                         "--keep-caps",
+                         "--mount",
+                         "bash",
+                         "-c",
+                         "mount -t tmpfs -o size=64k tmpfs '" + folder().string() + "' && cd '" +
+                             folder().string() + "' || exit 77; " + GetParam().command +
+                             " exec '" INPUT_METHOD "' " + layout +
+                             " --data '" DATA_FOLDER "' --learn ."};
+        command.for_target = false;
+        const test_process::Result result = test_process::run(command, keys + "<1>\n");
+        if (result.exit_status == 77)
+            GTEST_SKIP() << "this system forbids a process its own disk";
+        EXPECT_EQ(result.exit_status, 0) << layout << result.signal << result.err;
+        EXPECT_EQ(result.out, before.out) << layout;
+        EXPECT_THAT(result.err, HasSubstr(GetParam().line)) << layout;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, FaultsOfADisk, testing::ValuesIn(kDisks),
+                         [](const testing::TestParamInfo<Disk>& disk) { return disk.param.name; });
 
 TEST_F(Faults, LearnsOnlyWhereItIsTold)
 {

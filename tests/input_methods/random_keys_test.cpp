@@ -56,9 +56,9 @@ const int kControlKeys[] = {kBack, kBack, kTab, kClearAll, kEnter, kLeft, kRight
 
 int steps()
 {
-    const int kHundredth = 100; // a dictionary takes longer than the keyboard for a key
+    const int kTenth = 10; // a dictionary takes longer than the keyboard for a key
     const char* given = std::getenv("VKB_SOAK_STEPS");
-    return given == nullptr ? 3000 : std::max(1000, std::atoi(given) / kHundredth * 10);
+    return given == nullptr ? 3000 : std::max(1000, std::atoi(given) / kTenth);
 }
 
 class SoakInputMethod : public testing::TestWithParam<Keys>
