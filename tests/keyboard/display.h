@@ -3,7 +3,7 @@
 
 #include <directfb.h>
 
-#include "expected_picture.h"
+#include "test_picture.h"
 
 // DirectFB without a screen, opened once for the process and left open.
 class Display

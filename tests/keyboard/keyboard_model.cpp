@@ -1,6 +1,7 @@
 #include "keyboard_model.h"
 
 #include <algorithm>
+#include <map>
 
 void KeyboardModel::start()
 {
@@ -39,16 +40,6 @@ void KeyboardModel::hide()
         m_shown = false;
 }
 
-void KeyboardModel::layoutChange()
-{
-    nextLayout();
-}
-
-void KeyboardModel::refresh()
-{
-    reload();
-}
-
 void KeyboardModel::replaceLastLock()
 {
     if (!m_locks.empty())
@@ -60,24 +51,15 @@ int KeyboardModel::key(int code)
 {
     if (!m_started || !m_shown)
         return 2;
-    switch (code) {
-    case 13:
+    if (code == 13)
         return press();
-    case 37:
-        moveFocusTo(m_focus.key.left);
-        return 0;
-    case 38:
-        moveFocusTo(m_focus.key.up);
-        return 0;
-    case 39:
-        moveFocusTo(m_focus.key.right);
-        return 0;
-    case 40:
-        moveFocusTo(m_focus.key.down);
-        return 0;
-    default:
+    const Key& from = m_focus.key;
+    const std::map<int, int> neighbours = {
+        {37, from.left}, {38, from.up}, {39, from.right}, {40, from.down}};
+    if (neighbours.count(code) == 0)
         return 2;
-    }
+    moveFocusTo(neighbours.at(code));
+    return 0;
 }
 
 void KeyboardModel::nextLayout()
@@ -87,7 +69,7 @@ void KeyboardModel::nextLayout()
     if (!m_has_renderer)
         return; // no parser either: the name alone has changed, and the next start changes it again
     m_layout = layout;
-    m_shift = Shift::OFF;
+    m_shift = Shift::Off;
     m_alt = false;
     m_locks.clear();
 }
@@ -97,7 +79,7 @@ void KeyboardModel::loadKeys()
     const LayoutKeys& layout = (*m_layouts)[m_layout];
     m_keys.clear();
     for (const Key& key : m_alt ? layout.symbols : layout.defaults) {
-        if (m_shift == Shift::OFF)
+        if (m_shift == Shift::Off)
             m_keys.push_back({key.text, key.character, key});
         else
             m_keys.push_back({key.shiftText, key.shiftCharacter, key});
@@ -127,7 +109,7 @@ void KeyboardModel::unlock(const char* text)
 
 void KeyboardModel::takeResult()
 {
-    m_result = {m_focus.key.keyCode, m_shift == Shift::OFF ? 0 : 2, m_focus.character,
+    m_result = {m_focus.key.keyCode, m_shift == Shift::Off ? 0 : 2, m_focus.character,
                 m_focus.text};
 }
 
@@ -138,8 +120,8 @@ int KeyboardModel::press()
     if (m_focus.key.keyCode < 0)
         return 0;
     takeResult();
-    if (m_shift == Shift::ONCE) {
-        m_shift = Shift::OFF;
+    if (m_shift == Shift::Once) {
+        m_shift = Shift::Off;
         unlock("Shift");
         reload();
     }
@@ -150,13 +132,13 @@ int KeyboardModel::pressSpecial()
 {
     const std::string text = m_focus.text;
     if (text == "shift" || text == "Shift") {
-        if (m_shift == Shift::OFF) {
-            m_shift = Shift::ONCE;
+        if (m_shift == Shift::Off) {
+            m_shift = Shift::Once;
             m_locks.push_back(m_focus);
-        } else if (m_shift == Shift::ONCE) {
-            m_shift = Shift::LOCKED;
+        } else if (m_shift == Shift::Once) {
+            m_shift = Shift::Locked;
         } else {
-            m_shift = Shift::OFF;
+            m_shift = Shift::Off;
             unlock("Shift");
         }
         reload();

@@ -40,8 +40,8 @@ public:
     void cancel();
     void show();
     void hide();
-    void layoutChange();
-    void refresh();
+    void nextLayout();
+    void reload();
     void replaceLastLock();
     int key(int code);
 
@@ -55,11 +55,9 @@ public:
     const std::vector<Face>& locks() const { return m_locks; }
 
 private:
-    enum class Shift { OFF, ONCE, LOCKED };
+    enum class Shift { Off, Once, Locked };
 
-    void nextLayout();
     void loadKeys();
-    void reload();
     void moveFocusTo(int position);
     void unlock(const char* text);
     void takeResult();
@@ -73,7 +71,7 @@ private:
     bool m_ever_started = false;
     size_t m_next_layout = 0;
     size_t m_layout = 0;
-    Shift m_shift = Shift::OFF;
+    Shift m_shift = Shift::Off;
     bool m_alt = false;
     Face m_focus = {};
     std::vector<Face> m_keys;

@@ -1,123 +1,72 @@
 // The whole keyboard on the shipped layouts, as a viewer meets it.
 
 #include <cstdlib>
-#include <memory>
+#include <string>
 
 #include <gmock/gmock.h>
 
 #include "display.h"
 #include "keyboard_core.h"
 #include "layout_folder.h"
-
-using test_support::Picture;
-using velmora::browser::vkb::KeyBoardCore;
+#include "row.h"
 
 namespace
 {
 
-const int kOk = 13;
-const int kRight = 39;
-const int kDown = 40;
+using namespace test_support;
 
-class KeyboardPicture : public testing::Test
-{
-protected:
-    KeyboardPicture()
-    {
-        for (const char* file :
-             {"Language_Name.json", "Language_English.json", "Language_German.json"})
-            folder.linkFile(std::string("/usr/local/opt/nerovista/resources/oskeyboard_config/") +
-                                file,
-                            std::string(VKB_TEST_LAYOUTS) + "/" + file);
-        setenv("VIRTUAL_KEYBOARD_FONT_PATH", VKB_TEST_FONT, 1);
-        core.reset(new KeyBoardCore());
-        core->OnIMEStart(display.dfb(), nullptr);
-        window = display.newestWindow();
-    }
-
-    void press(int key, int times = 1)
-    {
-        for (int i = 0; i < times; ++i)
-            core->onKeyEvent(key);
-    }
-
-    Picture shown() { return shownOn(window); }
-
-    test_support::LayoutFolder folder;
-    Display display;
-    std::unique_ptr<KeyBoardCore> core;
-    IDirectFBSurface* window = nullptr;
+// Remote keys from the start on, and the picture behind them: o is OK, r right, d down, and S the
+// host's Show; without a picture the window is transparent.
+struct Presses : Row {
+    const char* keys;
+    const char* picture;
 };
 
+const Presses kPresses[] = {
+    {"StartsWithTheFocusOnTheFirstKey", "", "english"},
+    {"FocusMoves", "rrrrdd", "english-focus"},
+    {"ShiftOnce", "dddo", "english-shift"},
+    {"ShiftLockedLooksTheSame", "dddoo", "english-shift"},
+    {"ALetterWithShiftOnce", "dddorr", "english-shift-locked"},
+    {"ALetterWithShiftLocked", "dddoorr", "english-shift-locked"},
+    {"ShiftStaysLockedBehindALetter", "dddoorro", "english-shift-locked"},
+    {"LetterReleasesShiftOnce", "dddorro", "english-shift-released"},
+    {"SymbolSet", "ddo", "english-symbols"},
+    {"SymbolSetWithShift", "ddodo", "english-symbols-shift"},
+    {"SecondLayout", "ro", "german"},
+    {"HiddenIsTransparent", "o", nullptr},
+    {"ShowBringsItBack", "oS", "english"},
+};
+
+class KeyboardPicture : public testing::TestWithParam<Presses>
+{
+};
+
+TEST_P(KeyboardPicture, Shows)
+{
+    LayoutFolder folder;
+    for (const std::string name : {"Name", "English", "German"}) {
+        const std::string file = "Language_" + name + ".json";
+        folder.linkFile("/usr/local/opt/nerovista/resources/oskeyboard_config/" + file,
+                        VKB_TEST_LAYOUTS "/" + file);
+    }
+    setenv("VIRTUAL_KEYBOARD_FONT_PATH", VKB_TEST_FONT, 1);
+    Display display;
+    velmora::browser::vkb::KeyBoardCore core;
+    core.OnIMEStart(display.dfb(), nullptr);
+    IDirectFBSurface* window = display.newestWindow();
+    for (const char key : std::string(GetParam().keys)) {
+        if (key == 'S')
+            core.Show();
+        else
+            core.onKeyEvent(key == 'o' ? 13 : key == 'r' ? 39 : 40);
+    }
+    if (GetParam().picture == nullptr)
+        EXPECT_THAT(shownOn(window).pixels, testing::Each(0u));
+    else
+        EXPECT_PICTURE(GetParam().picture, shownOn(window));
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, KeyboardPicture, testing::ValuesIn(kPresses), RowName());
+
 } // namespace
-
-TEST_F(KeyboardPicture, StartsWithTheFocusOnTheFirstKey)
-{
-    EXPECT_PICTURE("english", shown());
-}
-
-TEST_F(KeyboardPicture, FocusMoves)
-{
-    press(kRight, 4);
-    press(kDown, 2);
-    EXPECT_PICTURE("english-focus", shown());
-}
-
-TEST_F(KeyboardPicture, ShiftOnce)
-{
-    press(kDown, 3);
-    press(kOk);
-    EXPECT_PICTURE("english-shift", shown());
-}
-
-TEST_F(KeyboardPicture, ShiftLockedLooksTheSame)
-{
-    press(kDown, 3);
-    press(kOk, 2);
-    EXPECT_PICTURE("english-shift", shown());
-    press(kRight, 2);
-    EXPECT_PICTURE("english-shift-locked", shown());
-    press(kOk);
-    EXPECT_PICTURE("english-shift-locked", shown()) << "it stays locked behind a letter";
-}
-
-TEST_F(KeyboardPicture, LetterReleasesShiftOnce)
-{
-    press(kDown, 3);
-    press(kOk);
-    press(kRight, 2);
-    EXPECT_PICTURE("english-shift-locked", shown());
-    press(kOk);
-    EXPECT_PICTURE("english-shift-released", shown());
-}
-
-TEST_F(KeyboardPicture, SymbolSet)
-{
-    press(kDown, 2);
-    press(kOk);
-    EXPECT_PICTURE("english-symbols", shown());
-}
-
-TEST_F(KeyboardPicture, SymbolSetWithShift)
-{
-    press(kDown, 2);
-    press(kOk);
-    press(kDown);
-    press(kOk);
-    EXPECT_PICTURE("english-symbols-shift", shown());
-}
-
-TEST_F(KeyboardPicture, SecondLayout)
-{
-    press(kRight);
-    press(kOk);
-    EXPECT_PICTURE("german", shown());
-}
-
-TEST_F(KeyboardPicture, HiddenIsTransparentAndShowBringsItBack)
-{
-    press(kOk);
-    EXPECT_THAT(shown().pixels, testing::Each(0u));
-    core->Show();
-    EXPECT_PICTURE("english", shown());
-}

@@ -1,6 +1,6 @@
 // The comparison itself: it must see one pixel, and one step of one colour.
 
-#include "expected_picture.h"
+#include "test_picture.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -23,78 +23,73 @@ protected:
         std::string pattern = (fs::temp_directory_path() / "vkb-picture-XXXXXX").string();
         if (mkdtemp(&pattern[0]) == nullptr)
             throw std::runtime_error(pattern + ": cannot make the folder");
-        folder = pattern;
+        m_folder = pattern;
         unsetenv("VKB_UPDATE_PICTURES");
-        writePng(folder + "/expected/one.png", picture);
+        writePng(m_folder + "/expected/one.png", m_picture);
     }
 
     ~PictureComparison() override
     {
         std::error_code ignored;
-        fs::remove_all(folder, ignored);
+        fs::remove_all(m_folder, ignored);
     }
 
     testing::AssertionResult compare(const Picture& actual)
     {
-        return isExpectedPicture("one", actual, folder + "/expected", folder + "/failed");
+        return isExpectedPicture("one", actual, m_folder + "/expected", m_folder + "/failed");
     }
 
-    std::string folder;
-    Picture picture = {2, 2, {0xFF1E1E1E, 0xFFFFFFFF, 0x00000000, 0x80FF8040}};
+    std::vector<uint32_t> pixelsOf(const std::string& file)
+    {
+        return readPng(m_folder + "/" + file).pixels;
+    }
+
+    // The picture with another pixel in this place.
+    Picture with(size_t place, uint32_t pixel)
+    {
+        Picture changed = m_picture;
+        changed.pixels[place] = pixel;
+        return changed;
+    }
+
+    std::string m_folder;
+    Picture m_picture = {2, 2, {0xFF1E1E1E, 0xFFFFFFFF, 0x00000000, 0x80FF8040}};
 };
 
 } // namespace
 
-TEST_F(PictureComparison, FileGivesBackEachPixelAndItsOpacity)
-{
-    EXPECT_EQ(readPng(folder + "/expected/one.png").pixels, picture.pixels);
-}
-
 TEST_F(PictureComparison, SamePictureLeavesNothingBehind)
 {
-    EXPECT_TRUE(compare(picture));
-    EXPECT_FALSE(fs::exists(folder + "/failed"));
+    EXPECT_EQ(pixelsOf("expected/one.png"), m_picture.pixels);
+    EXPECT_TRUE(compare(m_picture));
+    EXPECT_FALSE(fs::exists(m_folder + "/failed"));
 }
 
-TEST_F(PictureComparison, OneStepOfOneColourIsADifference)
+TEST_F(PictureComparison, OneStepOfOneColourOpacityOrAnotherSizeIsADifference)
 {
-    Picture actual = picture;
-    actual.pixels[0] += 1;
+    const Picture actual = with(0, 0xFF1E1E1F);
     const testing::AssertionResult result = compare(actual);
     EXPECT_FALSE(result);
     EXPECT_THAT(result.message(), HasSubstr("1 of 4 pixels differ"));
-    EXPECT_EQ(readPng(folder + "/failed/one.actual.png").pixels, actual.pixels);
-    EXPECT_EQ(readPng(folder + "/failed/one.expected.png").pixels, picture.pixels);
-    EXPECT_EQ(readPng(folder + "/failed/one.difference.png").pixels,
+    EXPECT_EQ(pixelsOf("failed/one.actual.png"), actual.pixels);
+    EXPECT_EQ(pixelsOf("failed/one.expected.png"), m_picture.pixels);
+    EXPECT_EQ(pixelsOf("failed/one.difference.png"),
               (std::vector<uint32_t>{0xFFFF0000, 0xFF3F3F3F, 0xFF000000, 0xFF3F2010}));
+
+    EXPECT_FALSE(compare(with(1, 0xFEFFFFFF)));
+    EXPECT_FALSE(compare(Picture{4, 1, m_picture.pixels}));
 }
 
-TEST_F(PictureComparison, OpacityAloneIsADifference)
+TEST_F(PictureComparison, MissingPictureIsAFailureUntilTheSwitchTakesTheActualOneOver)
 {
-    Picture actual = picture;
-    actual.pixels[1] = 0xFEFFFFFF;
+    const Picture actual = with(3, 0xFF000001);
+    fs::remove(m_folder + "/expected/one.png");
     EXPECT_FALSE(compare(actual));
-}
+    EXPECT_EQ(pixelsOf("failed/one.actual.png"), actual.pixels);
 
-TEST_F(PictureComparison, OtherSizeIsADifference)
-{
-    EXPECT_FALSE(compare(Picture{4, 1, picture.pixels}));
-}
-
-TEST_F(PictureComparison, MissingPictureIsAFailureThatLeavesTheActualOne)
-{
-    fs::remove(folder + "/expected/one.png");
-    EXPECT_FALSE(compare(picture));
-    EXPECT_EQ(readPng(folder + "/failed/one.actual.png").pixels, picture.pixels);
-}
-
-TEST_F(PictureComparison, SwitchTakesTheActualPictureOver)
-{
-    Picture actual = picture;
-    actual.pixels[3] = 0xFF000001;
     setenv("VKB_UPDATE_PICTURES", "1", 1);
     EXPECT_TRUE(compare(actual));
+    EXPECT_TRUE(compare(m_picture));
     unsetenv("VKB_UPDATE_PICTURES");
-    EXPECT_EQ(readPng(folder + "/expected/one.png").pixels, actual.pixels);
-    EXPECT_TRUE(compare(actual));
+    EXPECT_EQ(pixelsOf("expected/one.png"), m_picture.pixels);
 }

@@ -9,7 +9,7 @@ const int kCellWidth = 20;
 const int kCellHeight = 16;
 const char* const kNames[] = {"One", "Two", "Three"};
 
-enum Kind { PLAIN, SPECIAL, LANGUAGE };
+enum Kind { Plain, Special, Language };
 
 struct Sketch {
     const char* text;
@@ -26,20 +26,10 @@ std::vector<Key> keysFrom(const std::vector<Sketch>& sketches)
     std::vector<Key> keys;
     for (int i = 0; i < count; ++i) {
         const Sketch& sketch = sketches[static_cast<size_t>(i)];
-        Key key = {};
-        key.id = i;
-        key.text = sketch.text;
-        key.shiftText = sketch.shiftText;
-        key.isSpecial = sketch.kind != PLAIN;
-        key.isLanguage = sketch.kind == LANGUAGE;
-        key.keyCode = sketch.keyCode;
-        key.character = 1000 + sketch.keyCode;
-        key.shiftCharacter = 2000 + sketch.keyCode;
-        key.left = (i + count - 1) % count;
-        key.right = (i + 1) % count;
-        key.up = i - kColumns;
-        key.down = i + kColumns;
-        keys.push_back(key);
+        keys.push_back({i, sketch.text, sketch.kind != Plain, sketch.kind == Language,
+                        sketch.keyCode, 1000 + sketch.keyCode, (i + count - 1) % count,
+                        (i + 1) % count, i - kColumns, i + kColumns, sketch.shiftText,
+                        2000 + sketch.keyCode});
     }
     return keys;
 }
@@ -48,39 +38,39 @@ std::vector<Key> keysFrom(const std::vector<Sketch>& sketches)
 
 std::vector<LayoutKeys> soakLayouts()
 {
-    const LayoutKeys one = {keysFrom({{"a", "A", PLAIN, 65},
-                                      {"Shift", "Shift", SPECIAL, 16},
-                                      {"b", "B", PLAIN, 66},
-                                      {"Alt", "Alt", SPECIAL, 18},
-                                      {"EN", "EN", LANGUAGE, 0},
-                                      {"dead", "DEAD", PLAIN, -1},
-                                      {"Hide", "Hide", SPECIAL, 27},
-                                      {"ClearAll", "ClearAll", SPECIAL, 46}}),
-                            keysFrom({{"1", "!", PLAIN, 49},
-                                      {"Shift", "Shift", SPECIAL, 16},
-                                      {"2", "NULL", PLAIN, 50},
-                                      {"Alt", "Alt", SPECIAL, 18},
-                                      {"EN", "EN", LANGUAGE, 0}})};
-    const LayoutKeys two = {keysFrom({{"alt", "alt", SPECIAL, 18},
-                                      {"\xC3\xA4", "\xC3\x84", PLAIN, 228},
-                                      {"shift", "shift", SPECIAL, 16},
-                                      {"DE", "de", LANGUAGE, 0},
-                                      {"hide", "hide", SPECIAL, 27},
-                                      {"clearall", "clearall", SPECIAL, 46}}),
-                            keysFrom({{"alt", "alt", SPECIAL, 18},
-                                      {"NULL", "NULL", PLAIN, 0},
-                                      {"shift", "shift", SPECIAL, 16},
-                                      {"DE", "de", LANGUAGE, 0},
-                                      {"a label longer than a short string", "x", PLAIN, 120},
-                                      {"clearall", "clearall", SPECIAL, 46},
-                                      {"SHIFT", "SHIFT", SPECIAL, 16}})};
-    const LayoutKeys three = {keysFrom({{"FR", "FR", LANGUAGE, 0},
-                                        {"Shift", "shift", SPECIAL, 16},
-                                        {"Alt", "alt", SPECIAL, 18},
-                                        {"q", "Q", PLAIN, 81},
-                                        {"what", "what", SPECIAL, 1},
-                                        {"Shift", "Shift", SPECIAL, 16}}),
-                              keysFrom({{"FR", "FR", LANGUAGE, 0}, {"9", "9", PLAIN, 57}})};
+    const LayoutKeys one = {keysFrom({{"a", "A", Plain, 65},
+                                      {"Shift", "Shift", Special, 16},
+                                      {"b", "B", Plain, 66},
+                                      {"Alt", "Alt", Special, 18},
+                                      {"EN", "EN", Language, 0},
+                                      {"dead", "DEAD", Plain, -1},
+                                      {"Hide", "Hide", Special, 27},
+                                      {"ClearAll", "ClearAll", Special, 46}}),
+                            keysFrom({{"1", "!", Plain, 49},
+                                      {"Shift", "Shift", Special, 16},
+                                      {"2", "NULL", Plain, 50},
+                                      {"Alt", "Alt", Special, 18},
+                                      {"EN", "EN", Language, 0}})};
+    const LayoutKeys two = {keysFrom({{"alt", "alt", Special, 18},
+                                      {"\xC3\xA4", "\xC3\x84", Plain, 228},
+                                      {"shift", "shift", Special, 16},
+                                      {"DE", "de", Language, 0},
+                                      {"hide", "hide", Special, 27},
+                                      {"clearall", "clearall", Special, 46}}),
+                            keysFrom({{"alt", "alt", Special, 18},
+                                      {"NULL", "NULL", Plain, 0},
+                                      {"shift", "shift", Special, 16},
+                                      {"DE", "de", Language, 0},
+                                      {"a label longer than a short string", "x", Plain, 120},
+                                      {"clearall", "clearall", Special, 46},
+                                      {"SHIFT", "SHIFT", Special, 16}})};
+    const LayoutKeys three = {keysFrom({{"FR", "FR", Language, 0},
+                                        {"Shift", "shift", Special, 16},
+                                        {"Alt", "alt", Special, 18},
+                                        {"q", "Q", Plain, 81},
+                                        {"what", "what", Special, 1},
+                                        {"Shift", "Shift", Special, 16}}),
+                              keysFrom({{"FR", "FR", Language, 0}, {"9", "9", Plain, 57}})};
     return {one, two, three};
 }
 
@@ -96,8 +86,9 @@ void writeLayouts(test_support::LayoutFolder& folder, const std::vector<LayoutKe
     folder.writeCatalogue(asJson(catalogue));
 }
 
-PixelRect soakRect(int position)
+velmora::browser::vkb::Rect_t soakRect(int position)
 {
-    return {kGap + position % kColumns * (kCellWidth + kGap),
-            kGap + position / kColumns * (kCellHeight + kGap), kCellWidth, kCellHeight};
+    return {static_cast<int16_t>(kGap + position % kColumns * (kCellWidth + kGap)),
+            static_cast<int16_t>(kGap + position / kColumns * (kCellHeight + kGap)), kCellWidth,
+            kCellHeight};
 }

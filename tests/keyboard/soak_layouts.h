@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "keyboard_model.h"
+#include "keyboard_types.h"
 
 // Three small layouts with every kind of key, among them the odd ones: keys that yield nothing,
 // an unknown special key, the lower-case names of the special keys, neighbours that are not
@@ -13,10 +14,7 @@ std::vector<LayoutKeys> soakLayouts();
 // Writes them, and a catalogue for them.
 void writeLayouts(test_support::LayoutFolder& folder, const std::vector<LayoutKeys>& layouts);
 
-// The pixel rectangle of the key at a position.
-struct PixelRect {
-    int x, y, width, height;
-};
-PixelRect soakRect(int position);
+// The rectangle of the key at a position, in pixels.
+velmora::browser::vkb::Rect_t soakRect(int position);
 
 #endif

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <memory>
 #include <random>
+#include <tuple>
 
 #include <gmock/gmock.h>
 #include <malloc.h>
@@ -23,45 +24,54 @@ using test_support::RecordingDisplay;
 using velmora::browser::vkb::Button_t;
 using velmora::browser::vkb::KeyBoardCore;
 using velmora::browser::vkb::OsButton_t;
+using velmora::browser::vkb::Rect_t;
 
 namespace
 {
 
-long setting(const char* variable, long usual)
+long setting(const char* variable, long otherwise)
 {
     const char* value = std::getenv(variable);
-    return value == nullptr ? usual : std::atol(value);
+    return value == nullptr ? otherwise : std::atol(value);
 }
-
-enum Action {
-    REMOTE_KEY,
-    START,
-    CANCEL,
-    SHOW,
-    HIDE,
-    LAYOUT_CHANGE,
-    REFRESH,
-    REPLACE_LOCK,
-    IDLE_CALLS,
-    REBUILD,
-    ACTIONS
-};
-
-const char* const kActionNames[] = {"key",    "start",   "cancel",       "show",       "hide",
-                                    "layout", "refresh", "replace lock", "idle calls", "rebuild"};
-
-// How often each action comes, of 1000.
-const int kWeights[ACTIONS] = {880, 25, 15, 15, 15, 10, 15, 10, 10, 5};
 
 const int kRemoteKeys[] = {13, 13, 13, 37, 38, 39, 39, 39, 40, 12, 0, -1, 41};
 
-std::vector<std::string> labels(const std::vector<Face>& keys)
+Lines labels(const std::vector<Face>& keys)
 {
-    std::vector<std::string> texts;
+    Lines texts;
     for (const Face& key : keys)
         texts.push_back(key.text);
     return texts;
 }
+
+// What may happen, and how often of 1000 times: calls to the keyboard, and what they mean.
+struct Action {
+    const char* name;
+    int weight;
+    void (*call)(KeyBoardCore& core) = nullptr;
+    void (KeyboardModel::*meaning)() = nullptr;       // null: nothing changes
+    bool (KeyboardModel::*allowed)() const = nullptr; // null: always
+};
+
+enum Actions { PressKey, Start, Cancel, Rebuild, ReplaceLock };
+
+const Action kActions[] = {
+    {"key", 880},
+    {"start", 25},
+    {"cancel", 15, [](KeyBoardCore& core) { core.OnIMECancelled(); }, &KeyboardModel::cancel},
+    {"rebuild", 5},
+    {"replace lock", 10, [](KeyBoardCore& core) { core.updateLockButton(); },
+     &KeyboardModel::replaceLastLock},
+    {"show", 15, [](KeyBoardCore& core) { core.Show(); }, &KeyboardModel::show},
+    {"hide", 15, [](KeyBoardCore& core) { core.Hide(); }, &KeyboardModel::hide},
+    // A host may ask only after the names were read.
+    {"layout", 10, [](KeyBoardCore& core) { core.onLayoutChanged(); }, &KeyboardModel::nextLayout,
+     &KeyboardModel::everStarted},
+    {"refresh", 15, [](KeyBoardCore& core) { core.updateKeyBoardUI(); }, &KeyboardModel::reload,
+     &KeyboardModel::hasRenderer},
+    {"idle calls", 10, [](KeyBoardCore& core) { core.leave(), core.notifySysLanguage("Two"); }},
+};
 
 // One keyboard beside the model of what it is to do.
 class Pair
@@ -72,55 +82,20 @@ public:
     {
     }
 
-    void act(Action action, int code)
+    void act(const Action& action, int code)
     {
-        switch (action) {
-        case REMOTE_KEY:
+        if (&action == &kActions[PressKey]) {
             ASSERT_EQ(m_core->onKeyEvent(code), m_model.key(code));
-            break;
-        case START:
+        } else if (&action == &kActions[Start]) {
             m_core->OnIMEStart(m_dfb, nullptr);
             m_model.start();
-            break;
-        case CANCEL:
-            m_core->OnIMECancelled();
-            m_model.cancel();
-            break;
-        case SHOW:
-            m_core->Show();
-            m_model.show();
-            break;
-        case HIDE:
-            m_core->Hide();
-            m_model.hide();
-            break;
-        case LAYOUT_CHANGE:
-            // A host may ask only after the names were read.
-            if (m_model.everStarted()) {
-                m_core->onLayoutChanged();
-                m_model.layoutChange();
-            }
-            break;
-        case REFRESH:
-            if (m_model.hasRenderer()) {
-                m_core->updateKeyBoardUI();
-                m_model.refresh();
-            }
-            break;
-        case REPLACE_LOCK:
-            m_core->updateLockButton();
-            m_model.replaceLastLock();
-            break;
-        case IDLE_CALLS:
-            m_core->leave();
-            m_core->notifySysLanguage("Two");
-            break;
-        case REBUILD:
+        } else if (&action == &kActions[Rebuild]) {
             m_core.reset(new KeyBoardCore);
             m_model = KeyboardModel(m_layouts);
-            break;
-        case ACTIONS:
-            FAIL() << "no action";
+        } else if (action.allowed == nullptr || (m_model.*action.allowed)()) {
+            action.call(*m_core);
+            if (action.meaning != nullptr)
+                (m_model.*action.meaning)();
         }
     }
 
@@ -128,19 +103,17 @@ public:
     {
         ASSERT_EQ(m_core->isKeyBoardEnable(), m_model.started());
         ASSERT_EQ(m_core->isShow(), m_model.shown());
-        ASSERT_EQ(m_core->getKeyBoardButton(), m_model.result().keyCode);
+        const KeyboardModel::Result& expected = m_model.result();
+        ASSERT_EQ(m_core->getKeyBoardButton(), expected.keyCode);
         OsButton_t result = {};
         m_core->getKeyBoardButton(result);
-        ASSERT_EQ(result.keyCode, m_model.result().keyCode);
-        ASSERT_EQ(result.modifier, m_model.result().modifier);
-        ASSERT_EQ(result.character, m_model.result().character);
-        ASSERT_EQ(result.text, m_model.result().text);
+        ASSERT_EQ(std::tie(result.keyCode, result.modifier, result.character, result.text),
+                  std::tie(expected.keyCode, expected.modifier, expected.character, expected.text));
         // A position outside every set leaves the focus as it is and tells it.
         const Button_t focus = m_core->getTargetButtonByButtonId(-1);
-        ASSERT_EQ(focus.text, m_model.focus().text);
-        ASSERT_EQ(focus.id, m_model.focus().key.id);
-        ASSERT_EQ(focus.keyCode, m_model.focus().key.keyCode);
-        ASSERT_EQ(focus.character, m_model.focus().character);
+        const Face& face = m_model.focus();
+        ASSERT_EQ(std::tie(focus.text, focus.id, focus.keyCode, focus.character),
+                  std::tie(face.text, face.key.id, face.key.keyCode, face.character));
         ASSERT_EQ(m_core->getWidth(), m_model.hasRenderer() ? 100 : 805);
         ASSERT_EQ(m_core->getHeight(), m_model.hasRenderer() ? 44 : 255);
     }
@@ -149,9 +122,9 @@ public:
     void checkPicture(const Lines& trace) const
     {
         const DrawnKeyboard drawn = drawnKeyboard(trace);
-        if (drawn.window == DrawnKeyboard::kUntouched)
+        if (drawn.window == DrawnKeyboard::Untouched)
             return;
-        if (drawn.window == DrawnKeyboard::kHidden) {
+        if (drawn.window == DrawnKeyboard::Hidden) {
             ASSERT_FALSE(m_model.shown());
             return;
         }
@@ -159,11 +132,10 @@ public:
             return; // the empty panel of a renderer that was then deleted
         ASSERT_EQ(drawn.keys, labels(m_model.keys()));
         ASSERT_EQ(drawn.sunken, labels(m_model.locks()));
-        const PixelRect rect = soakRect(m_model.focus().key.id);
-        ASSERT_EQ(drawn.frame.positionX, rect.x);
-        ASSERT_EQ(drawn.frame.positionY, rect.y);
-        ASSERT_EQ(drawn.frame.width, rect.width);
-        ASSERT_EQ(drawn.frame.height, rect.height);
+        const Rect_t& frame = drawn.frame;
+        const Rect_t rect = soakRect(m_model.focus().key.id);
+        ASSERT_EQ(std::tie(frame.positionX, frame.positionY, frame.width, frame.height),
+                  std::tie(rect.positionX, rect.positionY, rect.width, rect.height));
     }
 
     bool started() const { return m_model.hasRenderer(); }
@@ -176,10 +148,10 @@ private:
 };
 
 // Several keyboards, one of which acts at each step.
-class Soak
+class Keyboards
 {
 public:
-    Soak(IDirectFB* dfb, unsigned int seed) : m_layouts(soakLayouts()), m_random(seed)
+    Keyboards(IDirectFB* dfb, unsigned int seed) : m_layouts(soakLayouts()), m_random(seed)
     {
         writeLayouts(m_folder, m_layouts);
         for (int i = 0; i < 3; ++i)
@@ -192,33 +164,30 @@ public:
 
     void step(long number)
     {
-        const size_t who = m_random() % m_pairs.size();
-        Action action = static_cast<Action>(m_choice(m_random));
-        const int code = kRemoteKeys[m_random() % (sizeof kRemoteKeys / sizeof *kRemoteKeys)];
+        Pair& acting = *m_pairs[m_random() % m_pairs.size()];
+        const Action* action = &chosen();
+        const int code = kRemoteKeys[m_random() % std::size(kRemoteKeys)];
         // Much happens only while a keyboard is shown.
-        if (action == REMOTE_KEY && !m_pairs[who]->started() && m_random() % 4 != 0)
-            action = START;
-        SCOPED_TRACE("step " + std::to_string(number) + ", keyboard " + std::to_string(who) + ", " +
-                     kActionNames[action] + " " + std::to_string(code));
+        if (action == &kActions[PressKey] && !acting.started() && m_random() % 4 != 0)
+            action = &kActions[Start];
+        SCOPED_TRACE("step " + std::to_string(number) + ", " + action->name + " " +
+                     std::to_string(code));
 
-        if (m_together && (action == CANCEL || action == REBUILD)) {
-            for (size_t i = 0; i < m_pairs.size(); ++i) {
-                if (i != who)
-                    m_pairs[i]->act(CANCEL, 0);
-            }
+        if (m_together && (action == &kActions[Cancel] || action == &kActions[Rebuild])) {
+            for (const auto& pair : m_pairs)
+                pair->act(kActions[Cancel], 0);
         }
         test_support::takeTrace();
-        m_pairs[who]->act(action, code);
+        acting.act(*action, code);
         const Lines trace = test_support::takeTrace();
         for (const std::string& line : trace) {
             m_fonts += line.compare(0, 15, "dfb.CreateFont(") == 0;
             m_windows += line.compare(0, 19, "layer.CreateWindow(") == 0;
         }
-        if (testing::Test::HasFatalFailure())
-            return;
-        m_pairs[who]->checkState();
-        if (!testing::Test::HasFatalFailure() && action != REPLACE_LOCK)
-            m_pairs[who]->checkPicture(trace);
+        if (!testing::Test::HasFatalFailure())
+            acting.checkState();
+        if (!testing::Test::HasFatalFailure() && action != &kActions[ReplaceLock])
+            acting.checkPicture(trace);
     }
 
     // Made so far, as the recording display tells.
@@ -226,10 +195,18 @@ public:
     long windows() const { return m_windows; }
 
 private:
+    const Action& chosen()
+    {
+        int left = static_cast<int>(m_random() % 1000);
+        const Action* action = kActions;
+        while ((left -= action->weight) >= 0)
+            ++action;
+        return *action;
+    }
+
     test_support::LayoutFolder m_folder;
     const std::vector<LayoutKeys> m_layouts;
     std::mt19937 m_random;
-    std::discrete_distribution<int> m_choice{std::begin(kWeights), std::end(kWeights)};
     std::vector<std::unique_ptr<Pair>> m_pairs;
     bool m_together = false;
     long m_fonts = 0;
@@ -248,70 +225,79 @@ long heapBytes()
     return static_cast<long>(mallinfo2().uordblks);
 }
 
-const long kSample = 1000;
-
-// What the recording display itself keeps of each object that was ever made.
-long bytesPerFont(IDirectFB* dfb)
+// Bytes that the recording display itself keeps of an object that was made and released.
+template <class Make> long bytesPer(Make make)
 {
+    const long sample = 1000;
     const long before = heapBytes();
-    const DFBFontDescription wanted = {};
-    IDirectFBFont* font = nullptr;
-    for (long i = 0; i < kSample; ++i) {
-        dfb->CreateFont(dfb, "", &wanted, &font);
-        font->Release(font);
+    for (long i = 0; i < sample; ++i) {
+        make();
         test_support::takeTrace();
     }
-    return (heapBytes() - before) / kSample;
+    return (heapBytes() - before) / sample;
 }
 
-long bytesPerWindow(IDirectFB* dfb)
+void makeFont(IDirectFB* dfb)
+{
+    const DFBFontDescription wanted = {};
+    IDirectFBFont* font = nullptr;
+    dfb->CreateFont(dfb, "", &wanted, &font);
+    font->Release(font);
+}
+
+void makeWindow(IDirectFB* dfb)
 {
     IDirectFBDisplayLayer* layer = nullptr;
     dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &layer);
-    const long before = heapBytes();
     DFBWindowDescription wanted = {};
     wanted.width = 100;
     wanted.height = 44;
     IDirectFBWindow* window = nullptr;
     IDirectFBSurface* surface = nullptr;
-    for (long i = 0; i < kSample; ++i) {
-        layer->CreateWindow(layer, &wanted, &window);
-        window->GetSurface(window, &surface);
-        window->Destroy(window);
-        test_support::takeTrace();
-    }
-    return (heapBytes() - before) / kSample;
+    layer->CreateWindow(layer, &wanted, &window);
+    window->GetSurface(window, &surface);
+    window->Destroy(window);
 }
+
+class Soak : public testing::Test
+{
+protected:
+    Soak()
+    {
+        setenv("VIRTUAL_KEYBOARD_FONT_PATH", VKB_TEST_FONT, 1);
+        setenv("CSP_DEBUG_LEVEL", "0", 1);
+    }
+
+    static void run(Keyboards& keyboards, long from, long to)
+    {
+        for (long i = from; i < to; ++i) {
+            keyboards.step(i);
+            ASSERT_FALSE(HasFailure()) << "seed " << seed();
+        }
+    }
+};
 
 } // namespace
 
-TEST(Soak, KeepsToTheModelOnTheRecordingDisplay)
+TEST_F(Soak, KeepsToTheModelOnTheRecordingDisplay)
 {
-    setenv("VIRTUAL_KEYBOARD_FONT_PATH", VKB_TEST_FONT, 1);
-    setenv("CSP_DEBUG_LEVEL", "0", 1);
     const long steps = setting("VKB_SOAK_STEPS", 200000);
     RecordingDisplay display;
-    const long perFont = bytesPerFont(display.dfb());
-    const long perWindow = bytesPerWindow(display.dfb());
-    Soak soak(display.dfb(), seed());
+    const long perFont = bytesPer([&] { makeFont(display.dfb()); });
+    const long perWindow = bytesPer([&] { makeWindow(display.dfb()); });
+    Keyboards keyboards(display.dfb(), seed());
 
     // The first tenth brings every buffer to its size.
-    for (long i = 0; i < steps / 10; ++i) {
-        soak.step(i);
-        ASSERT_FALSE(HasFailure()) << "seed " << seed();
-    }
+    ASSERT_NO_FATAL_FAILURE(run(keyboards, 0, steps / 10));
     const long heap = heapBytes();
-    const long fonts = soak.fonts();
-    const long windows = soak.windows();
-    for (long i = steps / 10; i < steps; ++i) {
-        soak.step(i);
-        ASSERT_FALSE(HasFailure()) << "seed " << seed();
-    }
+    const long fonts = keyboards.fonts();
+    const long windows = keyboards.windows();
+    ASSERT_NO_FATAL_FAILURE(run(keyboards, steps / 10, steps));
 
     // Memory is flat but for the font that every reload keeps, and for the display's own record
     // of what it made.
-    const long madeFonts = soak.fonts() - fonts;
-    const long madeWindows = soak.windows() - windows;
+    const long madeFonts = keyboards.fonts() - fonts;
+    const long madeWindows = keyboards.windows() - windows;
     ASSERT_GT(madeFonts, steps / 100) << "fewer reloads than the steps should bring";
     const long ofTheDisplay = madeFonts * perFont + madeWindows * perWindow;
     const long growth = heapBytes() - heap;
@@ -321,19 +307,13 @@ TEST(Soak, KeepsToTheModelOnTheRecordingDisplay)
     EXPECT_LT(growth, ofTheDisplay + 64L * 1024);
 }
 
-TEST(Soak, KeepsToTheModelOnDirectFB)
+TEST_F(Soak, KeepsToTheModelOnDirectFB)
 {
-    setenv("VIRTUAL_KEYBOARD_FONT_PATH", VKB_TEST_FONT, 1);
-    setenv("CSP_DEBUG_LEVEL", "0", 1);
-    const long steps = setting("VKB_SOAK_DIRECTFB_STEPS", 20000);
     IDirectFB* dfb = nullptr;
     int no_arguments = 0;
     ASSERT_EQ(DirectFBInit(&no_arguments, nullptr), DFB_OK);
     ASSERT_EQ(DirectFBCreate(&dfb), DFB_OK);
-    Soak soak(dfb, seed());
-    soak.cancelAllTogether();
-    for (long i = 0; i < steps; ++i) {
-        soak.step(i);
-        ASSERT_FALSE(HasFailure()) << "seed " << seed();
-    }
+    Keyboards keyboards(dfb, seed());
+    keyboards.cancelAllTogether();
+    run(keyboards, 0, setting("VKB_SOAK_DIRECTFB_STEPS", 20000));
 }

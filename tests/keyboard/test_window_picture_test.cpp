@@ -8,52 +8,44 @@
 #include "display.h"
 #include "kb_ui_test.h"
 #include "layout_folder.h"
+#include "row.h"
 
 namespace
 {
 
-class TestWindowPicture : public testing::Test
-{
-protected:
-    TestWindowPicture()
-    {
-        folder.linkFile("/opt/font/TarvoL2700.ttf", VKB_TEST_FONT);
-        setenv("VKB_TEST_SLEEPS", "/dev/null", 1);
-        prepareDisplay();
-        initDFB(0, nullptr, {100, 100, 800, 600});
-    }
-
-    test_support::LayoutFolder folder;
+struct Command : test_support::Row {
+    const char* command;
+    const char* parameter;
+    const char* picture; // null: transparent
 };
 
+const Command kCommands[] = {
+    {"Show", "show", "", "kbui-show"},
+    {"Lock", "lock", "", "kbui-lock"},
+    {"PressEndsWithTheFocus", "press", "", "kbui-press"},
+    {"LoopFocusEndsOnTheLastKey", "loop-focus", "1", "kbui-loop-focus"},
+    {"LoopShowHideEndsTransparent", "loop-showhide", "1", nullptr},
+};
+
+class TestWindowPicture : public testing::TestWithParam<Command>
+{
+};
+
+TEST_P(TestWindowPicture, Shows)
+{
+    test_support::LayoutFolder folder;
+    folder.linkFile("/opt/font/TarvoL2700.ttf", VKB_TEST_FONT);
+    setenv("VKB_TEST_SLEEPS", "/dev/null", 1);
+    prepareDisplay();
+    initDFB(0, nullptr, {100, 100, 800, 600});
+    EXPECT_EQ(kb_ui_test(GetParam().command, GetParam().parameter), 0);
+    if (GetParam().picture == nullptr)
+        EXPECT_THAT(shownOn(surface).pixels, testing::Each(0u));
+    else
+        EXPECT_PICTURE(GetParam().picture, shownOn(surface));
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, TestWindowPicture, testing::ValuesIn(kCommands),
+                         test_support::RowName());
+
 } // namespace
-
-TEST_F(TestWindowPicture, Show)
-{
-    EXPECT_EQ(kb_ui_test("show", ""), 0);
-    EXPECT_PICTURE("kbui-show", shownOn(surface));
-}
-
-TEST_F(TestWindowPicture, Lock)
-{
-    kb_ui_test("lock", "");
-    EXPECT_PICTURE("kbui-lock", shownOn(surface));
-}
-
-TEST_F(TestWindowPicture, PressEndsWithTheFocus)
-{
-    kb_ui_test("press", "");
-    EXPECT_PICTURE("kbui-press", shownOn(surface));
-}
-
-TEST_F(TestWindowPicture, LoopFocusEndsOnTheLastKey)
-{
-    kb_ui_test("loop-focus", "1");
-    EXPECT_PICTURE("kbui-loop-focus", shownOn(surface));
-}
-
-TEST_F(TestWindowPicture, LoopShowHideEndsTransparent)
-{
-    kb_ui_test("loop-showhide", "1");
-    EXPECT_THAT(shownOn(surface).pixels, testing::Each(0u));
-}

@@ -8,8 +8,8 @@
 
 #include "json_file.h"
 #include "layout_sets.h"
-#include "picture.h"
 #include "shipped.h"
+#include "test_picture.h"
 
 using testing::ContainsRegex;
 using testing::HasSubstr;

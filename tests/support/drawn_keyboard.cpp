@@ -39,8 +39,8 @@ DrawnKeyboard drawnKeyboard(const Lines& trace)
     DrawnKeyboard drawn;
     if (at == 0)
         return drawn;
-    drawn.window = callOf(trace[at - 1]) == "Clear(0,0,0,0)" ? DrawnKeyboard::kHidden
-                                                             : DrawnKeyboard::kPainted;
+    drawn.window =
+        callOf(trace[at - 1]) == "Clear(0,0,0,0)" ? DrawnKeyboard::Hidden : DrawnKeyboard::Painted;
     bool is_sunken = false;
     for (; at < trace.size(); ++at) {
         const std::string call = callOf(trace[at]);

@@ -12,7 +12,7 @@ namespace test_support
 
 // What a viewer sees after the last repaint in a trace of the recording display.
 struct DrawnKeyboard {
-    enum Window { kUntouched, kHidden, kPainted } window = kUntouched;
+    enum Window { Untouched, Hidden, Painted } window = Untouched;
     std::vector<std::string> keys;   // labels, in the order of their drawing
     std::vector<std::string> sunken; // drawn over them
     velmora::browser::vkb::Rect_t frame = {0, 0, 0, 0};

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "candidate_bar.h"
-#include "expected_picture.h"
 #include "screen.h"
+#include "test_picture.h"
 
 namespace
 {
