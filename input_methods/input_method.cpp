@@ -99,6 +99,11 @@ Answer InputMethod::type(const std::string& text)
         m_page_starts = {0};
         return shown(answer);
     }
+    // With nothing composed the engine may remember the letter, for a mark that follows.
+    if (letters(text) == 1 && m_engine->preedit().empty()) {
+        m_page_starts = {0};
+        return shown(answer);
+    }
     Answer rest = handOver();
     rest.commit.insert(0, answer.commit);
     return rest;

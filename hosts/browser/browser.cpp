@@ -88,7 +88,11 @@ bool isSame(const PageFocus& a, const PageFocus& b)
 
 Browser::Browser(const Screen& screen, const KeyboardModel& model, Setup setup)
     : m_setup(std::move(setup)), m_has_keyboard(!m_setup.font.empty() && !model.layouts().empty()),
-      m_window(screen), m_keyboard(screen, &model),
+      m_window(screen),
+      m_composer(m_has_keyboard ? std::make_unique<Composer>(screen, m_setup.font,
+                                                             inputSettings("browser_host"))
+                                : nullptr),
+      m_keyboard(screen, &model, m_composer.get()),
       m_engine(m_window.width(), m_window.height(), kFieldWatch, m_setup.sandbox,
                [this](const uint8_t* pixels, int bytesPerRow) {
                    if (m_window.show(pixels, bytesPerRow) && m_setup.shown)
@@ -101,7 +105,8 @@ Browser::Browser(const Screen& screen, const KeyboardModel& model, Setup setup)
                                  [this](const CaretArea& caret) {
                                      m_caret = caret;
                                      makeRoom(Caret::Moved, true);
-                                 }}),
+                                 },
+                                 [this] { dropWord(); }}),
       m_input(m_engine, m_method)
 {
     if (!m_setup.font.empty())
@@ -211,6 +216,7 @@ void Browser::takeMessage(JSCValue* message)
     focus.serial = std::stoi(textOf(message, "serial"));
     focus.kind = textOf(message, "kind");
     focus.password = isTrue(message, "password");
+    focus.address = isTrue(message, "address");
     takeFocus(focus, isTrue(message, "top"), isTrue(message, "gone"));
 }
 
@@ -253,6 +259,7 @@ void Browser::takeCommit()
     m_engine_focused = false;
     m_has_room = false;
     holdLog(false);
+    enterField(input_methods::Field::Text);
     m_input.forget();
     hideKeyboard();
     endWaits();
@@ -283,13 +290,16 @@ void Browser::ask(const Question& question, Panel::Answer answer)
     ++m_changes;
     m_panel->ask(question, [this, wasShown, answer](int choice, const std::string& line) {
         ++m_changes;
+        enterField(fieldKind()); // the dialog's word goes with its line
         hideKeyboard();
         answer(choice, line);
         if (wasShown && fieldIsEntered())
             showKeyboard();
     });
-    if (m_panel->isOnLine())
+    if (m_panel->isOnLine()) {
+        enterField(input_methods::Field::Text);
         showKeyboard();
+    }
     // Later, as the engine must not get the answer while it still asks.
     g_idle_add(
         [](gpointer browser) -> gboolean {
@@ -367,20 +377,61 @@ void Browser::follow()
                 return;
             holdLog(false);
             m_shown_for = PageFocus();
+            enterField(input_methods::Field::Text);
             hideKeyboard();
         });
         return;
     }
-    const bool isPassword =
-        m_focus.password ||
-        (m_focus.kind == "closed" && m_method.purpose() == WEBKIT_INPUT_PURPOSE_PASSWORD);
-    holdLog(isPassword);
-    if (isSame(m_focus, m_shown_for))
+    const input_methods::Field kind = fieldKind();
+    holdLog(kind == input_methods::Field::Password);
+    const bool isAnother = !isSame(m_focus, m_shown_for);
+    if (isAnother || kind != m_field_kind)
+        enterField(kind);
+    if (!isAnother)
         return;
     m_shown_for = m_focus;
     m_input.startField();
     if (!m_panel || !m_panel->isOpen())
         showKeyboard();
+}
+
+input_methods::Field Browser::fieldKind() const
+{
+    const bool isClosed = m_focus.kind == "closed";
+    const WebKitInputPurpose purpose =
+        isClosed ? m_method.purpose() : WEBKIT_INPUT_PURPOSE_FREE_FORM;
+    if (m_focus.password || purpose == WEBKIT_INPUT_PURPOSE_PASSWORD)
+        return input_methods::Field::Password;
+    if (m_focus.address || purpose == WEBKIT_INPUT_PURPOSE_URL ||
+        purpose == WEBKIT_INPUT_PURPOSE_EMAIL)
+        return input_methods::Field::Address;
+    return input_methods::Field::Text;
+}
+
+// The word that was being composed stays in the field before.
+void Browser::enterField(input_methods::Field kind)
+{
+    m_field_kind = kind;
+    if (!m_preedit.empty())
+        m_input.endWord(m_preedit);
+    m_preedit.clear();
+    if (m_composer)
+        m_composer->enterField(kind);
+}
+
+// The engine ended the composing by itself.
+void Browser::dropWord()
+{
+    if (m_preedit.empty())
+        return;
+    m_preedit.clear();
+    m_method.forget();
+    enterField(m_field_kind);
+}
+
+input_methods::Answer Browser::candidates() const
+{
+    return m_composer && m_composer->offers() ? m_composer->shown() : input_methods::Answer();
 }
 
 void Browser::showKeyboard()
@@ -397,7 +448,9 @@ void Browser::hideKeyboard()
 {
     if (m_keyboard.isShown())
         ++m_changes;
-    m_keyboard.hide();
+    const KeyboardHost::Answer answer = m_keyboard.hide();
+    if (fieldIsEntered() || (m_panel && m_panel->isOnLine()))
+        give(answer);
     giveRoomBack();
 }
 
@@ -412,8 +465,10 @@ void Browser::makeRoom(Caret news, bool mayScroll)
     m_has_room = true;
     const std::string bottom =
         news == Caret::Moved ? std::to_string(m_caret.y + m_caret.height) : "null";
-    const std::string script = "keyboardRoom.make(" + std::to_string(kWindowY - kRoomBelowField) +
-                               "," + bottom + "," + (mayScroll ? "true" : "false") + ")";
+    m_bar_room = m_keyboard.candidatesRoomNow();
+    const int limit = kWindowY - m_bar_room - kRoomBelowField;
+    const std::string script = "keyboardRoom.make(" + std::to_string(limit) + "," + bottom + "," +
+                               (mayScroll ? "true" : "false") + ")";
     runScript(view(), script, [this](JSCValue* rows) {
         if (m_has_room && rows != nullptr)
             m_window.moveUp(jsc_value_to_int32(rows));
@@ -453,25 +508,61 @@ void Browser::press(const RemoteKey& key, bool isHeld)
 bool Browser::pressOnKeyboard(const RemoteKey& key)
 {
     if (key.meaning == RemoteKey::Back) {
-        hideKeyboard();
+        if (!m_keyboard.leaveCandidates())
+            hideKeyboard();
         return true;
     }
-    if (key.meaning != RemoteKey::ForKeyboard)
+    const bool mayChoose = key.meaning == RemoteKey::ForPage && m_keyboard.candidatesHeight() > 0;
+    if (key.meaning != RemoteKey::ForKeyboard && !mayChoose)
         return false;
     const KeyboardHost::Answer answer = m_keyboard.press(key.keyCode);
     if (!m_keyboard.isShown()) { // by its own key
         ++m_changes;
         giveRoomBack();
     }
-    if (answer.hasEdit && m_panel && m_panel->isOnLine()) {
-        if (answer.edit.action == KeyAction::Submit)
-            m_panel->choose();
-        else
-            m_panel->edit(answer.edit);
-    } else if (answer.hasEdit) {
-        m_input.edit(answer.edit);
-    }
+    give(answer);
+    if (m_keyboard.isShown() && m_bar_room != m_keyboard.candidatesRoomNow())
+        makeRoom(Caret::Same, true); // in another language
     return answer.taken;
+}
+
+// A choice is one piece of text for the page; what is composed is underlined there.
+void Browser::give(const KeyboardHost::Answer& answer)
+{
+    if (m_panel && m_panel->isOnLine()) {
+        giveToLine(answer);
+        return;
+    }
+    const bool changes = answer.changesField() || m_preedit != m_keyboard.preedit();
+    if (changes && !m_preedit.empty())
+        m_input.leaveWord(m_preedit);
+    if (answer.takeBack > 0)
+        m_input.deleteBefore(answer.takeBack);
+    if (!answer.text.empty()) {
+        m_input.commit(answer.text);
+        m_preedit.clear();
+    }
+    if (m_preedit != m_keyboard.preedit()) {
+        m_preedit = m_keyboard.preedit();
+        m_input.compose(m_preedit);
+    }
+    if (answer.hasEdit)
+        m_input.edit(answer.edit);
+}
+
+void Browser::giveToLine(const KeyboardHost::Answer& answer)
+{
+    for (int i = 0; i < answer.takeBack; ++i)
+        m_panel->edit({KeyAction::EraseBefore, "", KeyCodeBack, false});
+    if (!answer.text.empty())
+        m_panel->edit({KeyAction::Insert, answer.text, 0, false});
+    if (answer.submits()) {
+        m_panel->choose();
+        return;
+    }
+    if (answer.hasEdit)
+        m_panel->edit(answer.edit);
+    m_panel->compose(m_keyboard.preedit());
 }
 
 void Browser::pressOnPanel(const RemoteKey& key)

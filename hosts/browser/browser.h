@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "composer.h"
 #include "keyboard_host.h"
 #include "remote_keys.h"
 #include "screen.h"
@@ -27,6 +28,7 @@ struct PageFocus {
     int serial = 0;   // another number for each element of the frame
     std::string kind; // text, closed, toggle, select, frame, other, none
     bool password = false;
+    bool address = false; // of a page or a mailbox, or a number
 };
 
 bool isSame(const PageFocus& a, const PageFocus& b);
@@ -69,6 +71,10 @@ public:
 
     bool keyboardIsShown() { return m_keyboard.isShown(); }
     const KeyboardState& keyboardState() const { return m_keyboard.state(); }
+
+    // What there is to choose; without candidates when there is nothing, or no keyboard.
+    input_methods::Answer candidates() const;
+
     // Where what is typed goes into the page: an input method takes its place between.
     PageInput& input() { return m_input; }
     WebKitWebView* view() const { return m_engine.view(); }
@@ -85,6 +91,9 @@ private:
     bool takeMenu(WebKitOptionMenu* menu);
 
     bool fieldIsEntered() const;
+    input_methods::Field fieldKind() const;
+    void enterField(input_methods::Field kind);
+    void dropWord();
     void follow();
     void showKeyboard();
     void hideKeyboard();
@@ -100,6 +109,8 @@ private:
               const std::string& url);
 
     bool pressOnKeyboard(const RemoteKey& key);
+    void give(const KeyboardHost::Answer& answer);
+    void giveToLine(const KeyboardHost::Answer& answer);
     void pressOnPanel(const RemoteKey& key);
     void pressOnPage(int keyCode);
     void openMenu();
@@ -108,6 +119,7 @@ private:
     Setup m_setup;
     bool m_has_keyboard;
     PageWindow m_window;
+    std::unique_ptr<Composer> m_composer; // null without a keyboard
     KeyboardHost m_keyboard;
     Engine m_engine;
     InputMethod m_method;
@@ -118,9 +130,12 @@ private:
     bool m_engine_focused = false;
     CaretArea m_caret = {};
     bool m_has_room = false;                           // the page made room for the keyboard
+    int m_bar_room = 0;                                // pixels of it for candidates
     std::map<unsigned, std::function<void()>> m_waits; // by number
     unsigned m_last_wait = 0;
     std::vector<std::function<void()>> m_load_waits;
+    std::string m_preedit; // what the page was last told is being composed
+    input_methods::Field m_field_kind = input_methods::Field::Text;
     std::string m_notice_link; // where OK leads from a notice of ours; empty: no notice is shown
     int m_changes = 0;         // of who gets the keys: page, keyboard, panel
     int m_changes_before = 0;  // when the key that is down now was pressed

@@ -7,6 +7,8 @@
   if (!handler) return;
 
   const textTypes = new Set(['text', 'search', 'url', 'tel', 'email', 'password', 'number']);
+  // Typed letter by letter, as an address is; where the caret is in most of them no script can ask.
+  const addressTypes = new Set(['url', 'email', 'tel', 'number']);
   const toggleTypes = new Set(['checkbox', 'radio']);
   // A custom element, or one that may have a shadow tree that even this script cannot look into.
   const mayBeClosed = element => element.shadowRoot === null && !isFrame(element) &&
@@ -42,6 +44,8 @@
     return mayBeClosed(element) ? 'closed' : 'other';
   };
 
+  const isAddress = element => addressTypes.has(element.type) || addressTypes.has(element.inputMode);
+
   // Removal and a changed attribute fire no focus event, and a change of the layout neither.
   const changes = new MutationObserver(() => look());
   const sizes = new ResizeObserver(() => look());
@@ -65,6 +69,7 @@
   };
 
   const look = () => {
+    if (held) return;
     const element = focused();
     if (element !== watched) {
       watched = element;
@@ -74,13 +79,71 @@
     const kind = kindOf(element);
     tell({frame, top: window === window.top, serial, kind,
       password: kind === 'text' && element.type === 'password',
-      lines: kind === 'text' && (element.isContentEditable || element.localName === 'textarea')});
+      address: kind === 'text' && isAddress(element)});
   };
 
   const leave = () => {
     watched = null;
     watch(null);
-    tell({frame, top: window === window.top, serial, kind: 'none', password: false, lines: false, gone: true});
+    tell({frame, top: window === window.top, serial, kind: 'none', password: false, address: false, gone: true});
+  };
+
+  // The engine composes on where it began: a script may move the focus or take the text away, and the next letter
+  // still goes there and pulls the focus with it. So the browser asks before each letter, and ends a word that
+  // was left: hold(), the engine's commit, release().
+  let composingIn = null; // the element
+  let held = null;        // what has the focus meanwhile, and its caret; nothing is told then
+  window.addEventListener('compositionstart', event => composingIn = event.composedPath()[0], true);
+  window.addEventListener('compositionend', () => composingIn = null, true);
+
+  const isBeforeCaret = (element, text) => {
+    if ('value' in element)
+      return element.selectionStart !== null && element.value.slice(0, element.selectionStart).endsWith(text);
+    if (!element.isContentEditable) return true; // in a closed shadow tree, which hides its text
+    const {anchorNode, anchorOffset} = getSelection();
+    return element.contains(anchorNode) && anchorNode.nodeType === Node.TEXT_NODE &&
+      anchorNode.data.slice(0, anchorOffset).endsWith(text);
+  };
+  const caretOf = element => {
+    if (element && 'value' in element) return {from: element.selectionStart, to: element.selectionEnd};
+    return getSelection().rangeCount > 0 ? {range: getSelection().getRangeAt(0).cloneRange()} : {};
+  };
+  const innerWord = () => {
+    const frame = document.activeElement;
+    return frame && isFrame(frame) && frame.contentDocument ? frame.contentWindow.keyboardWord : null;
+  };
+  window.keyboardWord = {
+    // 'there' where the word stands before the caret; 'left' where the focus or the text is another one;
+    // 'none' where no word is composed, or in another frame.
+    state(text) {
+      const inner = innerWord();
+      if (inner) return inner.state(text);
+      if (!composingIn) return 'none';
+      return composingIn === focused() && isBeforeCaret(composingIn, text) ? 'there' : 'left';
+    },
+    hold() {
+      const inner = innerWord();
+      if (inner) inner.hold();
+      else held = {element: focused(), caret: caretOf(focused())};
+    },
+    release() {
+      const inner = innerWord();
+      if (inner) inner.release();
+      if (!held) return;
+      composingIn = null;
+      const {element, caret} = held;
+      if (!element || element === document.body) document.activeElement.blur();
+      else element.focus({preventScroll: true});
+      if (typeof caret.from === 'number') element.setSelectionRange(caret.from, caret.to);
+      if (caret.from === null) { // to the end, as no script can ask for its place
+        element.select();
+        getSelection().modify('move', 'forward', 'character');
+      }
+      if (caret.range) getSelection().setBaseAndExtent(caret.range.startContainer, caret.range.startOffset,
+        caret.range.endContainer, caret.range.endOffset);
+      held = null;
+      look();
+    },
   };
 
   // Where the focused element is, in the top frame's pixels; null in a frame of another site.

@@ -16,6 +16,8 @@ struct Hooks {
         method.m_listener.onCaret(area);
     }
 
+    static void reset(InputMethod& method) { method.m_listener.onReset(); }
+
     static const std::string& composing(const InputMethod& method) { return method.m_composing; }
 };
 
@@ -64,6 +66,7 @@ void keyboard_context_class_init(KeyboardContextClass* type)
     hooks.notify_focus_out = [](WebKitInputMethodContext* context) {
         host::Hooks::focus(ownerOf(context), false);
     };
+    hooks.reset = [](WebKitInputMethodContext* context) { host::Hooks::reset(ownerOf(context)); };
     hooks.notify_cursor_area = [](WebKitInputMethodContext* context, int x, int y, int width,
                                   int height) {
         host::Hooks::caret(ownerOf(context), {x, y, width, height});

@@ -22,6 +22,7 @@ public:
     struct Listener {
         std::function<void(bool focused)> onFocus; // an editable element, readonly ones too
         std::function<void(const CaretArea&)> onCaret;
+        std::function<void()> onReset; // the engine ended the composing by itself
     };
 
     InputMethod(WebKitWebView* view, Listener listener);
@@ -33,6 +34,9 @@ public:
 
     // Shows text as being composed; empty ends that without putting anything in.
     void compose(const std::string& text);
+
+    // Nothing is composed any more; the engine knows.
+    void forget() { m_composing.clear(); }
 
     WebKitInputPurpose purpose() const;
 

@@ -189,10 +189,7 @@ void PageInput::key(int keyCode, bool shift)
     const KeyOfKeyboard* key = keyOf(keyCode);
     if (key == nullptr || key->symbol == 0) {
         const std::string script = scriptedKey(keyCode);
-        add(1, [this, script] {
-            webkit_web_view_run_javascript_in_world(m_engine.view(), script.c_str(), Engine::kWorld,
-                                                    nullptr, nullptr, nullptr);
-        });
+        add(1, [this, script] { runScript(script.c_str()); });
         return;
     }
     add(kAnswersForKey, [this, key, shift] { send(key->symbol, key->hardwareCode, shift); });
@@ -206,6 +203,49 @@ void PageInput::commit(const std::string& text)
 void PageInput::compose(const std::string& text)
 {
     add(kAnswersForKey, [this, text] { m_method.compose(text); });
+}
+
+void PageInput::settleWord(const std::string& text, Word word)
+{
+    add(1, [this, text] { askForWord(text); });
+    add(kAnswersForKey, [this, text, word] {
+        const bool isLeft = m_word == "left";
+        if (!isLeft && (m_word != "there" || word != Word::Ends))
+            return;
+        if (isLeft)
+            runScript("keyboardWord.hold()");
+        m_method.commit(text);
+        if (isLeft)
+            runScript("keyboardWord.release()");
+    });
+}
+
+void PageInput::askForWord(const std::string& text)
+{
+    m_word.clear();
+    GVariantDict arguments;
+    g_variant_dict_init(&arguments, nullptr);
+    g_variant_dict_insert(&arguments, "text", "s", text.c_str());
+    webkit_web_view_run_async_javascript_function_in_world(
+        m_engine.view(), "return keyboardWord.state(text)", g_variant_dict_end(&arguments),
+        Engine::kWorld, nullptr,
+        [](GObject* view, GAsyncResult* result, gpointer data) {
+            WebKitJavascriptResult* answer = webkit_web_view_run_javascript_in_world_finish(
+                WEBKIT_WEB_VIEW(view), result, nullptr);
+            if (answer == nullptr)
+                return;
+            const std::unique_ptr<char, decltype(&g_free)> state(
+                jsc_value_to_string(webkit_javascript_result_get_js_value(answer)), &g_free);
+            static_cast<PageInput*>(data)->m_word = state.get();
+            webkit_javascript_result_unref(answer);
+        },
+        this);
+}
+
+void PageInput::runScript(const char* script)
+{
+    webkit_web_view_run_javascript_in_world(m_engine.view(), script, Engine::kWorld, nullptr,
+                                            nullptr, nullptr);
 }
 
 void PageInput::click(int x, int y)
@@ -297,6 +337,7 @@ void PageInput::forget()
     m_valid = std::make_shared<bool>(true);
     m_open = 0;
     m_last.clear();
+    m_method.forget();
     std::deque<Job> jobs;
     jobs.swap(m_jobs);
     for (const Job& job : jobs)

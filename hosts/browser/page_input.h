@@ -39,6 +39,13 @@ public:
     // Shows text at the caret as being composed; empty ends that.
     void compose(const std::string& text);
 
+    // Ends the composing of this text where the page has moved on since, with another focus or
+    // another text in the field; what stands in a field stays there.
+    void leaveWord(const std::string& text) { settleWord(text, Word::Goes); }
+
+    // Ends it in any case: it is text from now on.
+    void endWord(const std::string& text) { settleWord(text, Word::Ends); }
+
     // A mouse's click, at a place in the page's pixels.
     void click(int x, int y);
 
@@ -60,6 +67,10 @@ private:
         int answers; // to wait for: one, and one for each key event in the engine's own row
     };
 
+    enum class Word { Goes, Ends };
+    void settleWord(const std::string& text, Word word);
+    void askForWord(const std::string& text);
+    void runScript(const char* script);
     void add(int answers, std::function<void()> run);
     void next();
     void ask();
@@ -73,6 +84,7 @@ private:
     std::deque<Job> m_jobs;
     int m_open = 0;                // answers still to come for the running job
     std::shared_ptr<bool> m_valid; // turns false for the answers of a page that is gone
+    std::string m_word;            // keyboardWord.state() of field_watch.js, as last asked
     std::string m_last;            // typed just now, for an accent that may follow
 };
 

@@ -59,6 +59,7 @@ void Panel::ask(Question question, Answer answer)
     m_answer = std::move(answer);
     m_line = TextLine();
     m_line.insert(m_question.line);
+    m_preedit.clear();
     m_words = wrapped(m_question.text);
     m_row = m_question.hasLine ? 0 : static_cast<int>(m_question.chosen);
     open();
@@ -86,6 +87,14 @@ void Panel::goBack()
 void Panel::edit(const Edit& edit)
 {
     applyEdit(edit, m_line);
+    draw();
+}
+
+void Panel::compose(const std::string& text)
+{
+    if (text == m_preedit)
+        return;
+    m_preedit = text;
     draw();
 }
 
@@ -155,7 +164,7 @@ void Panel::draw()
                                    TextField::kHeight};
         IDirectFBSurface* part = nullptr;
         require(m_surface->GetSubSurface(m_surface, &area, &part), "GetSubSurface");
-        m_field.draw(part, m_line, 0, isOnLine());
+        m_field.draw(part, m_line, 0, isOnLine(), m_preedit);
         part->Release(part);
         y += TextField::kHeight;
         m_surface->SetFont(m_surface, m_font);

@@ -54,6 +54,9 @@ public:
     bool isOnLine() const { return isOpen() && m_question.hasLine && m_row == 0; }
     void edit(const Edit& edit);
 
+    // Shows text at the caret as being composed; empty ends that.
+    void compose(const std::string& text);
+
     void move(int rows);
     void choose();
     void goBack();
@@ -75,6 +78,7 @@ private:
     Question m_question;
     Answer m_answer;
     TextLine m_line;
+    std::string m_preedit;
     std::vector<std::string> m_words; // the text in lines that fit
     int m_row = 0;                    // with the focus: the line, then the choices
     int m_height = 0;                 // pixels

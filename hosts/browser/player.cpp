@@ -118,11 +118,16 @@ void Player::begin(const Step& step)
         press(step.text, step.count);
         break;
     case StepKind::Type:
-        type(planTyping(m_with.model, browser.keyboardState(), step.text, PlanEnd::Text));
+        type(planTyping(m_with.model, browser.keyboardState(), step.text, PlanEnd::Text),
+             [this] { finishStep(); });
         break;
     case StepKind::Key:
         type(planKey(m_with.model, browser.keyboardState(),
-                     [&step](const Button_t& key) { return isKey(key, step.text); }));
+                     [&step](const Button_t& key) { return isKey(key, step.text); }),
+             [this] { finishStep(); });
+        break;
+    case StepKind::Choose:
+        choose();
         break;
     case StepKind::WaitKeyboard: {
         const bool shown = step.text == "shown";
@@ -189,7 +194,27 @@ void Player::press(const std::string& key, int count)
     show(kPressMilliseconds, [this, key, count] { press(key, count - 1); });
 }
 
-void Player::type(const Plan& plan)
+// Takes the candidate by its digit, behind as many pages as it takes.
+void Player::choose()
+{
+    const std::string& wanted = m_steps[m_next - 1].text;
+    const input_methods::Answer shown = m_with.browser.candidates();
+    const auto found = std::find(shown.candidates.begin(), shown.candidates.end(), wanted);
+    if (found != shown.candidates.end()) {
+        press(std::to_string(found - shown.candidates.begin() + 1), 1);
+        return;
+    }
+    if (!shown.hasNext) {
+        fail("a candidate '" + wanted + "'",
+             shown.candidates.empty() ? "none" : "the last, '" + shown.candidates.back() + "'");
+        return;
+    }
+    type(planKey(m_with.model, m_with.browser.keyboardState(),
+                 [](const Button_t& key) { return isKey(key, "Right"); }),
+         [this] { choose(); });
+}
+
+void Player::type(const Plan& plan, std::function<void()> then)
 {
     if (!m_with.browser.keyboardIsShown()) {
         fail("a keyboard to type with", "it hidden");
@@ -202,14 +227,14 @@ void Player::type(const Plan& plan)
     }
     std::vector<Press> presses = plan.presses;
     std::reverse(presses.begin(), presses.end());
-    play(std::move(presses));
+    play(std::move(presses), std::move(then));
 }
 
 // presses: the next one last.
-void Player::play(std::vector<Press> presses)
+void Player::play(std::vector<Press> presses, std::function<void()> then)
 {
     if (presses.empty()) {
-        finishStep();
+        then();
         return;
     }
     if (!m_with.browser.keyboardIsShown()) {
@@ -221,7 +246,8 @@ void Player::play(std::vector<Press> presses)
     m_with.browser.press({RemoteKey::ForKeyboard, static_cast<int>(presses.back())});
     const bool isOk = presses.back() == Press::Ok;
     presses.pop_back();
-    show(isOk ? kOkMilliseconds : kPressMilliseconds, [this, presses] { play(presses); });
+    show(isOk ? kOkMilliseconds : kPressMilliseconds,
+         [this, presses, then] { play(presses, then); });
 }
 
 // Goes on when what was pressed has arrived; with a recording when it can also be seen.

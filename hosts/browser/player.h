@@ -47,8 +47,9 @@ private:
     void fail(const std::string& awaited, const std::string& found);
     void load(const std::function<void()>& begin);
     void press(const std::string& key, int count);
-    void play(std::vector<Press> presses);
-    void type(const Plan& plan);
+    void play(std::vector<Press> presses, std::function<void()> then);
+    void type(const Plan& plan, std::function<void()> then);
+    void choose();
     void await(std::function<bool()> isThere, std::function<std::string()> found);
     void check();
     void askForText();

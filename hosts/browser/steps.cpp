@@ -24,6 +24,7 @@ const Form kForms[] = {
     {"press", true, StepKind::Press},
     {"type", true, StepKind::Type},
     {"key", true, StepKind::Key},
+    {"choose", true, StepKind::Choose},
     {"wait keyboard", true, StepKind::WaitKeyboard},
     {"wait title", true, StepKind::WaitTitle},
     {"wait page", true, StepKind::WaitPage},
@@ -71,9 +72,10 @@ Step readStep(const std::string& line, const std::string& where)
             fail(step, "wait keyboard shown or wait keyboard hidden");
         return step;
     }
-    fail(step,
-         "press KEY [N], type TEXT, key NAME, wait keyboard shown or hidden, wait title TEXT, "
-         "wait page TEXT, picture FILE.png, reload or back");
+    fail(
+        step,
+        "press KEY [N], type TEXT, key NAME, choose TEXT, wait keyboard shown or hidden, wait title TEXT, "
+        "wait page TEXT, picture FILE.png, reload or back");
 }
 
 } // namespace

@@ -12,6 +12,7 @@ enum class StepKind {
     Press,        // text: the remote control's key
     Type,         // text: to type
     Key,          // text: the keyboard's key
+    Choose,       // text: the candidate
     WaitKeyboard, // text: shown or hidden
     WaitTitle,    // text: that the title contains
     WaitPage,     // text: that the page's visible text contains

@@ -52,7 +52,8 @@ Form::Progress Form::whileTyping(const RemoteKey& key)
     const std::string composed = m_keyboard.preedit();
     if (key.meaning == RemoteKey::Back && !m_keyboard.leaveCandidates())
         answer = m_keyboard.hide();
-    if (key.meaning == RemoteKey::ForKeyboard)
+    const bool mayChoose = key.meaning == RemoteKey::ForPage && m_keyboard.candidatesHeight() > 0;
+    if (key.meaning == RemoteKey::ForKeyboard || mayChoose)
         answer = m_keyboard.press(key.keyCode);
     applyAnswer(answer, m_line);
     if (answer.changesField() || composed != m_keyboard.preedit() || !m_keyboard.isShown())

@@ -72,15 +72,17 @@ bool KeyboardHost::pressAmongCandidates(int keyCode, Answer& answer)
 {
     if (m_composer == nullptr || !m_composer->offers())
         return false;
-    if (m_composer->isInBar()) {
-        compose(m_composer->pressInBar(keyCode), answer);
-        return true;
-    }
     if (keyCode >= '1' && keyCode <= '9') { // the remote control's, by the browser's codes
         compose(m_composer->choose(keyCode - '0'), answer);
         return true;
     }
-    if (keyCode != RemoteUp || !isInTopRow())
+    if (keyCode > RemoteDown)
+        return false; // of the page, such as the colours
+    if (m_composer->isInBar()) {
+        compose(m_composer->pressInBar(keyCode), answer);
+        return true;
+    }
+    if (keyCode != RemoteUp || m_model == nullptr || !m_model->isInTopRow(m_state))
         return false;
     m_composer->enterBar();
     return true;
@@ -110,17 +112,6 @@ void KeyboardHost::compose(const Composed& composed, Answer& answer)
     answer.text += composed.commit;
 }
 
-bool KeyboardHost::isInTopRow() const
-{
-    const Button_t* focused = m_model == nullptr ? nullptr : m_model->focused(m_state);
-    if (focused == nullptr)
-        return false;
-    for (const Button_t& key : m_model->face(m_state))
-        if (key.rect.positionY < focused->rect.positionY)
-            return false;
-    return true;
-}
-
 bool KeyboardHost::leaveCandidates()
 {
     if (m_composer == nullptr || !m_composer->isInBar())
@@ -146,6 +137,13 @@ std::string KeyboardHost::candidates() const
 int KeyboardHost::candidatesHeight() const
 {
     return m_composer != nullptr && m_composer->offers() ? CandidateBar::kHeight : 0;
+}
+
+int KeyboardHost::candidatesRoomNow() const
+{
+    return m_composer != nullptr && m_composer->mayOffer(m_core.currentLayout())
+               ? CandidateBar::kHeight
+               : 0;
 }
 
 int KeyboardHost::candidatesRoom() const

@@ -75,13 +75,13 @@ public:
     Picture picture();
     int candidatesHeight() const;
 
-    // The most that it will be in any layout of the model.
+    // The most that it will be in the layout that is shown, and in any layout of the model.
+    int candidatesRoomNow() const;
     int candidatesRoom() const;
 
 private:
     void compose(const Composed& composed, Answer& answer);
     bool pressAmongCandidates(int keyCode, Answer& answer);
-    bool isInTopRow() const;
     void takeResult(Answer& answer);
 
     const Screen& m_screen;

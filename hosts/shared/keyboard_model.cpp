@@ -1,8 +1,11 @@
 #include "keyboard_model.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "Language_Parser.h"
+
+#include "input_methods.h"
 
 namespace host
 {
@@ -88,6 +91,17 @@ const Button_t* KeyboardModel::focused(const KeyboardState& state) const
     return exists ? &keys[static_cast<size_t>(state.key)] : nullptr;
 }
 
+bool KeyboardModel::isInTopRow(const KeyboardState& state) const
+{
+    const Button_t* key = focused(state);
+    if (key == nullptr)
+        return false;
+    const Face& keys = face(state);
+    return std::none_of(keys.begin(), keys.end(), [key](const Button_t& other) {
+        return other.rect.positionY < key->rect.positionY;
+    });
+}
+
 KeyboardModel::Step KeyboardModel::after(const KeyboardState& state, Press press) const
 {
     const Button_t* key = focused(state);
@@ -138,11 +152,13 @@ KeyboardModel::Step KeyboardModel::afterOk(const KeyboardState& state) const
 std::vector<Layout> installedLayouts()
 {
     LanguageParser parser;
+    const input_methods::InputMethods methods{input_methods::Settings()};
     std::vector<Layout> layouts;
     for (std::string name : std::vector<std::string>(parser.getLayoutsName())) {
         parser.onLayoutchanged(name);
         Layout layout;
         layout.name = name;
+        layout.hasCandidates = methods.offersCandidates(name);
         for (const bool shift : {false, true})
             for (const bool alt : {false, true})
                 layout.faces[shift][alt] = parser.getKeyMap(name, shift, alt);

@@ -14,7 +14,8 @@ using Face = std::vector<velmora::browser::vkb::Button_t>;
 
 struct Layout {
     std::string name;
-    Face faces[2][2]; // [Shift][Alt]
+    Face faces[2][2];           // [Shift][Alt]
+    bool hasCandidates = false; // while typing, above the top row
 };
 
 // What a remote control can send, by the keyboard's own key codes.
@@ -55,6 +56,9 @@ public:
 
     const std::vector<Layout>& layouts() const { return m_layouts; }
     const Face& face(const KeyboardState& state) const;
+
+    // Up leads from there to the candidates, while there are some.
+    bool isInTopRow(const KeyboardState& state) const;
 
     // Null when the layouts do not have the key.
     const velmora::browser::vkb::Button_t* focused(const KeyboardState& state) const;

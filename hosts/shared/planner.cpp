@@ -84,7 +84,11 @@ Keyboard::Keyboard(const KeyboardModel& model) : m_layouts(static_cast<int>(mode
     for (int from = 0; from < states(); ++from) {
         if (model.focused(state(from)) == nullptr)
             continue;
+        const bool leadsToCandidates =
+            model.layouts()[state(from).layout].hasCandidates && model.isInTopRow(state(from));
         for (size_t press = 0; press < kPressCount; ++press) {
+            if (kPresses[press] == Press::Up && leadsToCandidates)
+                continue;
             const KeyboardModel::Step step = model.after(state(from), kPresses[press]);
             if (step.hides || model.focused(step.state) == nullptr)
                 continue;

@@ -27,8 +27,7 @@ public:
         const std::string joined = joins ? composed(m_last + character) : "";
         if (joined.empty() || letters(joined) != 1) {
             m_last = character;
-            answer.commit += character;
-            return true;
+            return false;
         }
         answer.takeBack = 1;
         answer.commit += joined;
