@@ -9,9 +9,11 @@
 #include "json_file.h"
 #include "label.h"
 #include "layout_set.h"
+#include "positions.h"
 #include "shipped.h"
 #include "text.h"
 #include "typing.h"
+#include "xkb_keyboard.h"
 
 using namespace layouts;
 using testing::ElementsAre;
@@ -81,6 +83,39 @@ TEST(Generator, WantsLettersThatTheLocaleDataLacks)
     EXPECT_TRUE(placesOf(keyMap).count("Œ"));
 }
 
+// Letters that the language's own keyboard has on AltGr and that its first two faces lack. Only a
+// Latin letter or a digit, which everybody looks for at its place, keeps one from its key.
+TEST(Generator, LeavesTheLettersOfAltGrOnTheirKeys)
+{
+    size_t all = 0;
+    size_t elsewhere = 0;
+    for (const Language& language : languages()) {
+        const XkbKeyboard keyboard =
+            readXkbKeyboard(language.xkbLayout, language.xkbVariant, language.xkbFolder);
+        const KeyMap keyMap = shippedKeyMap(language.name);
+        const std::map<std::string, Place> places = placesOf(keyMap);
+        for (const std::string& letter : mainLetters(language))
+            for (const auto& key : keyboard) {
+                const auto place = places.find(letter);
+                const bool isShifted = key.second.altGr.shifted == letter;
+                if ((key.second.altGr.plain != letter && !isShifted) || place == places.end() ||
+                    !place->second.face->symbol)
+                    continue;
+                ++all;
+                const size_t own = positionOf(key.first);
+                if (place->second.key == own)
+                    continue;
+                ++elsewhere;
+                const Key& taken = keyMap.symbols[own];
+                EXPECT_TRUE(isAsciiAlphanumeric((isShifted ? taken.shifted : taken.plain).text))
+                    << language.name << ": " << letter << " is on key " << place->second.key
+                    << ", not on " << own;
+            }
+    }
+    EXPECT_GE(all, 240u);
+    EXPECT_LE(elsewhere, 73u);
+}
+
 TEST(Exceptions, ChangeTheKeyAndNoOther)
 {
     const KeyMap before = generate(languageOf("English"), shippedCatalogue(), {});
@@ -140,6 +175,25 @@ TEST(Label, ShowsAMarkOnADottedCircle)
     EXPECT_EQ(labelFor("\u093F"), "\u093F\u25CC") << "it is written before its consonant";
     EXPECT_EQ(labelFor("\u200D"), "ZWJ");
     EXPECT_EQ(labelFor("é"), "é");
+}
+
+TEST(Label, IsAsARendererWithoutShapingMustGetIt)
+{
+    EXPECT_EQ(inVisualOrder("EN"), "EN");
+    EXPECT_EQ(inVisualOrder("हि"), "िह");
+    EXPECT_EQ(inVisualOrder("हिन्दी"), "िहन्दी");
+    EXPECT_EQ(inVisualOrder("ស្តែ"), "ែស្ត") << "before all consonants of the syllable";
+    EXPECT_EQ(inVisualOrder("עב"), "בע") << "drawn from the left, read from the right";
+    EXPECT_EQ(inVisualOrder("عر"), "\uFEAE\uFECB") << "in the forms that join";
+    EXPECT_EQ(inVisualOrder("ދި"), "ދި") << "a mark stays behind its letter";
+}
+
+TEST(Generator, DrawsTheNameOnTheLanguageKey)
+{
+    EXPECT_EQ(shippedKeyMap("Hindi").defaults[1].plain.text,
+              inVisualOrder(languageOf("Hindi").label));
+    EXPECT_EQ(shippedKeyMap("Arabic").symbols[1].shifted.text,
+              inVisualOrder(languageOf("Arabic").label));
 }
 
 TEST(Speller, TakesMarksInEitherOrder)

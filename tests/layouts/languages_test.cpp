@@ -1,11 +1,13 @@
 #include <algorithm>
 #include <fstream>
 #include <map>
+#include <memory>
 #include <set>
 #include <sstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unicode/brkiter.h>
 #include <unicode/locid.h>
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
@@ -79,7 +81,9 @@ TEST(Languages, AreNamedByTheLocaleData)
 {
     std::set<std::string> names;
     for (const Language& language : languages()) {
-        const std::string name = nameFromIcu(language.icuName);
+        std::string name = nameFromIcu(language.icuName);
+        if (!language.letters.empty())
+            name = nameFromIcu(icu::Locale(language.icuName.c_str()).getLanguage());
         const bool isOneOfSeveral = !language.letters.empty() &&
                                     (language.name.compare(0, name.size() + 1, name + "_") == 0 ||
                                      "Sichuan_" + language.name == name);
@@ -95,6 +99,19 @@ std::string folded(const std::string& text)
     return result.foldCase().toUTF8String(bytes);
 }
 
+// As readers count them: a letter with its marks is one.
+int letterCount(const std::string& text)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::BreakIterator> letters(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    letters->setText(icu::UnicodeString::fromUTF8(text));
+    int count = 0;
+    while (letters->next() != icu::BreakIterator::DONE)
+        ++count;
+    return count;
+}
+
 // The key shows how the language's name for itself begins, or one of its words; the Arabic article
 // aside. Where the table spells the letters, the locale data may not have the name.
 TEST(Languages, AreShownByTheirOwnNames)
@@ -103,6 +120,8 @@ TEST(Languages, AreShownByTheirOwnNames)
     for (const Language& language : languages()) {
         const auto other = layouts.emplace(language.label, language.name);
         EXPECT_TRUE(other.second) << language.name << " and " << other.first->second;
+        EXPECT_GE(letterCount(language.label), 2) << language.name;
+        EXPECT_LE(letterCount(language.label), 4) << language.name;
         if (!language.letters.empty())
             continue;
         const std::string name = " " + folded(ownName(language.icuName));

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unicode/locid.h>
 
 #include "lookup.h"
 #include "shipped.h"
@@ -102,6 +103,36 @@ TEST(Territory, TakesTheScriptThatIsUsualThere)
     EXPECT_THAT(layoutsOf("RS"), IsSupersetOf({"Serbian", "Serbian_Latin"}));
     EXPECT_THAT(layoutsOf("ME"), AllOf(Contains("Serbian_Latin"), Not(Contains("Serbian"))));
     EXPECT_THAT(layoutsOf("PK"), AllOf(Contains("Punjabi_Arabic"), Not(Contains("Punjabi"))));
+}
+
+TEST(Territory, TakesTheCountrysOwnWayOfTyping)
+{
+    EXPECT_EQ(layoutsOf("TW").front(), "Chinese_Zhuyin");
+    EXPECT_THAT(layoutsOf("HK"), IsSupersetOf({"Chinese_Traditional_Pinyin", "Cantonese"}));
+    EXPECT_EQ(layoutsOf("CN").front(), "Chinese_Pinyin");
+    EXPECT_EQ(layoutsOf("BR").front(), "Portuguese_Brazil");
+    EXPECT_EQ(layoutsOf("PT").front(), "Portuguese");
+    EXPECT_EQ(layoutsOf("MX").front(), "Spanish_Latin_America");
+    EXPECT_EQ(layoutsOf("ES").front(), "Spanish");
+    EXPECT_THAT(layoutsOf("CA"), IsSupersetOf({"English", "French_Canada"}));
+}
+
+// Only where nobody lives there is none.
+TEST(Territory, FindsALanguageForEachCountry)
+{
+    size_t countries = 0;
+    for (const char* const* code = icu::Locale::getISOCountries(); *code != nullptr; ++code) {
+        Territory territory;
+        try {
+            territory = territoryOf(languages(), *code);
+        } catch (const std::runtime_error&) {
+            continue; // nobody lives there, or CLDR does not say who
+        }
+        countries += territory.languages.empty() ? 0 : 1;
+        EXPECT_TRUE(!territory.languages.empty() || territory.others.empty())
+            << *code << ": " << testing::PrintToString(territory.others);
+    }
+    EXPECT_GE(countries, 249u);
 }
 
 TEST(Territory, NamesWhatHasNoLayout)

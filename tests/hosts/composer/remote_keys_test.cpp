@@ -279,7 +279,7 @@ TEST_F(RemoteKeys, BackOfTheRemoteLeavesTheCandidates)
 TEST_F(RemoteKeys, TheLanguageKeyInTheMiddleOfAWordCommitsIt)
 {
     start({"Korean", "English"});
-    keys({"ㅎ", "ㅏ", "한"}); // the last is the language key
+    keys({"ㅎ", "ㅏ", "한국"}); // the last is the language key
     EXPECT_EQ(text(), "하");
     EXPECT_EQ(preedit(), "");
     key("a");

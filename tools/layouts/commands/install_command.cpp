@@ -60,6 +60,9 @@ std::vector<std::string> chosenLayouts(const Resources& resources, const Argumen
     }
     for (const std::string& name : arguments.names)
         add(meantLanguage(languages, name));
+    if (chosen.empty() && !arguments.country.empty())
+        throw std::runtime_error(arguments.country +
+                                 ": CLDR has no language for this country, expected names");
     if (chosen.empty())
         throw std::runtime_error("found no layout to install, expected names or a --country");
     return chosen;

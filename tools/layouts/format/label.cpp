@@ -2,7 +2,15 @@
 #include "label.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
+#include <memory>
+#include <vector>
+
+#include <unicode/ubidi.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+#include <unicode/ushape.h>
 
 #include "text.h"
 
@@ -28,6 +36,8 @@ const Range kBefore[] = {
     {0x0F3F, 0x0F3F}, {0x1031, 0x1031}, {0x17C1, 0x17C3}, {0xAAEB, 0xAAEB}, {0xAAEE, 0xAAEE},
 };
 
+constexpr int32_t kMostUnits = 64; // of a label, in UTF-16
+
 const char kDottedCircle[] = "\u25CC";
 
 bool standsBefore(int32_t mark)
@@ -37,12 +47,59 @@ bool standsBefore(int32_t mark)
     });
 }
 
-// No picture, or that of the hyphen of ASCII.
-const Name kNames[] = {
-    {0x200B, "ZSP"}, {0x200C, "ZNJ"}, {0x200D, "ZWJ"}, {0x2010, "HY"}, {0x2011, "NH"},
-};
+const Name kNames[] = {{0x200B, "ZSP"}, {0x200C, "ZNJ"}, {0x200D, "ZWJ"}};
+
+bool joinsConsonants(char32_t c)
+{
+    constexpr uint8_t kVirama = 9;
+    return u_getCombiningClass(static_cast<UChar32>(c)) == kVirama;
+}
+
+// Vowel signs before the consonants that they follow.
+std::string withVowelsInFront(const std::string& text)
+{
+    std::vector<char32_t> all = codePoints(text);
+    for (size_t i = 1; i < all.size(); ++i) {
+        if (!standsBefore(static_cast<int32_t>(all[i])))
+            continue;
+        size_t first = i - 1;
+        while (first >= 2 && joinsConsonants(all[first - 1]))
+            first -= 2;
+        const auto at = [&](size_t n) { return all.begin() + static_cast<std::ptrdiff_t>(n); };
+        std::rotate(at(first), at(i), at(i + 1));
+    }
+    std::string result;
+    for (const char32_t c : all)
+        result += fromCodePoint(c);
+    return result;
+}
+
+// Arabic letters in the form that they have between others, and what runs from right to left
+// reversed.
+std::string withReversedRuns(const std::string& text)
+{
+    const icu::UnicodeString logical = icu::UnicodeString::fromUTF8(text);
+    UErrorCode status = U_ZERO_ERROR;
+    icu::UnicodeString shaped;
+    u_shapeArabic(logical.getBuffer(), logical.length(), shaped.getBuffer(kMostUnits), kMostUnits,
+                  U_SHAPE_LETTERS_SHAPE | U_SHAPE_LENGTH_FIXED_SPACES_NEAR, &status);
+    shaped.releaseBuffer(logical.length());
+    const std::unique_ptr<UBiDi, void (*)(UBiDi*)> lines(ubidi_open(), ubidi_close);
+    ubidi_setPara(lines.get(), shaped.getBuffer(), shaped.length(), UBIDI_LTR, nullptr, &status);
+    icu::UnicodeString visual;
+    ubidi_writeReordered(lines.get(), visual.getBuffer(kMostUnits), kMostUnits,
+                         UBIDI_KEEP_BASE_COMBINING, &status);
+    visual.releaseBuffer(shaped.length());
+    std::string result;
+    return U_SUCCESS(status) ? visual.toUTF8String(result) : text;
+}
 
 } // namespace
+
+std::string inVisualOrder(const std::string& text)
+{
+    return withReversedRuns(withVowelsInFront(text));
+}
 
 std::string labelFor(const std::string& typed)
 {

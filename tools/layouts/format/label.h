@@ -10,6 +10,10 @@ namespace layouts
 // a dotted circle with a mark, on the side where the mark leaves room for its letter.
 std::string labelFor(const std::string& typed);
 
+// A word as a renderer must get it that draws one character after another from the left and joins
+// none.
+std::string inVisualOrder(const std::string& text);
+
 } // namespace layouts
 
 #endif

@@ -31,6 +31,12 @@ bool isCantillation(UChar32 c)
     return c >= 0x0591 && c <= 0x05AF;
 }
 
+// Khmer vowels that are only thought, not written.
+bool isInherentVowel(UChar32 c)
+{
+    return c == 0x17B4 || c == 0x17B5;
+}
+
 // More than one code point, with marks of their own.
 bool isMarked(const icu::UnicodeString& text)
 {
@@ -116,7 +122,8 @@ bool isSign(const std::string& text)
                                 U_GC_SC_MASK | U_GC_SM_MASK | U_GC_SK_MASK;
     const UBlockCode block = ublock_getCode(c);
     const bool isRare = block == UBLOCK_ARROWS || block == UBLOCK_SUPPLEMENTAL_PUNCTUATION ||
-                        block == UBLOCK_CJK_SYMBOLS_AND_PUNCTUATION || isCantillation(c);
+                        block == UBLOCK_CJK_SYMBOLS_AND_PUNCTUATION || isCantillation(c) ||
+                        isInherentVowel(c);
     return isInvisible(c) || (c != 0 && (U_GET_GC_MASK(c) & kTyped) != 0 && !isRare);
 }
 

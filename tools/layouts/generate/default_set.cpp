@@ -66,6 +66,9 @@ private:
 
     void placeKey(size_t i, KeyTexts texts)
     {
+        for (std::string* text : {&texts.plain, &texts.shifted})
+            if (isForeignLatin(*text))
+                text->clear();
         if (texts.shifted.empty())
             texts.shifted = m_repertoire.withUpperCase(texts.plain).shifted;
         // A character that the face has already is one too many; the place is worth more.
@@ -73,6 +76,21 @@ private:
             m_keys.setPlain(i, texts.plain);
         if (!m_keys.hasShifted(texts.shifted))
             m_keys.setShifted(i, texts.shifted);
+    }
+
+    bool isLatin() const
+    {
+        bool isLatin = false;
+        for (char c = 'a'; c <= 'z'; ++c)
+            isLatin = isLatin || m_repertoire.isLetter(std::string(1, c));
+        return isLatin;
+    }
+
+    // A few keyboards of other scripts have single Latin letters. They belong to the others, on the
+    // symbol faces.
+    bool isForeignLatin(const std::string& text) const
+    {
+        return isAsciiAlphanumeric(text) && digitValue(text) < 0 && !isLatin();
     }
 
     // 0 to 9, on the keys where a US keyboard has them. A letter there keeps its key and leaves

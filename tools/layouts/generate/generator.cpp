@@ -40,8 +40,10 @@ Key makeKey(const Language& language, const Position& position, const KeyTexts& 
             const Neighbours& around)
 {
     switch (position.role) {
-    case Role::Language:
-        return {{language.label, 0}, {language.label, 0}, true, true, 0, around};
+    case Role::Language: {
+        const std::string label = inVisualOrder(language.label);
+        return {{label, 0}, {label, 0}, true, true, 0, around};
+    }
     case Role::Special:
     case Role::Fixed:
         return {{position.text, position.character},

@@ -28,8 +28,8 @@ public:
     {
     }
 
-    // What the language's own keyboard has on AltGr stays on its key: first what the language uses.
-    void placeAltGr(bool onlyUsed)
+    // What the language's own keyboard has on AltGr stays on its key, as far as it is wanted.
+    template <typename Wanted> void placeAltGr(Wanted isWanted)
     {
         for (size_t i = 0; i < m_keys.size(); ++i) {
             const auto key = m_keyboard.find(positions()[i].xkbName);
@@ -38,9 +38,7 @@ public:
             for (const bool shifted : {false, true}) {
                 const std::string& text =
                     shifted ? key->second.altGr.shifted : key->second.altGr.plain;
-                const bool wanted =
-                    m_repertoire.uses(text) || singleCodePoint(text) < 0x80 || text == kEuro;
-                if (isMissing(text) && isSign(text) && (wanted || !onlyUsed) && isEmpty(i, shifted))
+                if (isMissing(text) && isSign(text) && isWanted(text) && isEmpty(i, shifted))
                     put(i, shifted, text);
             }
         }
@@ -319,17 +317,20 @@ KeySet symbolSet(const XkbKeyboard& keyboard, const Repertoire& repertoire,
         set.placeDigits();
         if (set.needsLatin())
             set.placeLatinLetters();
-        set.placeAltGr(true);
+        set.placeAltGr([&](const std::string& text) {
+            return repertoire.isLetter(text) || singleCodePoint(text) < 0x80 || text == kEuro;
+        });
         if (!set.placeLetters(
                 missing(repertoire.characters(repertoire.letters(), decomposed), typed)))
             continue;
+        set.placeAltGr([&](const std::string& text) { return repertoire.uses(text); });
         if (!set.placeAscii())
             continue;
         set.placeLetters(missing(ofText(repertoire), typed));
         set.placeForeignLetters(composed(repertoire.characters(repertoire.letters()), typed));
         set.placeForeignLetters(missing(repertoire.characters(repertoire.foreignLetters()), typed));
         set.placePunctuation();
-        set.placeAltGr(false);
+        set.placeAltGr([](const std::string&) { return true; });
         return set.finished();
     }
     throw std::runtime_error(repertoire.name() + ": its letters are too many for four faces");

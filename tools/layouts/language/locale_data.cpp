@@ -210,16 +210,14 @@ std::vector<std::string> punctuation(const std::string& icuName)
             marks.push_back(utf8(icu::UnicodeString(text, length)));
     }
     const auto quotes = static_cast<std::ptrdiff_t>(marks.size());
+    // The hyphens of typesetting look like the plain one; nobody could tell their keys apart.
     for (const std::string& mark : exemplars(icuName, ULOCDATA_ES_PUNCTUATION))
-        marks.push_back(mark);
-    // Those that everybody uses first, and at the end those that look like a plain hyphen.
-    const auto rank = [](const std::string& mark) {
-        const bool isCommon = mark == "…" || mark == "–" || mark == "—";
-        const bool isHyphen = mark == "\u2010" || mark == "\u2011";
-        return isCommon ? 0 : isHyphen ? 2 : 1;
-    };
-    std::stable_sort(marks.begin() + quotes, marks.end(),
-                     [&](const auto& a, const auto& b) { return rank(a) < rank(b); });
+        if (mark != "\u2010" && mark != "\u2011")
+            marks.push_back(mark);
+    // Those that everybody uses first.
+    std::stable_partition(marks.begin() + quotes, marks.end(), [](const std::string& mark) {
+        return mark == "…" || mark == "–" || mark == "—";
+    });
     return marks;
 }
 

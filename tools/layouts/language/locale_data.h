@@ -26,7 +26,8 @@ std::vector<std::string> auxiliaryExemplars(const std::string& icuName);
 // The letters of a pattern, as in [a-zß]; none when it is no pattern.
 std::vector<std::string> lettersOfPattern(const std::string& pattern);
 
-// Quotation marks first, then the signs of ordinary text; single characters.
+// Quotation marks first, then the signs of ordinary text; single characters. The hyphens U+2010 and
+// U+2011 are left out.
 std::vector<std::string> punctuation(const std::string& icuName);
 
 // The digits from zero to nine that the language is written with, and those of its own script;

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include <unicode/locid.h>
+#include <unicode/region.h>
 #include <unicode/resbund.h>
 
 namespace layouts
@@ -36,8 +37,9 @@ std::vector<Spoken> spokenIn(const std::string& country)
     while (one.hasNext()) {
         UErrorCode each = U_ZERO_ERROR;
         const icu::ResourceBundle language = one.getNext(each);
-        if (language.getType() != URES_TABLE)
-            continue; // the country's own figures
+        // The country's own figures, and what stands for nobody's language.
+        if (language.getType() != URES_TABLE || std::strcmp(language.getKey(), "und") == 0)
+            continue;
         const int32_t share = language.get("populationShareF", each).getInt(each);
         UErrorCode missing = U_ZERO_ERROR;
         language.get("officialStatus", missing);
@@ -57,6 +59,15 @@ icu::Locale withLikelyScript(const std::string& name)
     return locale;
 }
 
+// Whether a language's form is that of the country, or of the region around it.
+bool isFormOf(const icu::Locale& form, const std::string& country)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Region* region = icu::Region::getInstance(form.getCountry(), status);
+    const icu::Region* wanted = icu::Region::getInstance(country.c_str(), status);
+    return U_SUCCESS(status) && (*region == *wanted || region->contains(*wanted));
+}
+
 // The layout of that language in the default script there, best in the country's own form.
 const Language* layoutFor(const std::vector<Language>& languages, const std::string& code,
                           const std::string& country)
@@ -69,7 +80,7 @@ const Language* layoutFor(const std::vector<Language>& languages, const std::str
             std::strcmp(has.getScript(), wanted.getScript()) != 0)
             continue;
         const icu::Locale named = icu::Locale::createCanonical(language.icuName.c_str());
-        if (best == nullptr || named.getCountry() == country)
+        if (best == nullptr || isFormOf(named, country))
             best = &language;
     }
     return best;
