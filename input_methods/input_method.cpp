@@ -1,6 +1,7 @@
 // What all languages share: keys by their codes, pages of candidates, the limit of the preedit.
 #include "input_method.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "engine.h"
@@ -47,6 +48,19 @@ int digitOf(const std::string& text)
     return isDigit ? text[0] - '0' : 0;
 }
 
+// How many of the candidates fit on a page; the first one always does.
+size_t roomFor(const std::vector<std::string>& candidates)
+{
+    size_t room = kPageLetters;
+    for (size_t i = 0; i < candidates.size(); ++i) {
+        const size_t length = letters(candidates[i]);
+        if (length > room && i > 0)
+            return i;
+        room -= std::min(length, room);
+    }
+    return candidates.size();
+}
+
 } // namespace
 
 InputMethod::InputMethod(std::unique_ptr<Engine> engine)
@@ -67,12 +81,12 @@ Answer InputMethod::feed(const OsButton_t& key)
         if (!answer.used)
             return handOver();
         m_page_starts = {0};
-        return shown(answer);
+        return shown(std::move(answer));
     case KeyMeaning::Clear:
         return reset();
     case KeyMeaning::PreviousPage:
     case KeyMeaning::NextPage:
-        if (pageFrom(m_page_starts.back()).empty())
+        if (m_page.empty())
             return handOver();
         answer = page(meaningOf(key.keyCode) == KeyMeaning::NextPage ? 1 : -1);
         answer.used = true; // also on the last page: the caret does not leave the word
@@ -85,9 +99,8 @@ Answer InputMethod::feed(const OsButton_t& key)
 
 Answer InputMethod::type(const std::string& text)
 {
-    const bool isChoice = !pageFrom(m_page_starts.back()).empty();
     const int digit = digitOf(text);
-    if (isChoice && (text == " " || digit != 0)) {
+    if (!m_page.empty() && (text == " " || digit != 0)) {
         Answer answer = choose(digit == 0 ? 1 : digit);
         answer.used = true; // also a digit without a candidate: it is no text in between
         return answer;
@@ -97,7 +110,7 @@ Answer InputMethod::type(const std::string& text)
     if (letters(text) == 1 && m_engine->type(text, answer)) {
         answer.used = true;
         m_page_starts = {0};
-        return shown(answer);
+        return shown(std::move(answer));
     }
     // With nothing composed the engine may remember the letter, for a mark that follows.
     if (letters(text) == 1 && m_engine->preedit().empty()) {
@@ -112,6 +125,8 @@ Answer InputMethod::type(const std::string& text)
 // A preedit of the full length gives way word by word, or at once where there is nothing to choose.
 void InputMethod::makeRoom(Answer& answer)
 {
+    if (m_preedit_bytes < static_cast<size_t>(kMaxPreedit))
+        return;
     size_t before = letters(m_engine->preedit());
     while (before >= static_cast<size_t>(kMaxPreedit)) {
         if (!m_engine->candidates(0, 1).empty())
@@ -134,28 +149,25 @@ Answer InputMethod::handOver()
 Answer InputMethod::choose(int number)
 {
     Answer answer;
-    const std::vector<std::string> page = pageFrom(m_page_starts.back());
-    if (number < 1 || static_cast<size_t>(number) > page.size())
-        return shown(answer);
+    if (number < 1 || static_cast<size_t>(number) > m_page.size())
+        return shown(std::move(answer));
     m_engine->take(m_page_starts.back() + static_cast<size_t>(number) - 1, answer);
     answer.used = true;
     m_page_starts = {0};
-    return shown(answer);
+    return shown(std::move(answer));
 }
 
 Answer InputMethod::page(int step)
 {
     Answer answer;
-    const size_t first = m_page_starts.back();
-    const size_t next = first + pageFrom(first).size();
     if (step < 0 && m_page_starts.size() > 1) {
         m_page_starts.pop_back();
         answer.used = true;
-    } else if (step > 0 && !m_engine->candidates(next, 1).empty()) {
-        m_page_starts.push_back(next);
+    } else if (step > 0 && m_has_next) {
+        m_page_starts.push_back(m_page_starts.back() + m_page.size());
         answer.used = true;
     }
-    return shown(answer);
+    return shown(std::move(answer));
 }
 
 Answer InputMethod::finish()
@@ -164,41 +176,34 @@ Answer InputMethod::finish()
     m_engine->finish(answer);
     answer.used = true;
     m_page_starts = {0};
-    return shown(answer);
+    return shown(std::move(answer));
 }
 
 Answer InputMethod::reset()
 {
     m_engine->reset();
     m_page_starts = {0};
+    m_page.clear();
+    m_has_next = false;
+    m_preedit_bytes = 0;
     return Answer();
 }
 
 Answer InputMethod::shown(Answer answer)
 {
     const size_t first = m_page_starts.back();
+    m_page =
+        m_engine->candidates(first, kPageCandidates + 1); // one more tells whether there are any
+    const size_t found = m_page.size();
+    m_page.resize(std::min({found, static_cast<size_t>(kPageCandidates), roomFor(m_page)}));
+    m_has_next = m_page.size() < found;
     answer.preedit = m_engine->preedit();
-    answer.candidates = pageFrom(first);
-    answer.chosen = answer.candidates.empty() ? -1 : 0;
+    m_preedit_bytes = answer.preedit.size();
+    answer.candidates = m_page;
+    answer.chosen = m_page.empty() ? -1 : 0;
     answer.hasPrevious = first > 0;
-    answer.hasNext = !answer.candidates.empty() &&
-                     !m_engine->candidates(first + answer.candidates.size(), 1).empty();
+    answer.hasNext = m_has_next;
     return answer;
-}
-
-std::vector<std::string> InputMethod::pageFrom(size_t first)
-{
-    std::vector<std::string> page = m_engine->candidates(first, kPageCandidates);
-    size_t room = kPageLetters;
-    for (size_t i = 0; i < page.size(); ++i) {
-        const size_t length = letters(page[i]);
-        if (length > room && i > 0) {
-            page.resize(i);
-            break;
-        }
-        room -= length < room ? length : room;
-    }
-    return page;
 }
 
 } // namespace input_methods

@@ -64,10 +64,12 @@ private:
     Answer type(const std::string& text);
     Answer handOver();
     void makeRoom(Answer& answer);
-    std::vector<std::string> pageFrom(size_t first);
 
     std::unique_ptr<Engine> m_engine;
     std::vector<size_t> m_page_starts; // of the page that is shown, and of those before it
+    std::vector<std::string> m_page;   // what is shown
+    bool m_has_next = false;
+    size_t m_preedit_bytes = 0;
 };
 
 } // namespace input_methods

@@ -56,7 +56,7 @@ public:
     {
         const bool used = feed(character, answer);
         m_keys.push_back(character);
-        if (preedit().empty())
+        if (mtext_len(m_context->preedit) == 0)
             m_keys.clear();
         return used;
     }
