@@ -57,7 +57,7 @@ coverage: ## Which lines of src/os_keyboard the tests run; fails below all
 	@scripts/coverage
 
 bench: ## Speed, memory and size, each beside its target
-	@scripts/install-packages build run hosts browser test arm bench
+	@scripts/install-packages build run hosts browser input_methods test arm bench
 	@scripts/bench
 
 test-arm: ## Build for 32-bit ARM and run the tests under qemu

@@ -1,0 +1,52 @@
+// m17n alone, with its table for Telex.
+#include <m17n.h>
+
+#include "typing.h"
+
+namespace bench
+{
+
+namespace
+{
+
+MInputContext* context = nullptr;
+
+std::string fromMText(MText* text)
+{
+    std::string bytes(static_cast<size_t>(mtext_len(text)) * 6 + 1, '\0');
+    bytes.resize(static_cast<size_t>(
+        mconv_encode_buffer(Mcoding_utf_8, text, reinterpret_cast<unsigned char*>(&bytes[0]),
+                            static_cast<int>(bytes.size()))));
+    return bytes;
+}
+
+} // namespace
+
+bool start(const std::string&)
+{
+    M17N_INIT();
+    MInputMethod* method = minput_open_im(msymbol("vi"), msymbol("telex"), nullptr);
+    context = method == nullptr ? nullptr : minput_create_ic(method, nullptr);
+    return context != nullptr;
+}
+
+Shown press(const std::string& key)
+{
+    Shown shown;
+    const MSymbol symbol = msymbol(key.c_str());
+    if (minput_filter(context, symbol, nullptr) == 0) {
+        MText* produced = mtext();
+        minput_lookup(context, symbol, nullptr, produced);
+        shown.committed = fromMText(produced);
+        m17n_object_unref(produced);
+    }
+    shown.preedit = fromMText(context->preedit);
+    return shown;
+}
+
+void clear()
+{
+    minput_reset_ic(context);
+}
+
+} // namespace bench
