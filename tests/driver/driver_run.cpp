@@ -45,7 +45,7 @@ Command driverCommandInRealTime(const TestPlace& place, const std::vector<std::s
     command.words = {driverProgram()};
     command.words.insert(command.words.end(), arguments.begin(), arguments.end());
     command.environment = {{"DFBARGS", kDisplay}, {"VKB_TEST_ROOT", place.root()}};
-    command.preload = {VKB_TEST_SEAMS, VKB_TEST_KEEP_OBJECTS};
+    command.preload = {VKB_TEST_SEAMS, VKB_TEST_DIRECTFB_SEAMS};
     return command;
 }
 
@@ -61,7 +61,7 @@ Command driverCommandTraced(const TestPlace& place, const std::vector<std::strin
                             const std::string& failing_call, int number)
 {
     Command command = driverCommand(place, arguments);
-    command.preload.push_back(VKB_TEST_TRACE_LIBRARY);
+    command.environment["VKB_TEST_TRACE"] = "1";
     if (!failing_call.empty())
         command.environment["VKB_TEST_FAIL"] = failing_call + " " + std::to_string(number);
     return command;

@@ -68,13 +68,16 @@ TEST_F(CoreWindow, AllCoresShareOneWindow)
 
 TEST_F(CoreWindow, FailuresAroundTheWindowAreIgnored)
 {
-    for (const char* method : {"SetCooperativeLevel", "SetOpacity", "RaiseToTop", "LowerToBottom"})
+    for (const char* method :
+         {"SetCooperativeLevel", "SetOpacity", "RaiseToTop", "LowerToBottom", "Release"})
         m_display.failEvery(method, DFB_ACCESSDENIED);
     create();
     startIt();
     expectTrace(firstStart());
     EXPECT_TRUE(m_core->isKeyBoardEnable());
     m_core->HideDFBWindow();
+    m_core->OnIMECancelled();
+    EXPECT_EQ(m_display.liveWindows(), 0u);
 }
 
 TEST_F(CoreWindow, AWindowThatFailsToBeDestroyedIsForgotten)

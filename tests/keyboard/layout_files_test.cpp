@@ -1,35 +1,59 @@
 // Layout files that break while the keyboard is in use.
 #include <cstdlib>
 #include <random>
+#include <string>
 
 #include <gmock/gmock.h>
 #include <json/json.h>
 
 #include "drawn_keyboard.h"
-#include "fault_layouts.h"
 #include "keyboard_core.h"
+#include "layout_sample.h"
 #include "recording_display.h"
+#include "row.h"
 #include "trace.h"
-
-using test_support::drawnKeyboard;
-using test_support::LayoutFolder;
-using test_support::RecordingDisplay;
-using testing::AnyOf;
-using velmora::browser::vkb::Button_t;
-using velmora::browser::vkb::KeyBoardCore;
 
 namespace
 {
 
+using namespace test_support;
+using sample::kLanguage;
+using testing::AnyOf;
+using testing::IsEmpty;
+using velmora::browser::vkb::Button_t;
+using velmora::browser::vkb::KeyBoardCore;
+
 const int kOk = 13;
 const int kLeft = 37;
 const int kRight = 39;
+const char kUnreadable[] = "VKB_TEST_FAIL_OPEN";
 
-// In the last key's code, which has three digits.
+// No prefix of it is JSON.
+std::string withoutLineEnd(std::string text)
+{
+    text.erase(text.find_last_not_of('\n') + 1);
+    return text;
+}
+
+// The sample's first keys, or one of them again behind them.
+std::string keyMapText(const std::string& layout, size_t count = sample::kKeys)
+{
+    std::vector<Key> keys = sample::allKindsDefaultKeys(layout);
+    keys.resize(count, keys[0]);
+    return withoutLineEnd(asJson(keys, keys));
+}
+
+std::string catalogueText()
+{
+    Catalogue catalogue = sample::allKindsCatalogue();
+    catalogue.names = {"English", "German"};
+    return withoutLineEnd(asJson(catalogue));
+}
+
 std::string withAWordForANumber(std::string keyMap)
 {
-    const size_t at = keyMap.rfind("\"keyCode\"");
-    return keyMap.replace(keyMap.find_first_of("0123456789", at), 3, "\"x\"");
+    const size_t at = keyMap.rfind("\"keyCode\" : ") + 12;
+    return keyMap.replace(at, keyMap.find(',', at) - at, "\"x\"");
 }
 
 // The core reads the font's path when it is made, and the log its level at the first line.
@@ -41,37 +65,55 @@ struct Environment {
     }
 };
 
+// Two layouts, the first of them shown with the focus on the language key.
 class LayoutFaults : public testing::Test
 {
 protected:
-    void SetUp() override
+    void SetUp() override { repairAndStart(); }
+    void TearDown() override { unsetenv(kUnreadable); }
+
+    void repairAndStart()
     {
-        writeGoodFiles(m_folder);
+        unsetenv(kUnreadable);
+        m_core.OnIMECancelled();
+        m_folder.writeCatalogue(catalogueText());
+        for (const std::string layout : {"English", "German"})
+            m_folder.writeKeyMap(layout, keyMapText(layout));
         m_core.OnIMEStart(m_display.dfb(), nullptr);
         ASSERT_TRUE(m_core.isShow());
+        m_core.FocusButtonChangedTo(kLanguage);
     }
-
-    void TearDown() override { unsetenv("VKB_TEST_FAIL_OPEN"); }
 
     Button_t focus() { return m_core.getTargetButtonByButtonId(-1); }
 
-    std::vector<std::string> press(int key, int result)
+    // The keys that are drawn then.
+    Lines press(int key, int result = 0)
     {
-        test_support::takeTrace();
+        takeTrace();
         EXPECT_EQ(m_core.onKeyEvent(key), result);
-        return drawnKeyboard(test_support::takeTrace()).keys;
+        return drawnKeyboard(takeTrace()).keys;
+    }
+
+    static Lines keysOf(const std::string& layout)
+    {
+        return {"a", "Shift", "Alt", layout, "ClearAll", "Hide", "Fn", "mute"};
     }
 
     // One layout after the other by the language key, which has the focus; all keys are there.
-    void expectBothLayoutsWork(const std::string& first, const std::string& second)
+    void expectBothLayoutsWork()
     {
-        EXPECT_EQ(press(kOk, 0), labels(first));
-        EXPECT_EQ(press(kOk, 0), labels(second));
+        EXPECT_EQ(press(kOk), keysOf("German"));
+        EXPECT_EQ(press(kOk), keysOf("English"));
     }
 
-    static std::vector<std::string> labels(const std::string& mark)
+    // The focus stays on the key that was copied, and arrows do nothing.
+    void expectNoKeysInTheSecondLayout()
     {
-        return {"Next", "a" + mark, "Shift", "Alt", "a" + mark};
+        ASSERT_THAT(press(kOk), IsEmpty());
+        ASSERT_THAT(press(kRight), IsEmpty());
+        ASSERT_THAT(press(kLeft), IsEmpty());
+        ASSERT_EQ(focus().text, "English");
+        ASSERT_EQ(press(kOk), keysOf("English"));
     }
 
     Environment m_environment; // before the core
@@ -80,24 +122,47 @@ protected:
     KeyBoardCore m_core;
 };
 
-} // namespace
+struct FileFault : Row {
+    void (*breakKeyMap)(LayoutFolder& folder);
+};
+
+const FileFault kFileFaults[] = {
+    {"Missing", [](LayoutFolder& folder) { folder.removeKeyMap("German"); }},
+    {"Unreadable",
+     [](LayoutFolder&) { setenv(kUnreadable, LayoutFolder::keyMapPath("German").c_str(), 1); }},
+    {"AFolder",
+     [](LayoutFolder& folder) {
+         folder.removeKeyMap("German");
+         folder.linkFile(LayoutFolder::keyMapPath("German"), "/");
+     }},
+};
+
+class KeyMapFault : public LayoutFaults, public testing::WithParamInterface<FileFault>
+{
+};
+
+TEST_P(KeyMapFault, LeavesNoKeysUntilItIsRepaired)
+{
+    GetParam().breakKeyMap(m_folder);
+    expectNoKeysInTheSecondLayout();
+    unsetenv(kUnreadable);
+    m_folder.removeKeyMap("German");
+    m_folder.writeKeyMap("German", keyMapText("German"));
+    expectBothLayoutsWork();
+}
+
+INSTANTIATE_TEST_SUITE_P(File, KeyMapFault, testing::ValuesIn(kFileFaults), RowName());
 
 TEST_F(LayoutFaults, AKeyMapCutOffAtAnyByteLeavesNoKeysUntilItIsWhole)
 {
-    const std::string whole = keyMapText("2");
-    const std::vector<std::string> none;
+    const std::string whole = keyMapText("German", 5);
     for (size_t bytes = 0; bytes < whole.size(); ++bytes) {
         SCOPED_TRACE("cut off after " + std::to_string(bytes) + " bytes");
-        m_folder.writeKeyMap("Two", whole.substr(0, bytes));
-        ASSERT_EQ(press(kOk, 0), none);
-        // The focus stays on the key that was copied, and arrows do nothing.
-        ASSERT_EQ(press(kRight, 0), none);
-        ASSERT_EQ(press(kLeft, 0), none);
-        ASSERT_EQ(focus().text, "Next");
-        ASSERT_EQ(press(kOk, 0), labels("1"));
+        m_folder.writeKeyMap("German", whole.substr(0, bytes));
+        ASSERT_NO_FATAL_FAILURE(expectNoKeysInTheSecondLayout());
     }
-    m_folder.writeKeyMap("Two", whole);
-    expectBothLayoutsWork("2", "1");
+    m_folder.writeKeyMap("German", keyMapText("German"));
+    expectBothLayoutsWork();
 }
 
 TEST_F(LayoutFaults, ACatalogueCutOffAtAnyByteStartsNothingUntilItIsWhole)
@@ -110,142 +175,101 @@ TEST_F(LayoutFaults, ACatalogueCutOffAtAnyByteStartsNothingUntilItIsWhole)
         m_core.OnIMEStart(m_display.dfb(), nullptr);
         ASSERT_FALSE(m_core.isKeyBoardEnable());
         ASSERT_EQ(m_core.onKeyEvent(kRight), 2);
-        m_core.OnIMECancelled();
-        m_folder.writeCatalogue(whole);
-        m_core.OnIMEStart(m_display.dfb(), nullptr);
-        ASSERT_TRUE(m_core.isKeyBoardEnable());
-        expectBothLayoutsWork("2", "1");
+        ASSERT_NO_FATAL_FAILURE(repairAndStart());
+        expectBothLayoutsWork();
     }
+    m_core.OnIMECancelled();
+    m_folder.removeCatalogue();
+    m_folder.linkFile(LayoutFolder::cataloguePath(), "/"); // a folder
+    m_core.OnIMEStart(m_display.dfb(), nullptr);
+    EXPECT_FALSE(m_core.isKeyBoardEnable());
 }
 
 TEST_F(LayoutFaults, ACatalogueThatBreaksLaterIsNotMissed)
 {
     m_folder.removeCatalogue();
-    expectBothLayoutsWork("2", "1");
+    expectBothLayoutsWork();
     m_folder.writeCatalogue("{");
-    expectBothLayoutsWork("2", "1");
+    expectBothLayoutsWork();
 }
 
-TEST_F(LayoutFaults, AKeyMapThatVanishesComesBack)
+TEST_F(LayoutFaults, AnEmptyKeySetIsReadAgainAsSoonAsItIsAskedFor)
 {
-    m_folder.removeKeyMap("Two");
-    EXPECT_TRUE(press(kOk, 0).empty());
-    m_folder.writeKeyMap("Two", keyMapText("2"));
-    // The empty set is read again as soon as it is asked for.
+    m_folder.removeKeyMap("German");
+    EXPECT_THAT(press(kOk), IsEmpty());
+    m_folder.writeKeyMap("German", keyMapText("German"));
     m_core.updateKeyBoardUI();
-    EXPECT_EQ(press(kRight, 0), labels("2"));
-    EXPECT_EQ(focus().text, "a2");
-}
-
-TEST_F(LayoutFaults, AnUnreadableKeyMapIsReadOnceItCanBe)
-{
-    setenv("VKB_TEST_FAIL_OPEN", LayoutFolder::keyMapPath("Two").c_str(), 1);
-    EXPECT_TRUE(press(kOk, 0).empty());
-    unsetenv("VKB_TEST_FAIL_OPEN");
-    EXPECT_EQ(press(kOk, 0), labels("1"));
-    expectBothLayoutsWork("2", "1");
-}
-
-TEST_F(LayoutFaults, AFolderInPlaceOfAFileIsAsGoodAsNone)
-{
-    m_folder.removeKeyMap("Two");
-    m_folder.linkFile(LayoutFolder::keyMapPath("Two"), "/");
-    ASSERT_EQ(press(kOk, 0), std::vector<std::string>());
-    ASSERT_EQ(press(kOk, 0), labels("1"));
-    m_folder.removeKeyMap("Two");
-    m_folder.writeKeyMap("Two", keyMapText("2"));
-    expectBothLayoutsWork("2", "1");
-
-    m_core.OnIMECancelled();
-    m_folder.removeCatalogue();
-    m_folder.linkFile(LayoutFolder::cataloguePath(), "/");
-    m_core.OnIMEStart(m_display.dfb(), nullptr);
-    EXPECT_FALSE(m_core.isKeyBoardEnable());
+    EXPECT_EQ(press(kRight), keysOf("German"));
+    EXPECT_EQ(focus().text, "ClearAll");
 }
 
 TEST_F(LayoutFaults, AShorterKeyMapKeepsTheFocusedKeyUntilAMove)
 {
-    m_core.FocusButtonChangedTo(4);
-    m_folder.writeKeyMap("Two", keyMapText("2", 2));
+    m_core.FocusButtonChangedTo(sample::kClearAll);
+    m_folder.writeKeyMap("German", keyMapText("German", 2));
     m_core.onLayoutChanged();
     m_core.updateKeyBoardUI();
-    EXPECT_EQ(focus().text, "a1"); // the key of the layout before; its position is not there now
-    EXPECT_EQ(press(kOk, 1), (std::vector<std::string>{}));
-    EXPECT_EQ(m_core.getKeyBoardButton(), 104);
-    // Its neighbours are positions of the layout before: the left one, 3, is not there; the right
-    // one is key 0.
-    press(kLeft, 0);
-    EXPECT_EQ(focus().text, "a1");
-    press(kRight, 0);
-    EXPECT_EQ(focus().text, "Next");
+    // The key of the layout before, and its neighbours: the left one is not there, the upper is.
+    EXPECT_EQ(focus().text, "ClearAll");
+    EXPECT_THAT(press(kOk, 1), IsEmpty());
+    EXPECT_EQ(m_core.getKeyBoardButton(), 46);
+    press(kLeft);
+    EXPECT_EQ(focus().text, "ClearAll");
+    press(38);
+    EXPECT_EQ(focus().text, "a");
 }
 
 TEST_F(LayoutFaults, AKeyThatCannotBeConvertedThrowsAndTheKeyboardGoesOn)
 {
-    m_folder.writeKeyMap("Two", withAWordForANumber(keyMapText("2")));
+    m_folder.writeKeyMap("German", withAWordForANumber(keyMapText("German")));
     EXPECT_THROW(m_core.onKeyEvent(kOk), Json::Exception);
     // The keys shown are still those of before.
-    EXPECT_EQ(press(kRight, 0), labels("1"));
-    EXPECT_EQ(press(kLeft, 0), labels("1"));
-    EXPECT_EQ(press(kOk, 0), labels("1"));
-    m_folder.writeKeyMap("Two", keyMapText("2"));
-    expectBothLayoutsWork("2", "1");
+    EXPECT_EQ(press(kRight), keysOf("English"));
+    EXPECT_EQ(press(kLeft), keysOf("English"));
+    EXPECT_EQ(press(kOk), keysOf("English"));
+    m_folder.writeKeyMap("German", keyMapText("German"));
+    expectBothLayoutsWork();
 }
 
 // Each press of a key meets another state of the files.
 TEST_F(LayoutFaults, FilesThatChangeAtRandomNeverEndTheKeyboard)
 {
     std::mt19937 random(20240229);
-    const int keys[] = {kOk, kOk, kLeft, 38, kRight, 40};
     int thrown = 0;
     for (int step = 0; step < 3000; ++step) {
         SCOPED_TRACE("step " + std::to_string(step));
-        const std::string layout = kLayouts[random() % 2];
-        const std::string whole = keyMapText(layout == "One" ? "1" : "2", kKeys);
-        unsetenv("VKB_TEST_FAIL_OPEN");
-        switch (random() % 9) {
-        case 0:
+        const std::string layout = random() % 2 == 0 ? "English" : "German";
+        const std::string whole = keyMapText(layout);
+        std::string changed = whole;
+        changed[random() % changed.size()] = static_cast<char>(random() % 256);
+        const std::string texts[] = {whole.substr(0, random() % whole.size()),
+                                     keyMapText(layout, 1 + random() % 4),
+                                     keyMapText(layout, sample::kKeys + 3), // beyond the positions
+                                     changed, withAWordForANumber(whole)};
+        unsetenv(kUnreadable);
+        const size_t choice = random() % 9;
+        if (choice == 0)
             m_folder.removeKeyMap(layout);
-            break;
-        case 1:
-            m_folder.writeKeyMap(layout, whole.substr(0, random() % whole.size()));
-            break;
-        case 2:
-            setenv("VKB_TEST_FAIL_OPEN", LayoutFolder::keyMapPath(layout).c_str(), 1);
-            break;
-        case 3:
-            m_folder.writeKeyMap(layout, keyMapText("short", 1 + static_cast<int>(random() % 4)));
-            break;
-        case 4: // more keys than the catalogue has positions
-            m_folder.writeKeyMap(layout, keyMapText("long", kKeys + 3));
-            break;
-        case 5: { // one byte is another
-            std::string changed = whole;
-            changed[random() % changed.size()] = static_cast<char>(random() % 256);
-            m_folder.writeKeyMap(layout, changed);
-            break;
-        }
-        case 6:
-            m_folder.writeKeyMap(layout, withAWordForANumber(whole));
-            break;
-        default:
-            m_folder.writeKeyMap(layout, whole);
-        }
+        else if (choice == 1)
+            setenv(kUnreadable, LayoutFolder::keyMapPath(layout).c_str(), 1);
+        else
+            m_folder.writeKeyMap(layout, choice < 7 ? texts[choice - 2] : whole);
+
+        m_core.Show(); // a hide key may have been pressed
         for (int i = 0; i < 4; ++i) {
+            const int keys[] = {kOk, kOk, kLeft, 38, kRight, 40};
             try {
                 ASSERT_THAT(m_core.onKeyEvent(keys[random() % 6]), AnyOf(0, 1, 2));
             } catch (const Json::Exception&) {
                 ++thrown;
             }
-            ASSERT_TRUE(m_core.isShow());
         }
-        test_support::takeTrace();
+        ASSERT_TRUE(m_core.isKeyBoardEnable());
+        takeTrace();
     }
     EXPECT_GT(thrown, 0) << "no value was met that the library cannot convert";
-
-    unsetenv("VKB_TEST_FAIL_OPEN");
-    writeGoodFiles(m_folder);
-    m_core.OnIMECancelled();
-    m_core.OnIMEStart(m_display.dfb(), nullptr);
-    expectBothLayoutsWork("2", "1");
+    ASSERT_NO_FATAL_FAILURE(repairAndStart());
+    expectBothLayoutsWork();
 }
+
+} // namespace

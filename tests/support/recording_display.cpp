@@ -80,16 +80,19 @@ template <class Interface> Object& objectOf(Interface* table)
     return *static_cast<Object*>(table->priv);
 }
 
-template <class Interface> std::string nameOf(Interface* table)
-{
-    return table == nullptr ? "null" : objectOf(table).name;
-}
-
 std::string newName(const std::string& kind)
 {
     return kind + std::to_string(++state().numbers[kind]);
 }
 
+std::string hex(unsigned int value)
+{
+    char text[16];
+    std::snprintf(text, sizeof text, "0x%X", value);
+    return text;
+}
+
+// An argument as the lines show it.
 std::string asText(int number)
 {
     return std::to_string(number);
@@ -100,11 +103,31 @@ std::string asText(const std::string& text)
     return text;
 }
 
-std::string hex(unsigned int value)
+std::string asText(IDirectFBFont* font)
 {
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%X", value);
-    return text;
+    return font == nullptr ? "null" : objectOf(font).name;
+}
+
+std::string asText(DFBSurfaceFlipFlags flags)
+{
+    if (flags == DSFLIP_NONE)
+        return "NONE";
+    return flags == DSFLIP_WAITFORSYNC ? "WAITFORSYNC" : hex(static_cast<unsigned int>(flags));
+}
+
+std::string asText(DFBSurfaceTextFlags flags)
+{
+    return flags == DSTF_TOPCENTER ? "TOPCENTER" : hex(static_cast<unsigned int>(flags));
+}
+
+std::string asText(DFBDisplayLayerCooperativeLevel level)
+{
+    return level == DLSCL_ADMINISTRATIVE ? "ADMINISTRATIVE" : hex(static_cast<unsigned int>(level));
+}
+
+std::string list()
+{
+    return "";
 }
 
 template <class First, class... More> std::string list(const First& first, const More&... more)
@@ -114,17 +137,12 @@ template <class First, class... More> std::string list(const First& first, const
     return text;
 }
 
-std::string list()
-{
-    return "";
-}
-
 // Records one call and tells what it is to return.
 template <class Interface, class... Arguments>
 DFBResult called(Interface* self, const std::string& method, const Arguments&... arguments)
 {
     State& now = state();
-    const std::string line = nameOf(self) + "." + method + "(" + list(arguments...) + ")";
+    const std::string line = objectOf(self).name + "." + method + "(" + list(arguments...) + ")";
     record(line);
     now.lastCall = line;
     if (now.observer)
@@ -147,102 +165,40 @@ template <class Interface> Made<Interface>& add(const std::string& name)
     return one;
 }
 
-std::string flipFlags(DFBSurfaceFlipFlags flags)
-{
-    if (flags == DSFLIP_NONE)
-        return "NONE";
-    return flags == DSFLIP_WAITFORSYNC ? "WAITFORSYNC" : hex(static_cast<unsigned int>(flags));
-}
-
-std::string textFlags(DFBSurfaceTextFlags flags)
-{
-    return flags == DSTF_TOPCENTER ? "TOPCENTER" : hex(static_cast<unsigned int>(flags));
-}
-
-// A template, because the tables name the region's type in another way from version to version.
-template <class Region> std::string regionText(const Region* region)
-{
-    if (region == nullptr)
-        return "null";
-    return "{" + list(region->x1, region->y1, region->x2, region->y2) + "}";
-}
-
-DFBResult surfaceGetSize(IDirectFBSurface* self, int* width, int* height)
-{
-    const DFBResult result = called(self, "GetSize");
-    if (result != DFB_OK)
-        return result;
-    *width = objectOf(self).width;
-    *height = objectOf(self).height;
-    return result;
-}
-
-DFBResult surfaceClear(IDirectFBSurface* self, u8 r, u8 g, u8 b, u8 a)
-{
-    return called(self, "Clear", r, g, b, a);
-}
-
-template <class Region>
-DFBResult surfaceFlip(IDirectFBSurface* self, const Region* region, DFBSurfaceFlipFlags flags)
-{
-    return called(self, "Flip", regionText(region), flipFlags(flags));
-}
-
-DFBResult surfaceSetColor(IDirectFBSurface* self, u8 r, u8 g, u8 b, u8 a)
-{
-    return called(self, "SetColor", r, g, b, a);
-}
-
-DFBResult surfaceFillRectangle(IDirectFBSurface* self, int x, int y, int w, int h)
-{
-    return called(self, "FillRectangle", x, y, w, h);
-}
-
-DFBResult surfaceDrawLine(IDirectFBSurface* self, int x1, int y1, int x2, int y2)
-{
-    return called(self, "DrawLine", x1, y1, x2, y2);
-}
-
-DFBResult surfaceSetFont(IDirectFBSurface* self, IDirectFBFont* font)
-{
-    return called(self, "SetFont", nameOf(font));
-}
-
-DFBResult surfaceDrawString(IDirectFBSurface* self, const char* text, int bytes, int x, int y,
-                            DFBSurfaceTextFlags flags)
-{
-    return called(self, "DrawString", "\"" + std::string(text) + "\"", bytes, x, y,
-                  textFlags(flags));
-}
-
 IDirectFBSurface* addSurface(int width, int height)
 {
     Made<IDirectFBSurface>& one = add<IDirectFBSurface>(newName("surface"));
     one.object.width = width;
     one.object.height = height;
-    one.table.GetSize = surfaceGetSize;
-    one.table.Clear = surfaceClear;
-    one.table.Flip = surfaceFlip;
-    one.table.SetColor = surfaceSetColor;
-    one.table.FillRectangle = surfaceFillRectangle;
-    one.table.DrawLine = surfaceDrawLine;
-    one.table.SetFont = surfaceSetFont;
-    one.table.DrawString = surfaceDrawString;
+    one.table.GetSize = [](auto* self, int* w, int* h) {
+        const DFBResult result = called(self, "GetSize");
+        if (result == DFB_OK)
+            *w = objectOf(self).width, *h = objectOf(self).height;
+        return result;
+    };
+    one.table.Clear = [](auto* self, auto... rgba) { return called(self, "Clear", rgba...); };
+    one.table.Flip = [](auto* self, const auto* region, auto flags) {
+        if (region == nullptr)
+            return called(self, "Flip", std::string("null"), flags);
+        const std::string corners = list(region->x1, region->y1, region->x2, region->y2);
+        return called(self, "Flip", "{" + corners + "}", flags);
+    };
+    one.table.SetColor = [](auto* self, auto... rgba) { return called(self, "SetColor", rgba...); };
+    one.table.FillRectangle = [](auto* self, auto... area) {
+        return called(self, "FillRectangle", area...);
+    };
+    one.table.DrawLine = [](auto* self, auto... ends) { return called(self, "DrawLine", ends...); };
+    one.table.SetFont = [](auto* self, auto* font) { return called(self, "SetFont", font); };
+    one.table.DrawString = [](auto* self, const char* text, auto... more) {
+        return called(self, "DrawString", "\"" + std::string(text) + "\"", more...);
+    };
     return &one.table;
-}
-
-DFBResult fontGetHeight(IDirectFBFont* self, int* height)
-{
-    const DFBResult result = called(self, "GetHeight");
-    if (result == DFB_OK)
-        *height = objectOf(self).height;
-    return result;
 }
 
 DirectResult fontRelease(IDirectFBFont* self)
 {
     if (!objectOf(self).alive)
-        stop(nameOf(self) + " is released a second time");
+        stop(objectOf(self).name + " is released a second time");
     called(self, "Release");
     objectOf(self).alive = false;
     --state().liveFonts;
@@ -253,7 +209,12 @@ IDirectFBFont* addFont()
 {
     Made<IDirectFBFont>& one = add<IDirectFBFont>(newName("font"));
     one.object.height = state().fontHeight;
-    one.table.GetHeight = fontGetHeight;
+    one.table.GetHeight = [](auto* self, int* height) {
+        const DFBResult result = called(self, "GetHeight");
+        if (result == DFB_OK)
+            *height = objectOf(self).height;
+        return result;
+    };
     one.table.Release = fontRelease;
     ++state().liveFonts;
     return &one.table;
@@ -271,41 +232,25 @@ DFBResult windowGetSurface(IDirectFBWindow* self, IDirectFBSurface** surface)
     return result;
 }
 
-DFBResult windowSetOpacity(IDirectFBWindow* self, u8 opacity)
-{
-    return called(self, "SetOpacity", opacity);
-}
-
-DFBResult windowRaiseToTop(IDirectFBWindow* self)
-{
-    return called(self, "RaiseToTop");
-}
-
-DFBResult windowLowerToBottom(IDirectFBWindow* self)
-{
-    return called(self, "LowerToBottom");
-}
-
-DFBResult windowDestroy(IDirectFBWindow* self)
-{
-    const DFBResult result = called(self, "Destroy");
-    if (result != DFB_OK)
-        return result;
-    objectOf(self).alive = false;
-    --state().liveWindows;
-    return result;
-}
-
 IDirectFBWindow* addWindow(int width, int height)
 {
     Made<IDirectFBWindow>& one = add<IDirectFBWindow>(newName("window"));
     one.object.width = width;
     one.object.height = height;
     one.table.GetSurface = windowGetSurface;
-    one.table.SetOpacity = windowSetOpacity;
-    one.table.RaiseToTop = windowRaiseToTop;
-    one.table.LowerToBottom = windowLowerToBottom;
-    one.table.Destroy = windowDestroy;
+    one.table.SetOpacity = [](auto* self, u8 opacity) {
+        return called(self, "SetOpacity", opacity);
+    };
+    one.table.RaiseToTop = [](auto* self) { return called(self, "RaiseToTop"); };
+    one.table.LowerToBottom = [](auto* self) { return called(self, "LowerToBottom"); };
+    one.table.Destroy = [](auto* self) {
+        const DFBResult result = called(self, "Destroy");
+        if (result == DFB_OK) {
+            objectOf(self).alive = false;
+            --state().liveWindows;
+        }
+        return result;
+    };
     ++state().liveWindows;
     return &one.table;
 }
@@ -333,20 +278,14 @@ DFBResult layerCreateWindow(IDirectFBDisplayLayer* self, const DFBWindowDescript
     return result;
 }
 
-DFBResult layerSetCooperativeLevel(IDirectFBDisplayLayer* self,
-                                   DFBDisplayLayerCooperativeLevel level)
-{
-    return called(self, "SetCooperativeLevel",
-                  level == DLSCL_ADMINISTRATIVE ? std::string("ADMINISTRATIVE")
-                                                : hex(static_cast<unsigned int>(level)));
-}
-
 IDirectFBDisplayLayer* theLayer()
 {
     static IDirectFBDisplayLayer* const layer = [] {
         Made<IDirectFBDisplayLayer>& one = add<IDirectFBDisplayLayer>("layer");
         one.table.CreateWindow = layerCreateWindow;
-        one.table.SetCooperativeLevel = layerSetCooperativeLevel;
+        one.table.SetCooperativeLevel = [](auto* self, auto level) {
+            return called(self, "SetCooperativeLevel", level);
+        };
         return &one.table;
     }();
     return layer;
