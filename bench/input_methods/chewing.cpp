@@ -12,8 +12,8 @@ namespace
 {
 
 ChewingContext* context = nullptr;
-const std::map<std::string, int> kKeys = {{"ㄋ", 's'}, {"ㄧ", 'u'}, {"ˇ", '3'},
-                                          {"ㄏ", 'c'}, {"ㄠ", 'l'}, {"ㄇ", 'a'}, {"ㄚ", '8'}, {"˙", '7'}};
+const std::map<std::string, int> kKeys = {{"ㄋ", 's'}, {"ㄧ", 'u'}, {"ˇ", '3'},  {"ㄏ", 'c'},
+                                          {"ㄠ", 'l'}, {"ㄇ", 'a'}, {"ㄚ", '8'}, {"˙", '7'}};
 
 void ignoreLog(void*, int, const char*, ...) {}
 
@@ -40,12 +40,11 @@ Shown press(const std::string& key)
         chewing_cand_list_first(context);
         shown.candidates.push_back(shown.preedit);
         while (chewing_cand_TotalChoice(context) > 0) {
-            for (int i = 0; i < chewing_cand_TotalChoice(context) &&
-                            shown.candidates.size() < kCandidates;
+            for (int i = 0;
+                 i < chewing_cand_TotalChoice(context) && shown.candidates.size() < kCandidates;
                  ++i)
                 shown.candidates.push_back(chewing_cand_string_by_index_static(context, i));
-            if (shown.candidates.size() == kCandidates ||
-                !chewing_cand_list_has_next(context))
+            if (shown.candidates.size() == kCandidates || !chewing_cand_list_has_next(context))
                 break;
             chewing_cand_list_next(context);
         }

@@ -1,4 +1,5 @@
-// Prints what our library adds to each engine's time a key and to its memory, as rows for scripts/bench.
+// Prints what our library adds to each engine's time a key and to its memory, as rows for
+// scripts/bench.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -37,11 +38,12 @@ struct Times {
 // The least of what is known and of another run.
 void measure(const std::string& program, const Language& language, Times& times)
 {
-    const std::string line = std::string(PROGRAMS) + "/typing_" + program + " " + language.layout + " " +
-                             language.reading + " " + std::to_string(language.rounds);
+    const std::string line = std::string(PROGRAMS) + "/typing_" + program + " " + language.layout +
+                             " " + language.reading + " " + std::to_string(language.rounds);
     Times now;
     std::FILE* output = popen(line.c_str(), "r");
-    const int found = std::fscanf(output, "%lf %lf %lf", &now.nanoseconds, &now.slowNanoseconds, &now.kib);
+    const int found =
+        std::fscanf(output, "%lf %lf %lf", &now.nanoseconds, &now.slowNanoseconds, &now.kib);
     if (pclose(output) != 0 || found != 3) {
         std::fprintf(stderr, "input_method_figures: no figures of: %s\n", line.c_str());
         std::exit(1);

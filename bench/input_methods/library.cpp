@@ -17,7 +17,9 @@ input_methods::InputMethods& methods()
     static input_methods::InputMethods all([] {
         input_methods::Settings settings;
         settings.dataFolder = DATA_FOLDER;
-        settings.report = [](const std::string& line) { std::fprintf(stderr, "%s\n", line.c_str()); };
+        settings.report = [](const std::string& line) {
+            std::fprintf(stderr, "%s\n", line.c_str());
+        };
         return settings;
     }());
     return all;

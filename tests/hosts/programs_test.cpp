@@ -99,6 +99,21 @@ TEST_P(Programs, SayThatTheirOutputIsFull)
               GetParam().name + std::string(": standard output: No space left on device\n"));
 }
 
+// Engines of input methods are loaded when they are used; a program that never does so never pays.
+TEST_P(Programs, LinkNoEngine)
+{
+    for (const std::string file : {GetParam().file, OS_KEYBOARD_TEST}) {
+        test_process::Command command;
+        command.for_target = false;
+        command.words = {"ldd", file};
+        const test_process::Result result = test_process::run(command, "");
+        EXPECT_EQ(result.exit_status, 0) << result.err;
+        EXPECT_THAT(result.out, HasSubstr("libc.so"));
+        for (const char* engine : {"anthy", "chewing", "hangul", "m17n", "rime"})
+            EXPECT_THAT(result.out, Not(HasSubstr(std::string("lib") + engine)));
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(All, Programs, testing::ValuesIn(kPrograms));
 
 } // namespace
