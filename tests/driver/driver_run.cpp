@@ -1,16 +1,23 @@
 #include "driver_run.h"
 
+#include <csignal>
 #include <cstdlib>
+
+#include <gmock/gmock.h>
 
 #include "grid_layout.h"
 
+using namespace transcript;
 using test_process::Command;
+using test_process::Result;
 
 namespace
 {
 
 // DirectFB's own handling of signals stays out of it: under an emulator it can hang in an abort.
 const char* const kDisplay = "system=dummy,mode=1920x1080,quiet,no-cursor,no-sighandler";
+
+const char* const kFonts[] = {"/usr/local/opt/font/TarvoL2700.ttf", "/opt/font/TarvoL2700.ttf"};
 
 // Another build of the driver can be put in its place: the fault tests do.
 std::string driverProgram()
@@ -21,35 +28,36 @@ std::string driverProgram()
 
 } // namespace
 
-void TestPlace::putGridLayouts(const std::vector<std::string>& names)
+TestPlace::TestPlace()
+{
+    nameLayouts({"One", "Two"});
+    for (const std::string name : {"One", "Two"})
+        m_folder.writeKeyMap(name, grid_layout::keyMap(name));
+    for (const char* font : kFonts)
+        m_folder.linkFile(font, VKB_TEST_FONT);
+}
+
+void TestPlace::nameLayouts(const Lines& names)
 {
     m_folder.writeCatalogue(grid_layout::catalogue(names));
-    for (const std::string& name : names)
-        m_folder.writeKeyMap(name, grid_layout::keyMap(name));
 }
 
-void TestPlace::putFonts()
+void TestPlace::removeFonts()
 {
-    for (const char* folder : {"/usr/local/opt/font", "/opt/font"})
-        m_folder.linkFile(std::string(folder) + "/TarvoL2700.ttf", testFont());
+    for (const char* font : kFonts)
+        m_folder.removeFile(font);
 }
 
-std::string testFont()
-{
-    return VKB_TEST_FONT;
-}
-
-Command driverCommandInRealTime(const TestPlace& place, const std::vector<std::string>& arguments)
+Command driverCommandInRealTime(const TestPlace& place, const Lines& arguments)
 {
     Command command;
-    command.words = {driverProgram()};
-    command.words.insert(command.words.end(), arguments.begin(), arguments.end());
+    command.words = Lines{driverProgram()} + arguments;
     command.environment = {{"DFBARGS", kDisplay}, {"VKB_TEST_ROOT", place.root()}};
     command.preload = {VKB_TEST_SEAMS, VKB_TEST_DIRECTFB_SEAMS};
     return command;
 }
 
-Command driverCommand(const TestPlace& place, const std::vector<std::string>& arguments)
+Command driverCommand(const TestPlace& place, const Lines& arguments)
 {
     Command command = driverCommandInRealTime(place, arguments);
     command.environment["VKB_TEST_SLEEPS"] = "/dev/stdout";
@@ -57,7 +65,7 @@ Command driverCommand(const TestPlace& place, const std::vector<std::string>& ar
     return command;
 }
 
-Command driverCommandTraced(const TestPlace& place, const std::vector<std::string>& arguments,
+Command driverCommandTraced(const TestPlace& place, const Lines& arguments,
                             const std::string& failing_call, int number)
 {
     Command command = driverCommand(place, arguments);
@@ -65,4 +73,38 @@ Command driverCommandTraced(const TestPlace& place, const std::vector<std::strin
     if (!failing_call.empty())
         command.environment["VKB_TEST_FAIL"] = failing_call + " " + std::to_string(number);
     return command;
+}
+
+Result runDriver(const Lines& arguments, const std::string& input)
+{
+    const TestPlace place;
+    return test_process::run(driverCommand(place, arguments), input);
+}
+
+void expectRun(const Result& result, const Lines& expected, const std::string& error)
+{
+    EXPECT_EQ(text(reduce(result.out)), text(expected));
+    if (error.empty()) {
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.exitStatus, 0);
+    } else {
+        EXPECT_THAT(result.err, testing::HasSubstr(error));
+        EXPECT_EQ(result.signal, SIGABRT);
+    }
+}
+
+void expectEndlessLoop(const Command& command, const std::string& input, const std::string& prompt,
+                       const Lines& expected)
+{
+    test_process::Process driver(command);
+    ASSERT_TRUE(driver.write(input));
+    driver.closeInput();
+    ASSERT_TRUE(driver.waitForOutput(prompt, 50));
+    driver.kill(SIGKILL);
+    EXPECT_EQ(driver.signal(), SIGKILL) << "it had ended by itself";
+
+    Lines lines = reduce(driver.out());
+    ASSERT_GE(lines.size(), expected.size());
+    lines.resize(expected.size());
+    EXPECT_EQ(text(lines), text(expected));
 }

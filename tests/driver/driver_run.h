@@ -6,39 +6,48 @@
 
 #include "layout_folder.h"
 #include "process.h"
+#include "transcript.h"
 
-// A place of its own for one test: layouts and fonts that the driver sees at the fixed paths.
+// A place of its own for one test: what the driver sees at the fixed paths. At first the test
+// keyboard (grid_layout.h) with the layouts "One" and "Two", and the fonts of both modes.
 class TestPlace
 {
 public:
+    TestPlace();
     const std::string& root() const { return m_folder.root(); }
     test_support::LayoutFolder& folder() { return m_folder; }
 
-    // The test keyboard (grid_layout.h) with these layouts.
-    void putGridLayouts(const std::vector<std::string>& names = {"One", "Two"});
-    // The fonts of both modes.
-    void putFonts();
+    // Another list of layouts in the catalogue.
+    void nameLayouts(const std::vector<std::string>& names);
+    void removeFonts();
 
 private:
     test_support::LayoutFolder m_folder;
 };
 
-// The font that stands in for the television's.
-std::string testFont();
-
 // The test driver with these arguments in this place, on a display without a screen: pauses take
 // no time and stand among the log lines, and the clock stands still but for them.
-test_process::Command driverCommand(const TestPlace& place,
-                                    const std::vector<std::string>& arguments);
+test_process::Command driverCommand(const TestPlace& place, const transcript::Lines& arguments);
 
 // The same, with the system's own pauses and clock.
 test_process::Command driverCommandInRealTime(const TestPlace& place,
-                                              const std::vector<std::string>& arguments);
+                                              const transcript::Lines& arguments);
 
 // The same as the first, with each DirectFB call that opens or closes the display written among
 // the log lines; the call of this name and number (1 for the first) fails.
 test_process::Command driverCommandTraced(const TestPlace& place,
-                                          const std::vector<std::string>& arguments,
+                                          const transcript::Lines& arguments,
                                           const std::string& failing_call = "", int number = 1);
+
+// Runs it, in a place of its own.
+test_process::Result runDriver(const transcript::Lines& arguments, const std::string& input = "");
+
+// The run printed these lines, reduced, and ended well; or with this error, by an exception.
+void expectRun(const test_process::Result& result, const transcript::Lines& expected,
+               const std::string& error = "");
+
+// After the end of its input the loop goes on: it never ends by itself.
+void expectEndlessLoop(const test_process::Command& command, const std::string& input,
+                       const std::string& prompt, const transcript::Lines& expected);
 
 #endif

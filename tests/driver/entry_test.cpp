@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 
 #include "driver_run.h"
-#include "transcript.h"
+#include "row.h"
 
 using namespace transcript;
 using test_process::Process;
@@ -20,16 +20,16 @@ namespace
 const int kExitOfMinusOne = 255;
 
 // A display that is not told to be quiet says that it starts.
-test_process::Command talkingDriver(const TestPlace& place, const std::vector<std::string>& words)
+test_process::Command talkingDriver(const TestPlace& place, const Lines& words)
 {
     test_process::Command command = driverCommand(place, words);
     command.environment["DFBARGS"] = "system=dummy,mode=1920x1080,no-cursor";
     return command;
 }
 
-Result runDriver(const std::vector<std::string>& words)
+Result runTalking(const Lines& words)
 {
-    TestPlace place;
+    const TestPlace place;
     return test_process::run(talkingDriver(place, words));
 }
 
@@ -51,8 +51,7 @@ std::string head(int count, int line, const std::string& mode)
 
 } // namespace
 
-struct Refused {
-    const char* name;
+struct Refused : test_support::Row {
     Lines words;
     std::string printed;
 };
@@ -70,58 +69,35 @@ const Refused kRefused[] = {
     {"LoneKbui", {"kbui"}, head(2, 61, "kbui") + uiUsage()},
 };
 
-void PrintTo(const Refused& refused, std::ostream* stream)
-{
-    *stream << refused.name;
-}
-
 class EntryUsage : public testing::TestWithParam<Refused>
 {
 };
 
 TEST_P(EntryUsage, IsPrintedWithoutTouchingTheDisplay)
 {
-    const Result result = runDriver(GetParam().words);
+    const Result result = runTalking(GetParam().words);
     EXPECT_EQ(result.out, GetParam().printed);
     EXPECT_EQ(result.err, "");
-    EXPECT_EQ(result.exit_status, kExitOfMinusOne);
+    EXPECT_EQ(result.exitStatus, kExitOfMinusOne);
 }
 
 INSTANTIATE_TEST_SUITE_P(Arguments, EntryUsage, testing::ValuesIn(kRefused),
-                         [](const testing::TestParamInfo<Refused>& refused) {
-                             return refused.param.name;
-                         });
-
-TEST(Entry, UsageExitsWithTheLogSwitchedOff)
-{
-    TestPlace place;
-    for (const std::vector<std::string>& words :
-         {std::vector<std::string>{}, {"kb"}, {"kbui"}, {"a", "b", "c", "d"}}) {
-        test_process::Command command = talkingDriver(place, words);
-        command.environment["CSP_DEBUG_LEVEL"] = "0";
-        const Result result = test_process::run(command);
-        EXPECT_EQ(result.out, "");
-        EXPECT_EQ(result.err, "");
-        EXPECT_EQ(result.exit_status, kExitOfMinusOne);
-    }
-}
+                         test_support::RowName());
 
 TEST(Entry, LoneUnknownModeOpensTheDisplayAndRunsNoTest)
 {
-    const Result result = runDriver({"xyz"});
+    const Result result = runTalking({"xyz"});
     EXPECT_EQ(result.out, head(2, 61, "xyz"));
     EXPECT_THAT(result.err, HasSubstr("DirectFB")) << "the display does not say that it starts";
-    EXPECT_EQ(result.exit_status, 0);
+    EXPECT_EQ(result.exitStatus, 0);
 }
 
 TEST(Entry, UnknownModeRunsNoTest)
 {
     for (const std::string mode : {"KB", "Kbui", "kbu", "kb ", ""})
-        EXPECT_EQ(runDriver({mode}).out, head(2, 61, mode));
-    EXPECT_EQ(runDriver({"xyz", "show"}).out, head(3, 73, "xyz"));
-    const Result result = runDriver({"xyz", "left", "3"});
-    EXPECT_EQ(result.out, head(4, 79, "xyz"));
-    EXPECT_EQ(result.exit_status, 0);
+        EXPECT_EQ(runTalking({mode}).out, head(2, 61, mode));
+    EXPECT_EQ(runTalking({"xyz", "show"}).out, head(3, 73, "xyz"));
+    EXPECT_EQ(runTalking({"xyz", "left", "3"}).out, head(4, 79, "xyz"));
 }
 
 TEST(Entry, WindowIsOpenedStepByStepThenClosed)
@@ -136,7 +112,7 @@ TEST(Entry, WindowIsOpenedStepByStepThenClosed)
                             "dfb SetCooperativeLevel 2", "dfb GetSurface", "dfb SetOpacity 0xFF",
                             "dfb RequestFocus", "dfb RaiseToTop", "dfb layer Release",
                             "dfb dfb Release"));
-    EXPECT_EQ(result.exit_status, 0);
+    EXPECT_EQ(result.exitStatus, 0);
 }
 
 TEST(Entry, WaitsForOneCharacterBeforeItReleasesTheDisplay)
@@ -161,34 +137,30 @@ TEST(Entry, DirectFBOptionsCountAsArguments)
     EXPECT_THAT(reduce(result.out),
                 testing::Contains(kbLine(307, "kb_test", "cmd:--dfb:no-cursor,param:")));
     EXPECT_THAT(result.out, HasSubstr("dfb DirectFBInit 3\ndfb DirectFBInit left 2\n"));
-    EXPECT_EQ(result.exit_status, 0);
+    EXPECT_EQ(result.exitStatus, 0);
 }
 
-struct DisplayCall {
-    const char* name;
+struct DisplayCall : test_support::Row {
+    const char* call; // and how many times it was called
     int number;
     const char* text; // printed when it fails
 };
 
 // In the order in which the driver makes them.
 const DisplayCall kDisplayCalls[] = {
-    {"DirectFBInit", 1, "DirectFBInit(&argc, &argv)"},
-    {"DirectFBCreate", 1, "DirectFBCreate(&dfb)"},
-    {"GetDisplayLayer", 1, "dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &layer)"},
-    {"SetCooperativeLevel", 1, "layer->SetCooperativeLevel(layer, DLSCL_ADMINISTRATIVE)"},
-    {"CreateWindow", 1, "layer->CreateWindow( layer, &win_desc, &window )"},
-    {"SetCooperativeLevel", 2, "layer->SetCooperativeLevel(layer, DLSCL_ADMINISTRATIVE)"},
-    {"GetSurface", 1, "window->GetSurface(window,&surface)"},
-    {"SetOpacity", 1, "window->SetOpacity(window, 0xFF)"},
-    {"RequestFocus", 1, "window->RequestFocus(window)"},
-    {"RaiseToTop", 1, "window->RaiseToTop(window)"},
+    {"DirectFBInit1", "DirectFBInit", 1, "DirectFBInit(&argc, &argv)"},
+    {"DirectFBCreate1", "DirectFBCreate", 1, "DirectFBCreate(&dfb)"},
+    {"GetDisplayLayer1", "GetDisplayLayer", 1, "dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &layer)"},
+    {"SetCooperativeLevel1", "SetCooperativeLevel", 1,
+     "layer->SetCooperativeLevel(layer, DLSCL_ADMINISTRATIVE)"},
+    {"CreateWindow1", "CreateWindow", 1, "layer->CreateWindow( layer, &win_desc, &window )"},
+    {"SetCooperativeLevel2", "SetCooperativeLevel", 2,
+     "layer->SetCooperativeLevel(layer, DLSCL_ADMINISTRATIVE)"},
+    {"GetSurface1", "GetSurface", 1, "window->GetSurface(window,&surface)"},
+    {"SetOpacity1", "SetOpacity", 1, "window->SetOpacity(window, 0xFF)"},
+    {"RequestFocus1", "RequestFocus", 1, "window->RequestFocus(window)"},
+    {"RaiseToTop1", "RaiseToTop", 1, "window->RaiseToTop(window)"},
 };
-
-// Shown beside the test's name.
-void PrintTo(const DisplayCall& call, std::ostream* stream)
-{
-    *stream << call.text;
-}
 
 class EntryFailure : public testing::TestWithParam<DisplayCall>
 {
@@ -199,21 +171,18 @@ TEST_P(EntryFailure, EndsTheProcessWithTheCallsText)
     const DisplayCall& call = GetParam();
     TestPlace place;
     const Result result =
-        test_process::run(driverCommandTraced(place, {"kbui", "show"}, call.name, call.number));
+        test_process::run(driverCommandTraced(place, {"kbui", "show"}, call.call, call.number));
 
     const std::string line = std::string("directfb do: '") + call.text + "' failed!\n";
     EXPECT_EQ(result.err.find(line), 0u) << result.err;
     EXPECT_THAT(result.err.substr(line.size()), HasSubstr(std::string("[") + call.text + "]"))
         << "DirectFBErrorFatal reports the same text";
     ASSERT_FALSE(traceOf(result.out).empty());
-    EXPECT_THAT(traceOf(result.out).back(), HasSubstr(call.name)) << "nothing follows it";
+    EXPECT_THAT(traceOf(result.out).back(), HasSubstr(call.call)) << "nothing follows it";
     EXPECT_THAT(result.out, Not(HasSubstr("kb_ui_test.cpp"))) << "no test runs";
     EXPECT_EQ(result.signal, 0);
-    EXPECT_NE(result.exit_status, 0);
+    EXPECT_NE(result.exitStatus, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Calls, EntryFailure, testing::ValuesIn(kDisplayCalls),
-                         [](const testing::TestParamInfo<DisplayCall>& test) {
-                             return std::string(test.param.name) +
-                                    std::to_string(test.param.number);
-                         });
+                         test_support::RowName());

@@ -6,13 +6,13 @@
 #include <gmock/gmock.h>
 
 #include "driver_run.h"
+#include "row.h"
 
 namespace
 {
 
-struct Run {
-    const char* name;
-    std::vector<std::string> arguments;
+struct Run : test_support::Row {
+    transcript::Lines arguments;
     std::string input;
     size_t statements; // that write a line
 };
@@ -31,21 +31,13 @@ const Run kRuns[] = {
      15},
 };
 
-// Shown beside the test's name.
-void PrintTo(const Run& run, std::ostream* stream)
-{
-    *stream << run.name;
-}
-
 class DriverLines : public testing::TestWithParam<Run>
 {
 protected:
     // Where in the driver's sources the lines come from that are shown at this threshold.
     std::set<std::string> statementsShownAt(const char* threshold)
     {
-        TestPlace place;
-        place.putGridLayouts();
-        place.putFonts();
+        const TestPlace place;
         test_process::Command command = driverCommand(place, GetParam().arguments);
         command.environment["CSP_DEBUG_LEVEL"] = threshold;
         const std::string out = test_process::run(command, GetParam().input).out;
@@ -62,7 +54,32 @@ TEST_P(DriverLines, HaveTheLevelOfATrace)
     EXPECT_THAT(statementsShownAt("3999"), testing::IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(All, DriverLines, testing::ValuesIn(kRuns),
-                         [](const testing::TestParamInfo<Run>& run) { return run.param.name; });
+INSTANTIATE_TEST_SUITE_P(All, DriverLines, testing::ValuesIn(kRuns), test_support::RowName());
+
+// What is left are the pauses, and the first reading of the clock: the figure is not asked for.
+TEST(DriverLog, SwitchedOffPrintsNothingAndExitsTheSame)
+{
+    const struct {
+        transcript::Lines arguments;
+        const char* printed;
+        int exitStatus;
+    } runs[] = {
+        {{}, "", 255},
+        {{"kb"}, "", 255},
+        {{"kbui"}, "", 255},
+        {{"a", "b", "c", "d"}, "", 255},
+        {{"kb", "left", "2"}, "clock\nusleep 500000\nusleep 500000\n", 0},
+        {{"kbui", "press"}, "clock\nsleep 1\n", 0},
+    };
+    for (const auto& run : runs) {
+        const TestPlace place;
+        test_process::Command command = driverCommand(place, run.arguments);
+        command.environment["CSP_DEBUG_LEVEL"] = "0";
+        const test_process::Result result = test_process::run(command);
+        EXPECT_EQ(result.out, run.printed);
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.exitStatus, run.exitStatus);
+    }
+}
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "transcript.h"
 
+#include <algorithm>
 #include <regex>
 #include <sstream>
 
@@ -14,47 +15,23 @@ struct Rule {
     std::string replacement;
 };
 
-using Rules = std::vector<Rule>;
+const std::string kCore = R"(\[B-LOG\] keyboard_core\.cpp:\d+:)";
 
-const Rules& commonRules()
-{
-    const std::string core = R"(\[B-LOG\] keyboard_core\.cpp:\d+:)";
-    static const Rules rules = {
-        {std::regex(R"(usage \d+|clock|u?sleep \d+)"), "$&"},
-        // A key's character may be a carriage return.
-        {std::regex(R"(\[B-LOG\] (main|kb)_test\.cpp:[\s\S]*)"), "$&"},
-        {std::regex(R"((\[B-LOG\] kb_ui_test\.cpp:)\d+(:.*))"), "$1*$2"},
-        {std::regex(core + R"(onKeyEvent\(\): Received Keycode: (-?\d+))"), "key $1"},
-        {std::regex(core +
-                    R"(getKeyBoardButton\(\): button\.text = (.*),button\.keyCode = (-?\d+))"),
-         "result $1 $2"},
-        {std::regex(core + R"((\w+)\(\): ShiftMode:(\d)!)"), "mode $1 $2"},
-        {std::regex(core + R"(Show\(\): Show the VKB!)"), "show"},
-        {std::regex(core + R"(Hide\(\): Hide the VKB!)"), "hide"},
-        {std::regex(core + R"(onLayoutChanged\(\): language name :(.*) )"), "layout $1"},
-    };
-    return rules;
-}
-
-const Rules& rendererRules()
-{
-    static const Rules rules = {
-        {std::regex(R"(\[B-LOG\] keyboard_ui\.cpp:\d+:(~?\w+)\(\): (.*))"), "ui $1 $2"}};
-    return rules;
-}
-
-// Returns whether a rule matched.
-bool reduceLine(const std::string& line, const Rules& rules, Lines& reduced)
-{
-    for (const Rule& rule : rules) {
-        std::smatch match;
-        if (!std::regex_match(line, match, rule.pattern))
-            continue;
-        reduced.push_back(match.format(rule.replacement));
-        return true;
-    }
-    return false;
-}
+const std::vector<Rule> kRules = {
+    {std::regex(R"(usage \d+|clock|u?sleep \d+)"), "$&"},
+    // A key's character may be a carriage return.
+    {std::regex(R"(\[B-LOG\] (main|kb)_test\.cpp:[\s\S]*)"), "$&"},
+    {std::regex(R"((\[B-LOG\] kb_ui_test\.cpp:)\d+(:.*))"), "$1*$2"},
+    {std::regex(kCore + R"(onKeyEvent\(\): Received Keycode: (-?\d+))"), "key $1"},
+    {std::regex(kCore + R"(getKeyBoardButton\(\): button\.text = (.*),button\.keyCode = (-?\d+))"),
+     "result $1 $2"},
+    {std::regex(kCore + R"((\w+)\(\): ShiftMode:(\d)!)"), "mode $1 $2"},
+    {std::regex(kCore + R"(Show\(\): Show the VKB!)"), "show"},
+    {std::regex(kCore + R"(Hide\(\): Hide the VKB!)"), "hide"},
+    {std::regex(kCore + R"(onLayoutChanged\(\): language name :(.*) )"), "layout $1"},
+};
+const Rule kRendererRule = {std::regex(R"(\[B-LOG\] keyboard_ui\.cpp:\d+:(~?\w+)\(\): (.*))"),
+                            "ui $1 $2"};
 
 void replaceAll(std::string& text, const std::string& from, const std::string& to)
 {
@@ -125,20 +102,19 @@ Lines reduce(const std::string& output)
         replaceAll(text, kbUsage("kb_test.cpp", line, "kb_test"),
                    "usage " + std::to_string(line) + "\n");
 
+    std::vector<Rule> rules = kRules;
+    if (text.find("mod:kbui") != std::string::npos)
+        rules.push_back(kRendererRule);
     Lines reduced;
     std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        reduceLine(line, commonRules(), reduced);
-    return reduced;
-}
-
-Lines reduceWithRenderer(const std::string& output)
-{
-    Lines reduced;
-    std::istringstream stream(output);
-    for (std::string line; std::getline(stream, line);)
-        if (!reduceLine(line, commonRules(), reduced))
-            reduceLine(line, rendererRules(), reduced);
+    for (std::string line; std::getline(stream, line);) {
+        std::smatch match;
+        const auto rule = std::find_if(rules.begin(), rules.end(), [&](const Rule& each) {
+            return std::regex_match(line, match, each.pattern);
+        });
+        if (rule != rules.end())
+            reduced.push_back(match.format(rule->replacement));
+    }
     return reduced;
 }
 

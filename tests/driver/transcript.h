@@ -26,11 +26,9 @@ std::string uiUsage();
 // The driver's own lines whole, those of kb_ui_test without their numbers; the seams' lines
 // ("usleep 500000", "clock", ...) as they are; and of the keyboard: "key K" for a received key
 // code, "result TEXT CODE" for a key result, "show", "hide", "layout NAME", "mode FUNCTION N" for
-// Shift and Alt. Each usage line of the kb mode is one line, "usage LINE".
+// Shift and Alt. Each usage line of the kb mode is one line, "usage LINE". In the kbui mode each
+// line of the renderer is "ui FUNCTION MESSAGE".
 Lines reduce(const std::string& output);
-
-// The same for the renderer tests, with each line of the renderer as "ui FUNCTION MESSAGE".
-Lines reduceWithRenderer(const std::string& output);
 
 // One line each: strings of several lines are compared with a readable difference.
 std::string text(const Lines& lines);

@@ -55,7 +55,7 @@ protected:
     static test_process::Result run(const std::string& arguments)
     {
         test_process::Command command;
-        command.for_target = false;
+        command.forTarget = false;
         command.words = {"bash", "-c", "exec '" + std::string(GetParam().file) + "' " + arguments};
         return test_process::run(command, "");
     }
@@ -64,7 +64,7 @@ protected:
 TEST_P(Programs, TellFaultsInTheirOptionsInOneForm)
 {
     const test_process::Result result = run(GetParam().fault);
-    EXPECT_EQ(result.exit_status, 2);
+    EXPECT_EQ(result.exitStatus, 2);
     EXPECT_EQ(result.out, "");
     const std::string name = GetParam().name;
     EXPECT_THAT(result.err, HasSubstr(GetParam().message));
@@ -75,7 +75,7 @@ TEST_P(Programs, TellFaultsInTheirOptionsInOneForm)
 TEST_P(Programs, SayTheirVersion)
 {
     const test_process::Result result = run("--version");
-    EXPECT_EQ(result.exit_status, 0);
+    EXPECT_EQ(result.exitStatus, 0);
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(result.out, GetParam().name + std::string(" " VKB_VERSION "\n"));
 }
@@ -84,7 +84,7 @@ TEST_P(Programs, SayTheirVersion)
 TEST_P(Programs, HelpIsForReaders)
 {
     const test_process::Result result = run("--help");
-    EXPECT_EQ(result.exit_status, 0);
+    EXPECT_EQ(result.exitStatus, 0);
     EXPECT_EQ(result.err, "");
     EXPECT_THAT(result.out, HasSubstr("--version"));
     EXPECT_THAT(result.out, Not(HasSubstr("->")));
@@ -94,7 +94,7 @@ TEST_P(Programs, HelpIsForReaders)
 TEST_P(Programs, SayThatTheirOutputIsFull)
 {
     const test_process::Result result = run("--help >/dev/full");
-    EXPECT_EQ(result.exit_status, 2);
+    EXPECT_EQ(result.exitStatus, 2);
     EXPECT_EQ(result.err,
               GetParam().name + std::string(": standard output: No space left on device\n"));
 }

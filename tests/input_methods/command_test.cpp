@@ -24,7 +24,7 @@ test_process::Result run(std::vector<std::string> arguments, const std::string& 
 TEST(InputMethodCommand, PrintsWhatEachKeyDoes)
 {
     const test_process::Result result = run({"Korean"}, "ㄱㅏ<back> a\nㄴ<finish>ㅏ<reset>\n");
-    EXPECT_EQ(result.exit_status, 0);
+    EXPECT_EQ(result.exitStatus, 0);
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(result.out, "ㄱ\tused\tcommit ''\tpreedit 'ㄱ'\n"
                           "ㅏ\tused\tcommit ''\tpreedit '가'\n"
@@ -42,7 +42,7 @@ TEST(InputMethodCommand, PrintsWhatEachKeyDoes)
 TEST(InputMethodCommand, ChoosesAndTurnsPages)
 {
     const test_process::Result result = run({"Chinese_Pinyin"}, "nihao<next><previous><1>\n");
-    EXPECT_EQ(result.exit_status, 0);
+    EXPECT_EQ(result.exitStatus, 0);
     EXPECT_THAT(result.out, HasSubstr("1 你好 2 "));
     EXPECT_THAT(result.out, HasSubstr(" < >\n"));
     EXPECT_THAT(result.out, EndsWith("text\t'你好'\n"));
@@ -56,7 +56,7 @@ TEST(InputMethodCommand, TakesBackWhatAMarkChanges)
 TEST(InputMethodCommand, ListsTheEngines)
 {
     const test_process::Result result = run({"--list", "--learn", "/somewhere"});
-    EXPECT_EQ(result.exit_status, 0);
+    EXPECT_EQ(result.exitStatus, 0);
     EXPECT_THAT(result.out, HasSubstr("Korean\thangul 2\tlibhangul1\tlearns nothing\there\n"));
     EXPECT_THAT(result.out, HasSubstr("Japanese\tanthy romaji\tlibanthy1 anthy-common\t"
                                       "learns in /somewhere/anthy\t"));
@@ -64,10 +64,10 @@ TEST(InputMethodCommand, ListsTheEngines)
 
 TEST(InputMethodCommand, SaysWhatIsWrong)
 {
-    EXPECT_EQ(run({}).exit_status, 2);
-    EXPECT_EQ(run({"Korean", "--list"}).exit_status, 2);
+    EXPECT_EQ(run({}).exitStatus, 2);
+    EXPECT_EQ(run({"Korean", "--list"}).exitStatus, 2);
     const test_process::Result unknown = run({"English"});
-    EXPECT_EQ(unknown.exit_status, 2);
+    EXPECT_EQ(unknown.exitStatus, 2);
     EXPECT_EQ(unknown.err, "input_method: English: the table names no engine for this layout; "
                            "--list names those that have one\n");
 }
@@ -75,7 +75,7 @@ TEST(InputMethodCommand, SaysWhatIsWrong)
 TEST(InputMethodCommand, HelpsItself)
 {
     const test_process::Result result = run({"--help"});
-    EXPECT_EQ(result.exit_status, 0);
+    EXPECT_EQ(result.exitStatus, 0);
     EXPECT_THAT(result.out, StartsWith("Reads lines of what is typed"));
 }
 

@@ -31,7 +31,7 @@ TEST(SpellingTables, AreAsTheyAreMade)
     ASSERT_NE(::mkdtemp(&folder[0]), nullptr);
     test_process::Command command;
     command.words = {MAKE_SPELLING_TABLES, folder};
-    EXPECT_EQ(test_process::run(command).exit_status, 0);
+    EXPECT_EQ(test_process::run(command).exitStatus, 0);
     size_t tables = 0;
     for (const fs::directory_entry& made : fs::directory_iterator(folder)) {
         ++tables;

@@ -125,7 +125,7 @@ TEST_F(Faults, MissingDataIsNamed)
                  fs::copy_options::recursive | fs::copy_options::overwrite_existing);
         fs::remove(folder() / data.folder / data.file);
         const test_process::Result result = tryOut(data.layout, "a\n", {"--engine-data", folder()});
-        EXPECT_EQ(result.exit_status, 2) << data.file << result.out << result.err;
+        EXPECT_EQ(result.exitStatus, 2) << data.file << result.out << result.err;
         EXPECT_THAT(result.err, HasSubstr("no input method")) << data.file;
         EXPECT_THAT(result.err, HasSubstr(folder() / data.folder)) << data.file;
     }
@@ -136,7 +136,7 @@ TEST_F(Faults, AMissingSchemaIsNamed)
     fs::create_directory(folder() / "rime-data");
     const test_process::Result result =
         tryOut("Chinese_Pinyin", "a\n", {"--engine-data", folder()});
-    EXPECT_EQ(result.exit_status, 2);
+    EXPECT_EQ(result.exitStatus, 2);
     EXPECT_THAT(result.err, HasSubstr("rime has no schema 'luna_pinyin_simp' in " +
                                       (folder() / "rime-data").string()));
 }
@@ -151,7 +151,7 @@ TEST_F(Faults, DataThatIsCutOffIsNamed)
             fs::resize_file(file, static_cast<uintmax_t>(double(fs::file_size(file)) * part));
             const test_process::Result result =
                 tryOut(data.layout, "a\n", {"--engine-data", folder()});
-            EXPECT_EQ(result.exit_status, 2)
+            EXPECT_EQ(result.exitStatus, 2)
                 << data.file << " signal " << result.signal << result.out << result.err;
             EXPECT_THAT(result.err, HasSubstr("no input method")) << data.file;
         }
@@ -166,7 +166,7 @@ TEST_F(Faults, DataThatCannotBeReadIsNamed)
         fs::remove(folder() / data.folder / data.file);
         fs::create_directory(folder() / data.folder / data.file);
         const test_process::Result result = tryOut(data.layout, "a\n", {"--engine-data", folder()});
-        EXPECT_EQ(result.exit_status, 2) << data.file << " signal " << result.signal;
+        EXPECT_EQ(result.exitStatus, 2) << data.file << " signal " << result.signal;
         EXPECT_THAT(result.err, HasSubstr("no input method")) << data.file;
         fs::remove_all(folder() / data.folder);
     }
@@ -184,7 +184,7 @@ TEST_F(Faults, ATableThatIsCutOffLeavesTheLetters)
         command.words = {INPUT_METHOD, "Yi", "--data", folder() / "data"};
         const test_process::Result result = test_process::run(command, "nuo'su\n");
         EXPECT_EQ(result.signal, 0) << part;
-        if (result.exit_status == 0)
+        if (result.exitStatus == 0)
             EXPECT_THAT(result.out,
                         testing::AnyOf(HasSubstr("text\t'nuo'su'"), HasSubstr("text\t'ꆈꌠ'")))
                 << part;
@@ -199,7 +199,7 @@ TEST_F(Faults, AFolderThatCannotBeWrittenIsNotLearnedIn)
 {
     for (const char* layout : {"Chinese_Pinyin", "Japanese"}) {
         const test_process::Result result = tryOut(layout, "nihon \n", {"--learn", kNotAFolder});
-        EXPECT_EQ(result.exit_status, 0) << result.err;
+        EXPECT_EQ(result.exitStatus, 0) << result.err;
         EXPECT_THAT(result.out, HasSubstr("text\t'"));
         EXPECT_THAT(result.err, HasSubstr("expected a folder to write to; nothing is learned"));
     }
@@ -240,11 +240,11 @@ TEST_P(FaultsOfADisk, LeaveWhatWasTyped)
                              folder().string() + "' || exit 77; " + GetParam().command +
                              " exec '" INPUT_METHOD "' " + layout +
                              " --data '" DATA_FOLDER "' --learn ."};
-        command.for_target = false;
+        command.forTarget = false;
         const test_process::Result result = test_process::run(command, keys + "<1>\n");
-        if (result.exit_status == 77)
+        if (result.exitStatus == 77)
             GTEST_SKIP() << "this system forbids a process its own disk";
-        EXPECT_EQ(result.exit_status, 0) << layout << result.signal << result.err;
+        EXPECT_EQ(result.exitStatus, 0) << layout << result.signal << result.err;
         EXPECT_EQ(result.out, before.out) << layout;
         EXPECT_THAT(result.err, HasSubstr(GetParam().line)) << layout;
     }
@@ -256,10 +256,10 @@ INSTANTIATE_TEST_SUITE_P(, FaultsOfADisk, testing::ValuesIn(kDisks),
 TEST_F(Faults, LearnsOnlyWhereItIsTold)
 {
     for (const char* layout : {"Chinese_Pinyin", "Chinese_Zhuyin", "Japanese"})
-        EXPECT_EQ(tryOut(layout, "nihon \n").exit_status, 0);
+        EXPECT_EQ(tryOut(layout, "nihon \n").exitStatus, 0);
     EXPECT_TRUE(fs::is_empty(folder()));
     for (const char* layout : {"Chinese_Pinyin", "Chinese_Zhuyin", "Japanese"}) {
-        EXPECT_EQ(tryOut(layout, "nihon \n", {"--learn", folder()}).exit_status, 0);
+        EXPECT_EQ(tryOut(layout, "nihon \n", {"--learn", folder()}).exitStatus, 0);
         EXPECT_FALSE(fs::is_empty(folder())) << layout;
         for (const fs::directory_entry& entry : fs::directory_iterator(folder())) {
             EXPECT_FALSE(fs::is_empty(entry)) << layout;

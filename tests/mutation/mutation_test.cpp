@@ -58,9 +58,9 @@ void runTool(const Words& words)
 {
     Command command;
     command.words = words;
-    command.for_target = false;
+    command.forTarget = false;
     const Result result = test_process::run(command);
-    if (result.exit_status != 0)
+    if (result.exitStatus != 0)
         throw std::runtime_error("the fault does not build:\n" + result.err);
 }
 
@@ -154,13 +154,13 @@ TEST_P(FaultTest, IsNoticed)
     const std::string started = std::string("[ RUN      ] ") + GetParam().test;
 
     const Result right = runTest();
-    ASSERT_EQ(right.exit_status, 0) << "without the fault: " << right.out << right.err;
+    ASSERT_EQ(right.exitStatus, 0) << "without the fault: " << right.out << right.err;
     ASSERT_EQ(test_process::countOf(started, right.out), 1) << "no such test: " << right.out;
 
     ASSERT_NO_FATAL_FAILURE(plant());
     const Result wrong = runTest(build());
     EXPECT_EQ(test_process::countOf(started, wrong.out), 1) << wrong.out << wrong.err;
-    EXPECT_NE(wrong.exit_status, 0) << "the fault went unnoticed: " << wrong.out;
+    EXPECT_NE(wrong.exitStatus, 0) << "the fault went unnoticed: " << wrong.out;
 }
 
 INSTANTIATE_TEST_SUITE_P(Deliberate, FaultTest, testing::ValuesIn(kFaults),

@@ -113,12 +113,17 @@ void LayoutFolder::writeKeyMap(const std::string& layout, const std::string& jso
 
 void LayoutFolder::removeCatalogue()
 {
-    fs::remove(m_root + cataloguePath());
+    removeFile(cataloguePath());
 }
 
 void LayoutFolder::removeKeyMap(const std::string& layout)
 {
-    fs::remove(m_root + keyMapPath(layout));
+    removeFile(keyMapPath(layout));
+}
+
+void LayoutFolder::removeFile(const std::string& path)
+{
+    fs::remove(m_root + path);
 }
 
 void LayoutFolder::writeFile(const std::string& path, const std::string& text)

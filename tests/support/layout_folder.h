@@ -55,6 +55,7 @@ public:
     // link to another file.
     void writeFile(const std::string& path, const std::string& text);
     void linkFile(const std::string& path, const std::string& target);
+    void removeFile(const std::string& path);
 
     static std::string cataloguePath();
     static std::string keyMapPath(const std::string& layout);

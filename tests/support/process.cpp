@@ -56,7 +56,7 @@ std::string joined(const std::vector<std::string>& words, char separator)
 
 std::vector<std::string> wordsOf(const Command& command)
 {
-    std::vector<std::string> words = command.for_target ? emulator() : std::vector<std::string>();
+    std::vector<std::string> words = command.forTarget ? emulator() : std::vector<std::string>();
     words.insert(words.end(), command.words.begin(), command.words.end());
     return words;
 }

@@ -22,7 +22,7 @@ struct Command {
     // Added to a small fixed environment; nothing else of the test's own environment is passed on.
     std::map<std::string, std::string> environment;
     std::vector<std::string> preload; // libraries for LD_PRELOAD
-    bool for_target = true;           // built by this build, so started through its emulator
+    bool forTarget = true;            // built by this build, so started through its emulator
 };
 
 // A running program. Its output is collected as it comes. The destructor kills it if it runs.
@@ -73,7 +73,7 @@ private:
 
 // What a program did that was given all its input at once.
 struct Result {
-    int exit_status;
+    int exitStatus;
     int signal;
     std::string out;
     std::string err;

@@ -106,7 +106,7 @@ TEST(CspDebugLevel, ValueThatIsNoNumberIsReportedOnceAndTheDefaultHolds)
         EXPECT_THAT(result.err, HasSubstr("CSP_DEBUG_LEVEL")) << value;
         EXPECT_THAT(result.err, HasSubstr("'" + std::string(value) + "'"));
         EXPECT_EQ(test_process::countOf("\n", result.err), 1) << result.err;
-        EXPECT_EQ(result.exit_status, 0);
+        EXPECT_EQ(result.exitStatus, 0);
     }
 }
 
@@ -195,7 +195,7 @@ TEST(CspDebugLibrary, SonameIsThePlainName)
 {
     Command command;
     command.words = {"readelf", "-d", VKB_LOG_LIBRARY};
-    command.for_target = false;
+    command.forTarget = false;
     const Result result = test_process::run(command);
     EXPECT_THAT(result.out, HasSubstr("Library soname: [libcspdebug.so]"));
 }
