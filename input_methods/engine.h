@@ -35,6 +35,10 @@ public:
 
     virtual std::string preedit() const = 0;
 
+    // What composes this character, each a row of letters to type; the shortest first. None where
+    // the language converts.
+    virtual std::vector<std::string> spellings(const std::string&) { return {}; }
+
     // At most count of them from this index on; fewer when there are no more.
     virtual std::vector<std::string> candidates(size_t from, size_t count) = 0;
 };

@@ -189,6 +189,47 @@ Answer InputMethod::reset()
     return Answer();
 }
 
+std::string InputMethod::spell(const std::string& text)
+{
+    std::string keys;
+    for (size_t end = 0; end < text.size();) {
+        const size_t length = firstLetterBytes(text.substr(end));
+        const std::string character = text.substr(end, length);
+        end += length;
+        std::string found;
+        for (const std::string& spelling : m_engine->spellings(character))
+            if (found.empty() && composes(keys + spelling, text.substr(0, end)))
+                found = spelling;
+        if (found.empty())
+            return "";
+        keys += found;
+    }
+    return keys;
+}
+
+bool InputMethod::composes(const std::string& keys, const std::string& text)
+{
+    reset();
+    Answer answer;
+    bool isUsed = true;
+    for (size_t i = 0; isUsed && i < keys.size();) {
+        const size_t length = firstLetterBytes(keys.substr(i));
+        isUsed = m_engine->type(keys.substr(i, length), answer);
+        i += length;
+    }
+    m_engine->finish(answer);
+    reset();
+    return isUsed && answer.takeBack == 0 && answer.commit == text;
+}
+
+bool InputMethod::isUsed(const std::string& text)
+{
+    reset();
+    const Answer answer = type(text);
+    reset();
+    return answer.used || !answer.commit.empty();
+}
+
 Answer InputMethod::shown(Answer answer)
 {
     const size_t first = m_page_starts.back();

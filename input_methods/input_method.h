@@ -59,7 +59,15 @@ public:
     /// Drops what is being composed, commits nothing: the field was cleared or is gone.
     Answer reset();
 
+    /// The characters of the keys that compose this text, one behind the other, with nothing before
+    /// it. Empty where the language cannot, and where it converts. Drops what is being composed.
+    std::string spell(const std::string& text);
+
+    /// Whether a key with this text is used while nothing is being composed. Drops what is.
+    bool isUsed(const std::string& text);
+
 private:
+    bool composes(const std::string& keys, const std::string& text);
     Answer shown(Answer answer);
     Answer type(const std::string& text);
     Answer handOver();

@@ -32,6 +32,13 @@ size_t letters(const std::string& utf8)
     return u8_mbsnlen(bytes(utf8), utf8.size());
 }
 
+size_t firstLetterBytes(const std::string& utf8)
+{
+    ucs4_t character = 0;
+    const int length = utf8.empty() ? 0 : u8_mbtouc(&character, bytes(utf8), utf8.size());
+    return length > 0 ? static_cast<size_t>(length) : 0;
+}
+
 size_t lastLetterBytes(const std::string& utf8)
 {
     ucs4_t character = 0;

@@ -118,7 +118,8 @@ void Player::begin(const Step& step)
         press(step.text, step.count);
         break;
     case StepKind::Type:
-        type(planTyping(m_with.model, browser.keyboardState(), step.text, PlanEnd::Text),
+        type(planComposing(m_with.model, Spelling(m_with.model), browser.keyboardState(), step.text,
+                           PlanEnd::Text),
              [this] { finishStep(); });
         break;
     case StepKind::Key:

@@ -73,7 +73,7 @@ int run(const Options& options)
     const KeyboardModel model(installedLayouts());
     Plan plan;
     if (!options.type.empty() && !model.layouts().empty()) {
-        plan = planTyping(model, KeyboardState(), options.type);
+        plan = planComposing(model, Spelling(model), KeyboardState(), options.type);
         if (!plan.possible)
             return fail("--type: " + whyNotTyped(plan, model));
     }

@@ -9,6 +9,7 @@
 #include <map>
 
 #include <unigbrk.h>
+#include <unistr.h>
 
 #include "key_result.h"
 #include "text_line.h"
@@ -27,11 +28,21 @@ const size_t kPressCount = sizeof kPresses / sizeof kPresses[0];
 const int kNowhere = -1;
 const int kUnreached = std::numeric_limits<int>::max();
 
+const char kKeyMark = '\x01'; // no text has it
+const char kKeyText = '\x02';
+
+// A key as part of a text that one layout composes.
+std::string asKey(const std::string& text, int layout)
+{
+    return kKeyMark + std::to_string(layout) + kKeyText + text;
+}
+
 // What the keyboard can do, with a number for each of its states.
 class Keyboard
 {
 public:
-    explicit Keyboard(const KeyboardModel& model);
+    // spelling: null where each key counts as what it shows.
+    explicit Keyboard(const KeyboardModel& model, const Spelling* spelling = nullptr);
 
     int states() const { return m_layouts * kShifts * 2 * m_keys; }
     int number(const KeyboardState& state) const;
@@ -65,7 +76,9 @@ private:
     static const int kShifts = 3;
 
     void addResult(const Button_t& key, const Stroke& stroke);
+    void addPiece(const std::string& text, const Stroke& stroke);
 
+    const Spelling* m_spelling;
     int m_layouts;
     int m_keys = 1; // at least, as numbers are divided by it
     std::vector<int> m_next;
@@ -73,7 +86,8 @@ private:
     std::vector<int> m_submitting;
 };
 
-Keyboard::Keyboard(const KeyboardModel& model) : m_layouts(static_cast<int>(model.layouts().size()))
+Keyboard::Keyboard(const KeyboardModel& model, const Spelling* spelling)
+    : m_spelling(spelling), m_layouts(static_cast<int>(model.layouts().size()))
 {
     for (const Layout& layout : model.layouts())
         for (const auto& shifted : layout.faces)
@@ -127,7 +141,17 @@ void Keyboard::addResult(const Button_t& key, const Stroke& stroke)
         m_submitting.push_back(stroke.from);
     if (action != KeyAction::Insert)
         return;
-    const std::string text = decomposed(keyText(key.character, key.text));
+    const std::string text = keyText(key.character, key.text);
+    const int layout = static_cast<int>(state(stroke.from).layout);
+    const bool isComposed = m_spelling != nullptr && m_spelling->isComposed(layout);
+    if (isComposed)
+        addPiece(asKey(text, layout), stroke);
+    if (!isComposed || m_spelling->isPlain(layout, text))
+        addPiece(decomposed(text), stroke);
+}
+
+void Keyboard::addPiece(const std::string& text, const Stroke& stroke)
+{
     if (text.empty())
         return;
     std::vector<Piece>& pieces = m_pieces[static_cast<unsigned char>(text[0])];
@@ -308,6 +332,20 @@ std::vector<Press> wayTo(const Keyboard& keyboard, const std::vector<Entries>& e
     return presses;
 }
 
+// Each of its keys as a piece of its own.
+std::string keysOf(const Spelling::Part& part)
+{
+    const uint8_t* position = reinterpret_cast<const uint8_t*>(part.keys.data());
+    std::string keys;
+    for (size_t i = 0; i < part.keys.size();) {
+        const int length = u8_mblen(position + i, part.keys.size() - i);
+        const size_t bytes = length > 0 ? static_cast<size_t>(length) : 1;
+        keys += asKey(part.keys.substr(i, bytes), part.layout);
+        i += bytes;
+    }
+    return keys;
+}
+
 // The character around the position as its writer sees it: a letter with its marks is one.
 std::string characterAround(const std::string& text, size_t position)
 {
@@ -322,17 +360,14 @@ std::string characterAround(const std::string& text, size_t position)
     return "";
 }
 
-} // namespace
-
-Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std::string& text,
-                PlanEnd end)
+// wanted: decomposed, and what is to be composed as keys.
+Plan planPieces(const KeyboardModel& model, const Keyboard& keyboard, const KeyboardState& from,
+                const std::string& wanted, PlanEnd end)
 {
-    const std::string wanted = decomposed(text);
     Plan plan;
     if (model.focused(from) == nullptr)
         return plan;
 
-    const Keyboard keyboard(model);
     Reach reach(keyboard);
     std::vector<Entries> entries(wanted.size() + 1); // by the bytes that are typed
     entries[0][keyboard.number(from)] = {0, 0, kNowhere, kNowhere};
@@ -360,6 +395,33 @@ Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std
     plan.presses = wayTo(keyboard, entries, last);
     plan.possible = true;
     return plan;
+}
+
+} // namespace
+
+Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std::string& text,
+                PlanEnd end)
+{
+    return planPieces(model, Keyboard(model), from, decomposed(text), end);
+}
+
+Plan planComposing(const KeyboardModel& model, const Spelling& spelling, const KeyboardState& from,
+                   const std::string& text, PlanEnd end)
+{
+    std::string wanted;
+    for (const Spelling::Part& part : spelling.parts(text)) {
+        if (part.layout == Spelling::kAnyLayout)
+            wanted += decomposed(part.keys);
+        else
+            wanted += keysOf(part);
+    }
+    const Plan plan = planPieces(model, Keyboard(model, &spelling), from, wanted, end);
+    if (plan.possible)
+        return plan;
+    // A language that converts has its keys typed, for candidates to be chosen from.
+    const Plan asShown = planTyping(model, from, text, end);
+    const bool isKey = !plan.obstacle.empty() && plan.obstacle[0] == kKeyMark;
+    return asShown.possible || isKey ? asShown : plan;
 }
 
 Plan planKey(const KeyboardModel& model, const KeyboardState& from,

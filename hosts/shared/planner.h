@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "keyboard_model.h"
+#include "spelling.h"
 
 namespace host
 {
@@ -29,6 +30,11 @@ enum class PlanEnd {
 // length of the text times the number of the keyboard's states.
 Plan planTyping(const KeyboardModel& model, const KeyboardState& from, const std::string& text,
                 PlanEnd end = PlanEnd::Enter);
+
+// The same, with what no key shows composed by the keys of a layout that can. spelling is that of
+// the model.
+Plan planComposing(const KeyboardModel& model, const Spelling& spelling, const KeyboardState& from,
+                   const std::string& text, PlanEnd end = PlanEnd::Enter);
 
 // The fewest presses that press a key of this kind.
 Plan planKey(const KeyboardModel& model, const KeyboardState& from,

@@ -121,7 +121,7 @@ int run(const Options& options)
         if (!isUtf8(*options.type))
             return fail("--type: found bytes that are no UTF-8, expected text in UTF-8; "
                         "is the terminal's character set another one?");
-        plan = planTyping(model, KeyboardState(), *options.type);
+        plan = planComposing(model, Spelling(model), KeyboardState(), *options.type);
         if (!plan.possible)
             return fail("--type: " + whyNotTyped(plan, model));
     }

@@ -2,6 +2,7 @@
 #include <map>
 
 #include <hangul.h>
+#include <unistr.h>
 
 #include "engine.h"
 #include "text.h"
@@ -17,6 +18,13 @@ std::string fromUcs4(const ucschar* text)
     for (; text != nullptr && *text != 0; ++text)
         utf8Text += utf8(*text);
     return utf8Text;
+}
+
+ucschar toUcs4(const std::string& character)
+{
+    ucs4_t code = 0;
+    u8_mbtouc(&code, reinterpret_cast<const uint8_t*>(character.data()), character.size());
+    return code;
 }
 
 class Hangul : public Engine
@@ -47,6 +55,19 @@ public:
 
     std::vector<std::string> candidates(size_t, size_t) override { return {}; }
 
+    std::vector<std::string> spellings(const std::string& character) override
+    {
+        const ucschar code = toUcs4(character);
+        if (!hangul_is_syllable(code))
+            return {lettersOf(code)};
+        ucschar parts[3] = {};
+        hangul_syllable_to_jamo(code, &parts[0], &parts[1], &parts[2]);
+        std::string letters;
+        for (const ucschar jamo : parts)
+            letters += jamo == 0 ? "" : lettersOf(hangul_jamo_to_cjamo(jamo));
+        return {letters};
+    }
+
 private:
     // The layout's keys carry jamo, libhangul wants the Latin letters of its own keyboard. Each
     // letter alone tells which jamo it stands for; of two with the same jamo, as with Shift, the
@@ -61,8 +82,49 @@ private:
         m_keys.erase("");
     }
 
+    // A jamo that no key has is put together from two, at the end of a syllable.
+    std::string lettersOf(ucschar jamo)
+    {
+        const std::string alone = utf8(jamo);
+        if (m_keys.count(alone) != 0)
+            return alone;
+        if (m_pairs.empty())
+            learnPairs();
+        return m_pairs[alone];
+    }
+
+    void learnPairs()
+    {
+        const int initial = m_keys["ㄱ"];
+        const int vowel = m_keys["ㅏ"];
+        for (const auto& first : m_keys)
+            for (const auto& second : m_keys) {
+                learnPair({initial, first.second, second.second}, first.first + second.first);
+                learnPair({initial, vowel, first.second, second.second},
+                          first.first + second.first);
+            }
+    }
+
+    void learnPair(const std::vector<int>& keys, const std::string& pair)
+    {
+        hangul_ic_reset(m_context);
+        bool isOne = true;
+        for (const int key : keys) {
+            hangul_ic_process(m_context, key);
+            isOne = isOne && *hangul_ic_get_commit_string(m_context) == 0;
+        }
+        const ucschar* text = hangul_ic_get_preedit_string(m_context);
+        if (isOne && hangul_is_syllable(text[0]) && text[1] == 0) {
+            ucschar parts[3] = {};
+            hangul_syllable_to_jamo(text[0], &parts[0], &parts[1], &parts[2]);
+            m_pairs.insert({utf8(hangul_jamo_to_cjamo(parts[keys.size() == 3 ? 1 : 2])), pair});
+        }
+        hangul_ic_reset(m_context);
+    }
+
     HangulInputContext* m_context;
-    std::map<std::string, int> m_keys; // of each jamo
+    std::map<std::string, int> m_keys;          // of each jamo
+    std::map<std::string, std::string> m_pairs; // that make a jamo
 };
 
 } // namespace

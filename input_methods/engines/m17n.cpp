@@ -1,10 +1,13 @@
 // Scripts that are spelled with Latin letters, by m17n and its tables. The scheme is language and
 // name of a table: "vi telex" is vi-telex.mim.
+#include <cctype>
 #include <cstdlib>
+#include <map>
 #include <memory>
 
 #include <m17n-misc.h>
 #include <m17n.h>
+#include <uninorm.h>
 
 #include "engine.h"
 #include "text.h"
@@ -36,6 +39,78 @@ std::string fromMText(MText* text)
                             static_cast<int>(bytes.size()));
     bytes.resize(length < 0 ? 0 : static_cast<size_t>(length));
     return bytes;
+}
+
+using Spellings = std::map<std::string, std::vector<std::string>>; // by character
+
+// A rule of a map: the keys as a text, and what comes of them.
+void readRule(MPlist* rule, Spellings& spellings)
+{
+    if (mplist_key(rule) != Mtext || mplist_next(rule) == nullptr)
+        return;
+    const std::string keys = fromMText(static_cast<MText*>(mplist_value(rule)));
+    MPlist* result = mplist_next(rule);
+    std::string text;
+    if (mplist_key(result) == Mtext)
+        text = fromMText(static_cast<MText*>(mplist_value(result)));
+    if (mplist_key(result) == Minteger)
+        text = utf8(static_cast<uint32_t>(reinterpret_cast<uintptr_t>(mplist_value(result))));
+    std::vector<std::string>& known = spellings[text];
+    const bool isShorter = !known.empty() && keys.size() < known.front().size();
+    known.insert(isShorter ? known.begin() : known.end(), keys);
+}
+
+bool isSymbol(MPlist* list, const char* name)
+{
+    return mplist_key(list) == Msymbol && mplist_value(list) == msymbol(name);
+}
+
+// Calls back for each list that stands in this list, behind its first element or not.
+template <typename Take> void forEachList(MPlist* list, const Take& take)
+{
+    for (; list != nullptr && mplist_key(list) != Mnil; list = mplist_next(list))
+        if (mplist_key(list) == Mplist)
+            take(static_cast<MPlist*>(mplist_value(list)));
+}
+
+// All rules of a table, and of those that it includes.
+void readTable(MSymbol language, MSymbol name, Spellings& spellings)
+{
+    MDatabase* database = mdatabase_find(msymbol("input-method"), language, name, Mnil);
+    MPlist* table = database == nullptr ? nullptr : static_cast<MPlist*>(mdatabase_load(database));
+    if (table == nullptr)
+        return;
+    forEachList(table, [&](MPlist* part) {
+        if (isSymbol(part, "map"))
+            forEachList(part, [&](MPlist* map) {
+                forEachList(map, [&](MPlist* rule) { readRule(rule, spellings); });
+            });
+        if (!isSymbol(part, "include"))
+            return;
+        MPlist* other = mplist_next(part);
+        if (other == nullptr || mplist_key(other) != Mplist)
+            return;
+        MPlist* names = static_cast<MPlist*>(mplist_value(other));
+        MSymbol tags[2] = {Mnil, Mnil};
+        for (MSymbol& tag : tags)
+            if (names != nullptr && mplist_key(names) == Msymbol) {
+                tag = static_cast<MSymbol>(mplist_value(names));
+                names = mplist_next(names);
+            }
+        readTable(tags[0], tags[1], spellings);
+    });
+    m17n_object_unref(table);
+}
+
+// The character without its marks; empty for one that is no Latin letter.
+std::string plainLetter(const std::string& character)
+{
+    size_t length = 0;
+    const uint8_t* bytes = reinterpret_cast<const uint8_t*>(character.data());
+    const std::unique_ptr<uint8_t, decltype(&std::free)> apart(
+        u8_normalize(UNINORM_NFD, bytes, character.size(), nullptr, &length), &std::free);
+    const bool isLatin = apart && length > 0 && std::isalpha(apart.get()[0]) != 0;
+    return isLatin ? std::string(1, static_cast<char>(apart.get()[0])) : "";
 }
 
 class M17n : public Engine
@@ -93,14 +168,33 @@ public:
 
     void reset() override
     {
-        minput_reset_ic(m_context);
+        startContext();
         m_keys.clear();
+    }
+
+    // As the table says; or, where it says how letters are changed and not which come of it, the
+    // letter with at most two more.
+    std::vector<std::string> spellings(const std::string& character) override
+    {
+        if (m_spellings.empty())
+            readTable(m_method->language, m_method->name, m_spellings);
+        std::vector<std::string>& known = m_spellings[character];
+        if (known.empty())
+            known = changedLetter(character);
+        return known;
     }
 
     std::string preedit() const override { return fromMText(m_context->preedit); }
     std::vector<std::string> candidates(size_t, size_t) override { return {}; }
 
 private:
+    // minput_reset_ic writes to freed memory once a table has handed a key on to another.
+    void startContext()
+    {
+        minput_destroy_ic(m_context);
+        m_context = minput_create_ic(m_method, nullptr);
+    }
+
     // Returns whether the key was used.
     bool feed(const std::string& name, Answer& answer)
     {
@@ -116,15 +210,39 @@ private:
 
     bool gives(const std::vector<std::string>& keys, const std::string& composed)
     {
-        minput_reset_ic(m_context);
+        startContext();
         Answer answer;
         for (const std::string& key : keys)
             feed(key, answer);
         return answer.commit.empty() && preedit() == composed;
     }
 
+    std::vector<std::string> changedLetter(const std::string& character)
+    {
+        const std::string letter = plainLetter(character);
+        if (letter.empty())
+            return {};
+        std::vector<std::string> more = {"", letter};
+        for (char change = 'a'; change <= 'z'; ++change)
+            more.push_back(std::string(1, change));
+        for (const std::string& first : more)
+            for (const std::string& second : more) {
+                std::vector<std::string> keys = {letter};
+                for (const std::string& key : {first, second})
+                    if (!key.empty())
+                        keys.push_back(key);
+                if (gives(keys, character)) {
+                    reset();
+                    return {letter + first + second};
+                }
+            }
+        reset();
+        return {};
+    }
+
     MInputMethod* m_method;
     MInputContext* m_context;
+    Spellings m_spellings;           // once it was asked for; with what was found besides
     std::vector<std::string> m_keys; // since the last moment when nothing was composed
 };
 

@@ -312,6 +312,88 @@ TEST_F(VietnameseLetters, TakeNoMarkAfterTheCaretMoved)
     }
 }
 
+TEST_F(VietnameseLetters, StayTheirKeysOwnWithoutAMark)
+{
+    std::vector<std::string> lines;
+    const std::unique_ptr<InputMethods> methods = shipped(lines);
+    InputMethod* method = find(*methods, "Vietnamese");
+    ASSERT_NE(method, nullptr);
+    EXPECT_FALSE(method->isUsed("a"));
+    const input_methods::Answer answer = method->feed(keyWithText("a"));
+    EXPECT_FALSE(answer.used);
+    EXPECT_EQ(answer.commit, "");
+}
+
+class Spellings : public Composing
+{
+protected:
+    // Each of these, by what the layout's input method says of its keys.
+    int typeAll(const std::string& layout, const std::vector<uint32_t>& wanted)
+    {
+        std::vector<std::string> lines;
+        const std::unique_ptr<InputMethods> methods = shipped(lines);
+        InputMethod* method = find(*methods, layout);
+        if (method == nullptr)
+            return 0;
+        int count = 0;
+        for (const uint32_t character : wanted) {
+            const std::string keys = method->spell(utf8(character));
+            count += !keys.empty() && typed(layout, keys) == utf8(character) ? 1 : 0;
+        }
+        return count;
+    }
+};
+
+TEST_F(Spellings, TypeEverySyllable)
+{
+    const Range hangul[] = {{0xAC00, 0xD7A3}};
+    EXPECT_EQ(typeAll("Korean", lettersOf(hangul)), 11172);
+    EXPECT_EQ(typeAll("Amharic", lettersOf(kAmharic)), 282);
+    EXPECT_EQ(typeAll("Tigrinya", lettersOf(kTigrinya)), 301);
+    const Range yi[] = {{0xA000, 0xA48C}};
+    EXPECT_EQ(typeAll("Yi", lettersOf(yi)), 1165);
+    const Range cherokee[] = {{0x13A0, 0x13F5}};
+    EXPECT_EQ(typeAll("Cherokee", lettersOf(cherokee)), 86);
+    const Range vai[] = {{0xA500, 0xA60B}};
+    EXPECT_EQ(typeAll("Vai", lettersOf(vai)), 268);
+}
+
+TEST_F(Spellings, TypeVietnameseInTelex)
+{
+    std::vector<std::string> lines;
+    const std::unique_ptr<InputMethods> methods = shipped(lines);
+    InputMethod* method = find(*methods, "Vietnamese_Telex");
+    ASSERT_NE(method, nullptr);
+    for (const Vowel& vowel : kVietnameseVowels)
+        for (const std::string& letter : characters(vowel.tones))
+            EXPECT_EQ(typed("Vietnamese_Telex", method->spell(letter)), letter);
+    EXPECT_EQ(typed("Vietnamese_Telex", method->spell("đường")), "đường");
+}
+
+TEST_F(Spellings, AreNoneWhereTheLanguageHasNone)
+{
+    std::vector<std::string> lines;
+    const std::unique_ptr<InputMethods> methods = shipped(lines);
+    EXPECT_EQ(find(*methods, "Korean")->spell("漢"), "");
+    EXPECT_EQ(find(*methods, "Korean")->spell("한漢"), "");
+    EXPECT_EQ(find(*methods, "Amharic")->spell("한"), "");
+    EXPECT_EQ(find(*methods, "Chinese_Pinyin")->spell("中"), "");
+}
+
+// The packaged library's own way to begin anew writes to freed memory.
+TEST_F(Composing, BeginsAnewAfterEachSign)
+{
+    std::vector<std::string> lines;
+    const std::unique_ptr<InputMethods> methods = shipped(lines);
+    InputMethod* method = find(*methods, "Amharic");
+    ASSERT_NE(method, nullptr);
+    for (char sign = '!'; sign <= '~'; ++sign) {
+        method->feed(keyWithText(std::string(1, sign)));
+        method->reset();
+    }
+    EXPECT_EQ(typed("Amharic", "selam"), "ሰላም");
+}
+
 struct Spelled {
     const char* layout;
     const char* keys; // each takes one Back

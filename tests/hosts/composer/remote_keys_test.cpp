@@ -9,6 +9,7 @@
 #include "composer.h"
 #include "keyboard_constants.h"
 #include "keyboard_host.h"
+#include "planner.h"
 #include "screen.h"
 #include "text_line.h"
 
@@ -119,6 +120,8 @@ protected:
     }
 
     std::string text() const { return m_line.text(); }
+    void clear() { m_line.clear(); }
+    const KeyboardModel& model() const { return *m_model; }
     std::string preedit() const { return m_keyboard->preedit(); }
     Composer& composer() { return *m_composer; }
     KeyboardHost& keyboard() { return *m_keyboard; }
@@ -304,6 +307,46 @@ TEST_F(RemoteKeys, AFieldThatIsLeftGetsTheWord)
     start({"Korean"});
     keys({"ㅎ", "ㅏ"});
     EXPECT_EQ(keyboard().hide().text, "하");
+}
+
+// By the fewest presses of the remote control.
+TEST_F(RemoteKeys, TypeWhatIsPlanned)
+{
+    struct {
+        std::vector<std::string> layouts;
+        std::string text;
+    } const kTexts[] = {
+        {{"Korean"}, "안녕하세요, 값진 과일 ㅋㅋ!"},
+        {{"English", "Korean"}, "Hi 한국 (Korea)."},
+        {{"Amharic"}, "ሰላም ኢትዮጵያ"},
+        {{"Yi"}, "ꆈꌠꁱꂷ"},
+        {{"English", "Amharic"}, "selam ሰላም"},
+        {{"Vietnamese_Telex"}, "Tiếng Việt, đường 9"},
+        {{"English", "Vietnamese_Telex"}, "Tiếng Việt"},
+        {{"Vietnamese"}, "Tiếng Việt"},
+    };
+    for (const auto& wanted : kTexts) {
+        start(wanted.layouts);
+        const Spelling spelling(model(), RESOURCES "/input_methods");
+        const Plan plan = planComposing(model(), spelling, keyboard().state(), wanted.text);
+        EXPECT_TRUE(plan.possible) << wanted.text;
+        KeyboardHost::Answer last;
+        for (const Press press : plan.presses)
+            last = remote(press);
+        EXPECT_EQ(text(), wanted.text);
+        EXPECT_TRUE(last.submits()) << wanted.text;
+        keyboard().end();
+        clear();
+    }
+}
+
+TEST_F(RemoteKeys, WhatNobodyCanTypeIsNamed)
+{
+    start({"English", "Korean"});
+    const Spelling spelling(model(), RESOURCES "/input_methods");
+    const Plan plan = planComposing(model(), spelling, keyboard().state(), "Hi 한漢");
+    EXPECT_FALSE(plan.possible);
+    EXPECT_EQ(plan.obstacle, "漢");
 }
 
 TEST_F(RemoteKeys, APasswordIsNotComposed)
