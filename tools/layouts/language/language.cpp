@@ -60,8 +60,8 @@ const Language* findLanguage(const std::vector<Language>& languages, const std::
 std::vector<LeftOut> readLeftOut(const std::string& file)
 {
     std::vector<LeftOut> result;
-    for (const TableRow& row : readTable(file, 2, 2))
-        result.push_back({row.fields[0], row.fields[1]});
+    for (const TableRow& row : readTable(file, 3, 3))
+        result.push_back({row.fields[0], row.fields[1], row.fields[2]});
     return result;
 }
 

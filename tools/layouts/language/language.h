@@ -28,6 +28,7 @@ const Language* findLanguage(const std::vector<Language>& languages, const std::
 // What has no layout, and why.
 struct LeftOut {
     std::string icuName;
+    std::string name;
     std::string reason;
 };
 std::vector<LeftOut> readLeftOut(const std::string& file);
