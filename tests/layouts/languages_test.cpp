@@ -177,7 +177,8 @@ icu::Locale withLikelySubtags(const std::string& icuName)
 void expectTheSame(const std::string& leftOut, const std::string& shipped)
 {
     ASSERT_NE(findLanguage(languages(), shipped), nullptr) << shipped;
-    EXPECT_STREQ(withLikelySubtags(leftOut).getLanguage(), withLikelySubtags(shipped).getLanguage());
+    EXPECT_STREQ(withLikelySubtags(leftOut).getLanguage(),
+                 withLikelySubtags(shipped).getLanguage());
     EXPECT_STREQ(withLikelySubtags(leftOut).getScript(), withLikelySubtags(shipped).getScript());
 }
 
@@ -186,7 +187,8 @@ void expectTheSameKeys(const std::string& leftOut, const std::string& shipped)
 {
     ASSERT_NE(findLanguage(languages(), shipped), nullptr) << shipped;
     EXPECT_FALSE(findLanguage(languages(), shipped)->letters.empty());
-    EXPECT_STREQ(withLikelySubtags(leftOut).getLanguage(), withLikelySubtags(shipped).getLanguage());
+    EXPECT_STREQ(withLikelySubtags(leftOut).getLanguage(),
+                 withLikelySubtags(shipped).getLanguage());
 }
 
 void expectTheSameLetters(const std::string& leftOut, const std::string& shipped)
@@ -234,9 +236,10 @@ TEST(Languages, AreLeftOutForReasonsThatHold)
 {
     for (const LeftOut& language : readLeftOut(resource("left_out.tsv"))) {
         SCOPED_TRACE(language.icuName + ": " + language.reason);
-        const auto reason = std::find_if(
-            std::begin(kReasons), std::end(kReasons),
-            [&](const Reason& known) { return language.reason.rfind(known.begins, 0) == 0; });
+        const auto reason =
+            std::find_if(std::begin(kReasons), std::end(kReasons), [&](const Reason& known) {
+                return language.reason.rfind(known.begins, 0) == 0;
+            });
         ASSERT_NE(reason, std::end(kReasons)) << "a reason that no test checks";
         reason->check(language.icuName, language.reason.substr(std::strlen(reason->begins)));
     }

@@ -69,7 +69,7 @@ public:
         return all;
     }
 
-    // What the language does not need, while there is room among the letter keys.
+    // What the language does not need, while there is room: on letter keys, then on those of signs.
     void placeForeignLetters(const std::vector<KeyTexts>& letters)
     {
         for (const KeyTexts& letter : letters) {
@@ -79,7 +79,7 @@ public:
         }
         for (const KeyTexts& letter : letters) {
             const size_t near = nearest(homeOf(letter.plain), [&](size_t i) {
-                return isLetterKey(i) && m_keys.isEmpty(i);
+                return isForLetter(i, letter.plain) && m_keys.isEmpty(i);
             });
             if (near < m_keys.size() && isMissing(letter.plain))
                 m_keys.set(near, onlyMissing(letter));
@@ -145,6 +145,14 @@ private:
     bool isMissing(const std::string& text) const
     {
         return !text.empty() && !m_defaults.has(text) && !m_keys.has(text);
+    }
+
+    // Letters may take the keys of signs, but not of digits; marks only those of letters.
+    static bool isForLetter(size_t i, const std::string& text)
+    {
+        const int32_t code = positions()[i].keyCode;
+        const bool isDigitKey = code >= '0' && code <= '9';
+        return isMark(text) ? isLetterKey(i) : positions()[i].role == Role::Printing && !isDigitKey;
     }
 
     bool isEmpty(size_t i, bool shifted) const
