@@ -57,65 +57,49 @@ protected:
                core("enter", "language num :0 \n") + core("enter", "Read language name error! \n");
     }
 
-    static std::string withoutNames()
+    // A start that finds no layouts; what it leaves behind stays.
+    void expectNoStart(const Steps& expected)
     {
-        Catalogue catalogue = sample::allKindsCatalogue();
-        catalogue.names.clear();
-        return asJson(catalogue);
+        {
+            const LeavesBehind parserAndRenderer;
+            startNew();
+        }
+        expectTrace(expected);
+        expectNotStarted();
+    }
+
+    void expectStartWithGoodFiles(const Steps& expected)
+    {
+        sample::writeAllKinds(m_folder);
+        takeTrace();
+        startIt();
+        expectTrace(expected);
+        EXPECT_TRUE(m_core->isKeyBoardEnable());
     }
 };
 
-TEST_F(CoreBadInput, AnEmptyLayoutListLeavesTheKeyboardNotStarted)
+TEST_F(CoreBadInput, AfterAnEmptyLayoutListTheNextStartBuildsAgainInTheSameWindow)
 {
-    m_folder.writeCatalogue(withoutNames());
-    startNew();
-    expectTrace(begun() + noNames(true));
-    expectNotStarted();
+    Catalogue catalogue = sample::allKindsCatalogue();
+    catalogue.names.clear();
+    m_folder.writeCatalogue(asJson(catalogue));
+    expectNoStart(begun() + noNames(true));
+    expectStartWithGoodFiles(imeStarts(false) + parserMade() + windowShown("window1") +
+                             m_renderer.construction(kWidth, kHeight) + entered("English"));
 }
 
-TEST_F(CoreBadInput, AStartAfterAnEmptyListBuildsAgainInTheSameWindowAndReleasesNothing)
+TEST_F(CoreBadInput, AMissingOrMalformedCatalogueGivesNoWindowUntilThereIsAGoodOne)
 {
-    m_folder.writeCatalogue(withoutNames());
-    {
-        const LeavesBehind parserAndRenderer; // an unsuccessful start leaves them
-        startNew();
-    }
-    sample::writeAllKinds(m_folder);
-    takeTrace();
-    startIt();
-    expectTrace(imeStarts(false) + parserMade() + windowShown("window1") +
-                m_renderer.construction(kWidth, kHeight) + entered("English"));
-    EXPECT_TRUE(m_core->isKeyBoardEnable());
-}
-
-TEST_F(CoreBadInput, AMissingOrMalformedCatalogueGivesNoWindowAndNoKeyboard)
-{
-    for (const char* text : {"", "{\"language\": [\"English\""}) {
-        SCOPED_TRACE(text);
-        m_folder.removeCatalogue();
-        if (*text != '\0')
-            m_folder.writeCatalogue(text);
-        startNew();
-        expectTrace(imeStarts(false) + catalogueMissed() + windowWanted(0, 0) + noNames(false));
-        EXPECT_EQ(m_display.liveWindows(), 0u);
-        expectNotStarted();
-        m_core->Show();
-        EXPECT_FALSE(m_core->isShow()) << "there is no renderer";
-    }
-}
-
-TEST_F(CoreBadInput, AStartAfterAMissingCatalogueFindsTheOneThatCameMeanwhile)
-{
+    const Steps expected =
+        imeStarts(false) + catalogueMissed() + windowWanted(0, 0) + noNames(false);
+    m_folder.writeCatalogue("{\"language\": [\"English\"");
+    expectNoStart(expected);
     m_folder.removeCatalogue();
-    {
-        const LeavesBehind parser;
-        startNew();
-    }
-    sample::writeAllKinds(m_folder);
-    takeTrace();
-    startIt();
-    expectTrace(firstStart());
-    EXPECT_TRUE(m_core->isKeyBoardEnable());
+    expectNoStart(expected);
+    EXPECT_EQ(m_display.liveWindows(), 0u);
+    m_core->Show();
+    EXPECT_FALSE(m_core->isShow()) << "there is no renderer";
+    expectStartWithGoodFiles(firstStart());
 }
 
 TEST_F(CoreBadInput, AWindowThatCannotBeMadeLeavesTheKeyboardNotStarted)

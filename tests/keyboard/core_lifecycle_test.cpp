@@ -1,6 +1,7 @@
 // The keyboard's life: construction, start, show, hide, cancel and the end.
 
 #include <cstdlib>
+#include <functional>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -18,9 +19,7 @@ using sample::kLanguage;
 using sample::kLetter;
 using sample::kShift;
 using testing::Contains;
-using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 static_assert(!std::is_polymorphic_v<KeyBoardCore>);
 
@@ -118,72 +117,63 @@ TEST_F(CoreLifecycle, WithAParserTheSizeIsTheCatalogues)
     expectTrace({});
 }
 
-TEST_F(CoreLifecycle, TheFirstStartBuildsEverythingAndFocusesKey0)
+// One host call after the other, each with all calls and log lines.
+TEST_F(CoreLifecycle, EachHostCallOfASessionIsTheseCallsAndLines)
 {
     create();
-    startIt();
-    expectTrace(firstStart());
-    EXPECT_TRUE(m_core->isKeyBoardEnable());
-    EXPECT_TRUE(m_core->isShow());
-    EXPECT_EQ(focused().text, "a");
-}
-
-TEST_F(CoreLifecycle, AStartWhileStartedOnlyShowsAndKeepsTheFocus)
-{
-    start();
-    focus(kShift);
-    startIt();
     const Keys shown = keys();
-    expectTrace(imeStarts(true) + core("Show", "Show the VKB!\n\n") + Renderer::showShown() +
-                m_expected.focusChange(shown, m_none, kShift, shown[kShift]));
-    EXPECT_EQ(focused().id, kShift);
-}
+    const Button_t& focus = shown[kShift];
+    const Steps show = core("Show", "Show the VKB!\n\n");
+    const Steps hide = core("Hide", "Hide the VKB!\n\n");
+    const Steps cancel = core("OnIMECancelled", "IME Cancel:-- \n");
+    const auto startAgain = [this] { startIt(); };
+    const auto showIt = [this] { m_core->Show(); };
+    const auto hideIt = [this] { m_core->Hide(); };
+    const auto cancelIt = [this] { m_core->OnIMECancelled(); };
 
-TEST_F(CoreLifecycle, AStartWhileHiddenShowsAgain)
-{
-    start();
-    m_core->Hide();
-    takeTrace();
-    startIt();
-    const Keys shown = keys();
-    expectTrace(imeStarts(true) + core("Show", "Show the VKB!\n\n") +
-                m_renderer.showHidden(shown, m_none) +
-                m_expected.focusChange(shown, m_none, 0, shown[0]));
-    EXPECT_TRUE(m_core->isShow());
-}
-
-TEST_F(CoreLifecycle, HideKeepsTheKeyboardStartedAndShowBringsItBack)
-{
-    start();
-    m_core->Hide();
-    expectTrace(core("Hide", "Hide the VKB!\n\n") + m_renderer.hideShown());
-    EXPECT_TRUE(m_core->isKeyBoardEnable());
-    EXPECT_FALSE(m_core->isShow());
-
-    m_core->Show();
-    EXPECT_TRUE(m_core->isShow());
-    EXPECT_TRUE(m_core->isKeyBoardEnable());
-}
-
-TEST_F(CoreLifecycle, LeaveOnlyLogsAndTheSystemsLanguageIsTakenWithoutAWord)
-{
-    start();
-    m_core->leave();
-    m_core->notifySysLanguage("de");
-    expectTrace(core("leave", "called\n"));
-    EXPECT_TRUE(m_core->isShow());
-}
-
-TEST_F(CoreLifecycle, CancelReleasesRendererAndWindow)
-{
-    start();
-    m_core->OnIMECancelled();
-    expectTrace(core("OnIMECancelled", "IME Cancel:-- \n") + released("window1"));
-    EXPECT_FALSE(m_core->isKeyBoardEnable());
-    EXPECT_TRUE(m_core->isShow()) << "a cancel leaves it as it was";
+    const struct {
+        const char* what;
+        std::function<void()> call;
+        Steps steps;
+        bool isEnabled, isShown;
+    } session[] = {
+        {"show without a renderer", showIt, show + core("Show", kNoUi, kError), false, false},
+        {"the first start", startAgain, firstStart(), true, true},
+        {"a move of the focus", [this] { m_core->FocusButtonChangedTo(kShift); },
+         m_expected.focusChange(shown, m_none, kShift, focus), true, true},
+        {"a start while shown", startAgain,
+         imeStarts(true) + show + Renderer::showShown() +
+             m_expected.focusChange(shown, m_none, kShift, focus),
+         true, true},
+        {"hide", hideIt, hide + m_renderer.hideShown(), true, false},
+        {"a start while hidden", startAgain,
+         imeStarts(true) + show + m_renderer.showHidden(shown, m_none) +
+             m_expected.focusChange(shown, m_none, kShift, focus),
+         true, true},
+        {"leave", [this] { m_core->leave(); }, core("leave", "called\n"), true, true},
+        {"a language", [this] { m_core->notifySysLanguage("de"); }, {}, true, true},
+        {"hide again", hideIt, hide + m_renderer.hideShown(), true, false},
+        {"show", showIt,
+         show + m_renderer.showHidden(shown, m_none) +
+             m_expected.focusChange(shown, m_none, kShift, focus),
+         true, true},
+        {"a cancel", cancelIt, cancel + released("window1"), false, true},
+        {"a cancel of nothing", cancelIt, cancel, false, true},
+        {"hide without a renderer", hideIt, hide + core("Hide", kNoUi, kError), false, true},
+    };
+    for (const auto& each : session) {
+        SCOPED_TRACE(each.what);
+        each.call();
+        expectTrace(each.steps);
+        EXPECT_EQ(m_core->isKeyBoardEnable(), each.isEnabled);
+        EXPECT_EQ(m_core->isShow(), each.isShown);
+    }
     EXPECT_EQ(m_display.liveWindows(), 0u);
     EXPECT_EQ(m_display.liveFonts(), 0u);
     EXPECT_EQ(m_core->getWidth(), 805) << "the parser is gone";
+    takeTrace();
+    m_core.reset();
+    expectTrace(core("~KeyBoardCore", "called\n"));
 }
 
 TEST_F(CoreLifecycle, CancelKeepsFocusKeysAndResult)
@@ -221,37 +211,6 @@ TEST_F(CoreLifecycle, DestructionReleasesRendererAndWindow)
     m_core.reset();
     expectTrace(core("~KeyBoardCore", "called\n") + released("window1"));
     EXPECT_EQ(m_display.liveWindows(), 0u);
-}
-
-TEST_F(CoreLifecycle, WithNothingToReleaseCancelAndDestructionOnlyLog)
-{
-    for (const bool wasStarted : {false, true}) {
-        SCOPED_TRACE(wasStarted);
-        create();
-        if (wasStarted) {
-            startIt();
-            m_core->OnIMECancelled();
-            takeTrace();
-        }
-        m_core->OnIMECancelled();
-        m_core.reset();
-        expectTrace(core("OnIMECancelled", "IME Cancel:-- \n") + core("~KeyBoardCore", "called\n"));
-    }
-}
-
-TEST_F(CoreLifecycle, WithoutARendererShowAndHideOnlySaySo)
-{
-    create();
-    m_core->Show();
-    EXPECT_FALSE(m_core->isShow());
-    startIt();
-    m_core->OnIMECancelled();
-    takeTrace();
-    m_core->Show();
-    m_core->Hide();
-    expectTrace(core("Show", "Show the VKB!\n\n") + core("Show", kNoUi, kError) +
-                core("Hide", "Hide the VKB!\n\n") + core("Hide", kNoUi, kError));
-    EXPECT_TRUE(m_core->isShow()) << "as the cancel left it";
 }
 
 } // namespace

@@ -51,181 +51,156 @@ const Steps kPainted = kUi.showHidden(kBoth, {});
 struct Bench {
     Bench() { folder.writeFile(kFont, ""); }
 
-    void create() { ui.reset(new KeyBoardUI(display.dfb(), surface)); }
     bool load(int size = 30) { return ui->setLayoutData(&keys, size, kFont); }
-    void lock(Keys keysLocked) { ui->setLocked(keysLocked); }
 
     LayoutFolder folder;
     RecordingDisplay display;
     LogCapture log;
     IDirectFBSurface* surface = display.newSurface(800, 600);
     Keys keys = kBoth;
-    Keys locked = kSecond;
     std::unique_ptr<KeyBoardUI> ui;
 };
 
-void nothing(Bench&) {}
+// What is done with it; a number is a key's position.
+using Act = std::function<void(Bench& bench)>;
+using Acts = std::vector<Act>;
 
-void create(Bench& bench)
-{
-    bench.create();
-}
-
-void load(Bench& bench)
-{
-    bench.create();
-    bench.load();
-}
-
-void loadWithoutKeys(Bench& bench)
-{
-    bench.keys.clear();
-    load(bench);
-}
-
-void lock(Bench& bench)
-{
-    load(bench);
-    bench.lock(bench.locked);
-}
-
-using Act = void (*)(Bench&);
-
-const Act kDraw = [](Bench& bench) { bench.ui->draw(true); };
+const Act kCreate = [](Bench& bench) {
+    bench.ui.reset(new KeyBoardUI(bench.display.dfb(), bench.surface));
+};
+const Act kLoad = [](Bench& bench) { EXPECT_TRUE(bench.load()); };
+const Act kDestroy = [](Bench& bench) { bench.ui.reset(); };
 const Act kShow = [](Bench& bench) { bench.ui->show(); };
 const Act kHide = [](Bench& bench) { bench.ui->hide(); };
-const Act kFocus = [](Bench& bench) { bench.ui->setfocus(bench.keys[0]); };
-const Act kLock = [](Bench& bench) { bench.lock(bench.locked); };
 
-// Several in a row.
-std::function<void(Bench&)> all(const std::vector<Act>& acts)
+Act take(const Keys& keys)
+{
+    return [=](Bench& bench) { bench.keys = keys; };
+}
+
+Act clear(unsigned int argb, bool flip)
+{
+    return [=](Bench& bench) { bench.ui->clear(argb, flip); };
+}
+
+Act draw(bool flip)
+{
+    return [=](Bench& bench) { bench.ui->draw(flip); };
+}
+
+Act focus(size_t key)
+{
+    return [=](Bench& bench) { bench.ui->setfocus(bench.keys[key]); };
+}
+
+Act press(const Button_t& key)
+{
+    return [=](Bench& bench) { bench.ui->press(key); };
+}
+
+Act release(const Button_t& key)
+{
+    return [=](Bench& bench) { bench.ui->pressed(key); };
+}
+
+// The renderer keeps a copy of its own: the list is gone then.
+Act lock(const Keys& keys)
 {
     return [=](Bench& bench) {
-        for (const Act act : acts)
-            act(bench);
+        Keys locked = keys;
+        bench.ui->setLocked(locked);
+        locked.clear();
     };
 }
 
+const Act kLoadWithoutAPath = [](Bench& bench) {
+    EXPECT_FALSE(bench.ui->setLayoutData(&bench.keys, 30, nullptr));
+};
+const Act kLoadAMissingFont = [](Bench& bench) {
+    EXPECT_FALSE(bench.ui->setLayoutData(&bench.keys, 12, "/opt/font/missing.ttf"));
+};
+
+template <class... Each> Acts acts(const Each&... each)
+{
+    return {each...};
+}
+
 struct Operation : Row {
-    std::function<void(Bench&)> before;
-    std::function<void(Bench&)> act;
+    Acts before;
+    Acts acts;
     Steps expected;
 };
 
-const Operation kOperations[] = {
-    {"ConstructionAsksForTheSizeAndClearsBothBuffers", nothing, create, kUi.construction(800, 600)},
-    {"DestructionWithoutAFontOnlyLogs", create, [](Bench& bench) { bench.ui.reset(); },
-     kUi.destruction()},
-    {"DestructionReleasesTheFontAndNothingElse", load, [](Bench& bench) { bench.ui.reset(); },
-     kUi.destruction("font1")},
+const Acts kNew;
+const Acts kCreated = {kCreate};
+const Acts kLoaded = {kCreate, kLoad};
+const Acts kFocused = {kCreate, kLoad, focus(0)};
+const Acts kLocked = {kCreate, kLoad, lock(kSecond)};
+const Keys kOddTexts = {key("", {4, 4, 60, 50}), key("%s%n", {68, 4, 125, 51})};
 
-    {"SetLayoutDataLoadsTheFont", create, [](Bench& bench) { EXPECT_TRUE(bench.load()); },
-     kUi.setLayoutData(2, kFont, "font1")},
-    {"ASecondSetLayoutDataMakesANewFontAndLosesTheFirst", load,
-     [](Bench& bench) {
-         EXPECT_TRUE(bench.load());
-         bench.ui.reset();
-         EXPECT_EQ(bench.display.liveFonts(), 1u);
-     },
+const Operation kOperations[] = {
+    {"ConstructionAsksForTheSizeAndClearsBothBuffers", kNew, acts(kCreate),
+     kUi.construction(800, 600)},
+    {"DestructionWithoutAFontOnlyLogs", kCreated, acts(kDestroy), kUi.destruction()},
+    {"DestructionReleasesTheFontAndNothingElse", kLoaded, acts(kDestroy), kUi.destruction("font1")},
+    {"SetLayoutDataLoadsTheFont", kCreated, acts(kLoad), kUi.setLayoutData(2, kFont, "font1")},
+    {"ASecondSetLayoutDataMakesANewFontAndLosesTheFirst", kLoaded, acts(kLoad, kDestroy),
      kUi.setLayoutData(2, kFont, "font2") + kUi.destruction("font2")},
-    {"SetLayoutDataWithoutAPathLoadsNoFont", create,
-     [](Bench& bench) { EXPECT_FALSE(bench.ui->setLayoutData(&bench.keys, 30, nullptr)); },
+    {"SetLayoutDataWithoutAPathLoadsNoFont", kCreated, acts(kLoadWithoutAPath),
      kUi.logged("setLayoutData", "called lines;2\n") +
          kUi.logged("setLayoutData", "font file is null\n", steps::kError)},
-    {"SetLayoutDataWithAMissingFontStillTakesTheKeysAndKeepsTheFontBefore", load,
-     [](Bench& bench) {
-         EXPECT_FALSE(bench.ui->setLayoutData(&bench.locked, 12, "/opt/font/missing.ttf"));
-         bench.ui->draw(true);
-     },
+    {"SetLayoutDataWithAMissingFontStillTakesTheKeysAndKeepsTheFontBefore", kLoaded,
+     acts(take(kSecond), kLoadAMissingFont, draw(true)),
      kUi.setLayoutDataWithoutFile(1) + kUi.draw(kSecond, {}, true)},
-
-    {"ClearWithoutFlipFillsTheBackBuffer", create,
-     [](Bench& bench) { bench.ui->clear(0x12345678, false); }, kUi.clear("52,86,120,18", false)},
-    {"ClearWithFlipFillsBothBuffers", create,
-     [](Bench& bench) { bench.ui->clear(0xFEDCBA98, true); }, kUi.clear("220,186,152,254", true)},
-
-    {"DrawPaintsEveryKeyInListOrderAndFlips", load, kDraw, kUi.draw(kBoth, {}, true)},
-    {"DrawReadsTheCallersListEachTime", load,
-     [](Bench& bench) {
-         bench.keys.push_back(kStranger);
-         bench.ui->draw(true);
-     },
+    {"ClearWithoutFlipFillsTheBackBuffer", kCreated, acts(clear(0x12345678, false)),
+     kUi.clear("52,86,120,18", false)},
+    {"ClearWithFlipFillsBothBuffers", kCreated, acts(clear(0xFEDCBA98, true)),
+     kUi.clear("220,186,152,254", true)},
+    {"DrawPaintsEveryKeyInListOrderAndFlips", kLoaded, acts(draw(true)), kUi.draw(kBoth, {}, true)},
+    {"DrawReadsTheCallersListEachTime", kLoaded, acts(take({kA, kShift, kStranger}), draw(true)),
      kUi.draw({kA, kShift, kStranger}, {}, true)},
-    {"DrawBeforeSetLayoutDataOnlyLogsAndStillCountsAsHidden", create, all({kDraw, kHide}),
+    {"DrawBeforeSetLayoutDataOnlyLogsAndStillCountsAsHidden", kCreated, acts(draw(true), kHide),
      kWithoutFont.draw(kBoth, {}, true) + kUi.hideHidden()},
-    {"DrawWithoutFlipLeavesTheVisibleBufferButCountsAsShown", load,
-     [](Bench& bench) {
-         bench.ui->draw(false);
-         bench.ui->show();
-     },
+    {"DrawWithoutFlipLeavesTheVisibleBufferButCountsAsShown", kLoaded, acts(draw(false), kShow),
      kUi.draw(kBoth, {}, false) + kUi.showShown()},
-    {"AnEmptyKeyListDrawsOnlyTheBackground", loadWithoutKeys, kDraw, kUi.draw({}, {}, true)},
-    {"AnEmptyKeyListStillDrawsTheLockedKeys", loadWithoutKeys, kLock, kUi.setLocked({}, kSecond)},
-    {"AnEmptyLabelAndFormatCharactersAreLoggedAndDrawnAsTheyStand",
-     [](Bench& bench) {
-         bench.keys[0].text = "";
-         bench.keys[1].text = "%s%n";
-         load(bench);
-     },
-     kDraw, kUi.draw({key("", {4, 4, 60, 50}), key("%s%n", {68, 4, 125, 51})}, {}, true)},
-    {"TextIsCentredWithTheHeightThatTheFontReports",
-     [](Bench& bench) {
-         bench.display.setFontHeight(20);
-         load(bench);
-     },
-     kDraw, Renderer("surface1", 20).draw(kBoth, {}, true)},
-
-    {"ShowTwicePaintsOnceHideTwiceClearsOnce", load, all({kShow, kShow, kHide, kHide, kShow}),
+    {"AnEmptyKeyListDrawsOnlyTheBackgroundAndTheLockedKeys", kLoaded,
+     acts(take({}), draw(true), lock(kSecond)),
+     kUi.draw({}, {}, true) + kUi.setLocked({}, kSecond)},
+    {"AnEmptyLabelAndFormatCharactersAreLoggedAndDrawnAsTheyStand", kLoaded,
+     acts(take(kOddTexts), draw(true)), kUi.draw(kOddTexts, {}, true)},
+    {"ShowTwicePaintsOnceHideTwiceClearsOnce", kLoaded, acts(kShow, kShow, kHide, kHide, kShow),
      kPainted + kUi.showShown() + kUi.hideShown() + kUi.hideHidden() + kPainted},
-    {"AnyClearMakesShowPaintAgain", all({load, kDraw}),
-     [](Bench& bench) {
-         bench.ui->clear(0xFF010203, false);
-         bench.ui->show();
-         bench.ui->clear(0xFF010203, true);
-         bench.ui->show();
-     },
+    {"AnyClearMakesShowPaintAgain", acts(kCreate, kLoad, draw(true)),
+     acts(clear(0xFF010203, false), kShow, clear(0xFF010203, true), kShow),
      kUi.clear("1,2,3,255", false) + kPainted + kUi.clear("1,2,3,255", true) + kPainted},
-
-    {"SetfocusRepaintsEverythingWithOneWhiteFrameAndCountsAsShown", load, all({kFocus, kShow}),
+    {"SetfocusRepaintsEverythingWithOneWhiteFrameAndCountsAsShown", kLoaded, acts(focus(0), kShow),
      kUi.setfocus(kBoth, {}, kA) + kUi.showShown()},
-    {"SetfocusOnAnotherKeyTakesTheFrameFromTheFirst", all({load, kFocus}),
-     [](Bench& bench) { bench.ui->setfocus(bench.keys[1]); }, kUi.setfocus(kBoth, {}, kShift)},
-    {"SetfocusOnALockedKeyKeepsItSunkenInsideTheFrame", lock,
-     [](Bench& bench) { bench.ui->setfocus(bench.keys[1]); }, kUi.setfocus(kBoth, kSecond, kShift)},
-    {"WithoutAFontSetfocusDrawsOnlyTheFrameAndSetLockedOnlyFlips", create, all({kFocus, kLock}),
+    {"SetfocusOnAnotherKeyTakesTheFrameFromTheFirst", kFocused, acts(focus(1)),
+     kUi.setfocus(kBoth, {}, kShift)},
+    {"SetfocusOnALockedKeyKeepsItSunkenInsideTheFrame", kLocked, acts(focus(1)),
+     kUi.setfocus(kBoth, kSecond, kShift)},
+    {"WithoutAFontSetfocusDrawsOnlyTheFrameAndSetLockedOnlyFlips", kCreated,
+     acts(focus(0), lock(kSecond)),
      kWithoutFont.setfocus(kBoth, {}, kA) + kWithoutFont.setLocked(kBoth, {})},
-
-    {"PressShowsTheKeySunkenAndFlipsItsRegion", load,
-     [](Bench& bench) { bench.ui->press(bench.keys[0]); }, kUi.press(kA)},
-    {"PressedShowsTheKeyReleasedWithAFrameAndNoBevel", all({load, kFocus}),
-     [](Bench& bench) { bench.ui->pressed(bench.keys[0]); }, kUi.pressed(kA)},
-    {"PressOfAKeyOutsideTheLayoutIsDrawnWhereItsRectangleSays", load,
-     [](Bench& bench) { bench.ui->press(kStranger); }, kUi.press(kStranger)},
-    {"PressAndPressedDrawWhileHiddenAndStayHidden", load,
-     [](Bench& bench) {
-         bench.ui->press(bench.keys[0]);
-         bench.ui->pressed(bench.keys[0]);
-         bench.ui->hide();
-         bench.ui->show();
-     },
-     kUi.press(kA) + kUi.pressed(kA) + kUi.hideHidden() + kUi.showHidden(kBoth, {})},
-
-    {"SetLockedPaintsTheLockedKeysLastInTheirOrderAndCountsAsShown", load,
-     [](Bench& bench) {
-         bench.lock({bench.keys[1], bench.keys[0]});
-         bench.ui->show();
-     },
-     kUi.setLocked(kBoth, {kShift, kA}) + kUi.showShown()},
-    {"SetLockedKeepsACopyOfItsOwn", load,
-     [](Bench& bench) {
-         bench.ui->setLocked(bench.locked);
-         bench.locked.clear();
-         bench.ui->draw(true);
-     },
-     kUi.setLocked(kBoth, kSecond) + kUi.draw(kBoth, kSecond, true)},
-    {"SetLockedWithAnEmptyListRemovesSunkenKeysAndTheFrame", all({lock, kFocus}),
-     [](Bench& bench) { bench.lock({}); }, kUi.setLocked(kBoth, {})},
+    {"PressShowsTheKeySunkenAndFlipsItsRegion", kLoaded, acts(press(kA)), kUi.press(kA)},
+    {"PressedShowsTheKeyReleasedWithAFrameAndNoBevel", kLoaded, acts(release(kA)), kUi.pressed(kA)},
+    {"PressOfAKeyOutsideTheLayoutIsDrawnWhereItsRectangleSays", kLoaded, acts(press(kStranger)),
+     kUi.press(kStranger)},
+    {"PressAndPressedDrawWhileHiddenAndStayHidden", kLoaded,
+     acts(press(kA), release(kA), kHide, kShow),
+     kUi.press(kA) + kUi.pressed(kA) + kUi.hideHidden() + kPainted},
+    {"SetLockedPaintsTheLockedKeysLastInTheirOrderAndCountsAsShown", kLoaded,
+     acts(lock({kShift, kA}), kShow, draw(true)),
+     kUi.setLocked(kBoth, {kShift, kA}) + kUi.showShown() + kUi.draw(kBoth, {kShift, kA}, true)},
+    {"SetLockedWithAnEmptyListRemovesSunkenKeysAndTheFrame",
+     acts(kCreate, kLoad, lock(kSecond), focus(0)), acts(lock({})), kUi.setLocked(kBoth, {})},
 };
+
+void doAll(const Acts& acts, Bench& bench)
+{
+    for (const Act& act : acts)
+        act(bench);
+}
 
 std::string report(const std::string& text)
 {
@@ -254,9 +229,9 @@ class Drawing : public testing::TestWithParam<Operation>
 TEST_P(Drawing, IsTheseCallsAndLines)
 {
     Bench bench;
-    GetParam().before(bench);
+    doAll(GetParam().before, bench);
     takeTrace();
-    GetParam().act(bench);
+    doAll(GetParam().acts, bench);
     expectTrace(GetParam().expected);
 }
 
@@ -264,7 +239,7 @@ TEST_P(Drawing, AFailureOfAnyCheckedCallIsReportedAndNothingIsDoneAfterIt)
 {
     forEachCheckedCall(GetParam().expected, [](const Steps& done, size_t call) {
         Bench bench;
-        GetParam().before(bench);
+        doAll(GetParam().before, bench);
         takeTrace();
         bench.display.failCall(call, kFailure);
 
@@ -272,7 +247,7 @@ TEST_P(Drawing, AFailureOfAnyCheckedCallIsReportedAndNothingIsDoneAfterIt)
         testing::internal::CaptureStderr();
         FatalError fatal = {"", DFB_OK};
         try {
-            GetParam().act(bench);
+            doAll(GetParam().acts, bench);
         } catch (const FatalError& error) {
             fatal = error;
         }
@@ -305,9 +280,9 @@ TEST(DrawingDeathTest, DirectFBItselfEndsTheProcessForEachText)
             if (!seen.insert(text).second)
                 return;
             Bench bench;
-            operation.before(bench);
+            doAll(operation.before, bench);
             bench.display.failCall(call, kFailure);
-            EXPECT_EXIT(operation.act(bench), endedWithTheResult, reportedByBoth(text));
+            EXPECT_EXIT(doAll(operation.acts, bench), endedWithTheResult, reportedByBoth(text));
         });
     }
     EXPECT_EQ(seen.size(), 18u);
@@ -316,7 +291,7 @@ TEST(DrawingDeathTest, DirectFBItselfEndsTheProcessForEachText)
 TEST(DrawingDeathTest, DrawStringFailsWithoutAFont)
 {
     Bench bench;
-    bench.create();
+    kCreate(bench);
     bench.display.failEvery("DrawString", kFailure);
     const char text[] = "m_surface->DrawString(m_surface,key.text.c_str(),-1,Xcenter,Ycenter,"
                         "DSTF_TOPCENTER)";
@@ -333,19 +308,29 @@ TEST(CheckDirectFB, PrintsTheTextOfAFailureAsItStandsAndNothingElse)
     EXPECT_EQ(testing::internal::GetCapturedStderr(), report("a %s %d text"));
 }
 
-TEST(DrawingFonts, TheGivenSizeIsAskedFor)
+TEST(DrawingFonts, AreAskedForInTheGivenSizeAndTellTheirHeight)
 {
     Bench bench;
-    bench.create();
+    kCreate(bench);
+    bench.display.setFontHeight(20);
     bench.load(12);
     EXPECT_THAT(takeTrace(), testing::Contains("dfb.CreateFont(" + std::string(kFont) +
                                                ",{flags=HEIGHT height=12})"));
+    draw(true)(bench);
+    expectTrace(Renderer("surface1", 20).draw(kBoth, {}, true));
+}
+
+TEST(DrawingFonts, OfAnEarlierReloadStay)
+{
+    Bench bench;
+    doAll({kCreate, kLoad, kLoad, kDestroy}, bench);
+    EXPECT_EQ(bench.display.liveFonts(), 1u);
 }
 
 TEST(DrawingFonts, OneThatFailsToLoadIsNotFatalAndDrawsNothing)
 {
     Bench bench;
-    bench.create();
+    kCreate(bench);
     bench.display.failEvery("CreateFont", DFB_UNSUPPORTED);
     takeTrace();
     EXPECT_TRUE(bench.load());
@@ -361,7 +346,7 @@ TEST(DrawingFonts, FailuresToSetOrMeasureOneAreIgnored)
     for (const char* method : {"SetFont", "GetHeight"}) {
         SCOPED_TRACE(method);
         Bench bench;
-        bench.create();
+        kCreate(bench);
         bench.display.failEvery(method, DFB_FAILURE);
         EXPECT_TRUE(bench.load());
     }
@@ -395,8 +380,7 @@ TEST_P(DrawingGeometry, HasTheseNumbers)
 {
     Bench bench;
     bench.keys = {key("x", GetParam().rect)};
-    load(bench);
-    bench.ui->draw(true);
+    doAll({kCreate, kLoad, draw(true)}, bench);
     const Lines found = takeTrace();
     for (const std::string& call : GetParam().calls)
         EXPECT_THAT(found, testing::Contains("surface1." + call));

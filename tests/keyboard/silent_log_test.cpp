@@ -26,7 +26,8 @@ protected:
         EXPECT_THAT(m_log.lines(), testing::IsEmpty());
     }
 
-    void callWhatNeedsNoRenderer()
+    // What needs no renderer.
+    void callAll()
     {
         m_core->leave();
         m_core->Show();
@@ -34,69 +35,49 @@ protected:
         m_core->getWidth();
         m_core->getHeight();
         m_core->updateKeyMap();
-        m_core->setKeyBoardButton();
         m_core->clearButtonHandle();
         m_core->getKeyBoardButton();
         OsButton_t result;
         m_core->getKeyBoardButton(result);
-        for (const int code : {13, 37, 38, 39, 40})
-            m_core->onKeyEvent(code);
-        m_core->LeftMoveProc();
-        m_core->RightMoveProc();
-        m_core->UpMoveProc();
-        m_core->DownMoveProc();
+        for (const auto move : {&KeyBoardCore::LeftMoveProc, &KeyBoardCore::RightMoveProc,
+                                &KeyBoardCore::UpMoveProc, &KeyBoardCore::DownMoveProc})
+            (m_core.get()->*move)();
     }
 };
 
-TEST_F(SilentLog, BeforeAStart)
+TEST_F(SilentLog, InAnyStateOfTheCore)
 {
     create();
-    callWhatNeedsNoRenderer();
-}
-
-TEST_F(SilentLog, WhileStarted)
-{
-    start();
-    callWhatNeedsNoRenderer();
-    m_core->OnIMEStart(m_display.dfb(), m_host_surface);
-    for (const int place : {kLetter, kShift, kLetter, kAlt, kAlt, kLanguage, kUnknown, kMute}) {
+    callAll();
+    startIt();
+    callAll();
+    startIt();
+    for (const int place : {kLetter, kShift, kLetter, kAlt, kAlt, kLanguage, kUnknown, kMute,
+                            kShift, kShift, kShift, kHide}) {
         focus(place);
         m_core->onKeyEvent(13);
     }
-    for (int i = 0; i < 3; ++i)
-        press(kShift);
-    press(kHide);
-}
-
-TEST_F(SilentLog, AfterACancel)
-{
-    start();
     m_core->OnIMECancelled();
-    callWhatNeedsNoRenderer();
+    callAll();
     m_core->onLayoutChanged();
 }
 
-TEST_F(SilentLog, WithoutARenderer)
+TEST_F(SilentLog, WithoutARendererOrLayouts)
 {
     startWithoutRenderer();
-    callWhatNeedsNoRenderer();
+    callAll();
     m_core->enter();
-}
-
-TEST_F(SilentLog, WithoutLayouts)
-{
+    m_core.reset();
     m_folder.removeCatalogue();
     create();
     startIt();
-    EXPECT_FALSE(m_core->isKeyBoardEnable());
 }
 
 TEST_F(SilentLog, WithoutAFont)
 {
     KeyBoardUI ui(m_display.dfb(), m_host_surface);
-    Keys none;
-    EXPECT_FALSE(ui.setLayoutData(&none, 30, nullptr));
-    EXPECT_FALSE(ui.setLayoutData(&none, 30, "/opt/font/missing.ttf"));
+    EXPECT_FALSE(ui.setLayoutData(&m_none, 30, nullptr));
+    EXPECT_FALSE(ui.setLayoutData(&m_none, 30, "/opt/font/missing.ttf"));
     ui.draw(true);
 }
 
