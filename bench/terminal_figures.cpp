@@ -76,12 +76,13 @@ void measure(const Kind& kind)
         fail("the host did not end");
 
     std::sort(times.begin(), times.end());
-    std::printf("terminal, %s\t%.1f\t%.0f\tms\tfrom an arrow to its whole picture at 150 by 45, median of "
-                "%d; 95 per cent within %.1f, all within %.1f\n",
-                kind.name, times[times.size() / 2], kMostMilliseconds, kPresses,
-                times[times.size() * 95 / 100], times.back());
-    std::printf("terminal, %s, idle\t%.0f\t0\tms\tprocessor time in %lld s without a key\n", kind.name,
-                idle, static_cast<long long>(kIdle.count()));
+    std::printf(
+        "terminal, %s\t%.1f\t%.0f\tms\tfrom an arrow to its whole picture at 150 by 45, median of "
+        "%d; 95 per cent within %.1f, all within %.1f\n",
+        kind.name, times[times.size() / 2], kMostMilliseconds, kPresses,
+        times[times.size() * 95 / 100], times.back());
+    std::printf("terminal, %s, idle\t%.0f\t0\tms\tprocessor time in %lld s without a key\n",
+                kind.name, idle, static_cast<long long>(kIdle.count()));
 }
 
 } // namespace

@@ -113,8 +113,7 @@ void Spelling::addWord(const std::string& word, std::vector<Part>& parts) const
 bool Spelling::addSpelled(const std::string& word, std::vector<Part>& parts) const
 {
     for (size_t layout = 0; layout < m_methods.size(); ++layout) {
-        const std::string keys =
-            m_methods[layout] == nullptr ? "" : m_methods[layout]->spell(word);
+        const std::string keys = m_methods[layout] == nullptr ? "" : m_methods[layout]->spell(word);
         if (keys.empty())
             continue;
         parts.push_back({keys, static_cast<int>(layout)});
