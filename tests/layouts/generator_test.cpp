@@ -173,6 +173,8 @@ TEST(Label, ShowsAMarkOnADottedCircle)
     EXPECT_EQ(labelFor("\u0301"), "\u25CC\u0301");
     EXPECT_EQ(labelFor("\u0940"), "\u25CC\u0940");
     EXPECT_EQ(labelFor("\u093F"), "\u093F\u25CC") << "it is written before its consonant";
+    EXPECT_EQ(labelFor("\u0651"), "\u0651\u25CC") << "Arabic fonts draw it to the right";
+    EXPECT_EQ(labelFor("\u09CB"), "\u09CB") << "it stands on both sides of its consonant";
     EXPECT_EQ(labelFor("\u200D"), "ZWJ");
     EXPECT_EQ(labelFor("é"), "é");
 }
@@ -182,7 +184,7 @@ TEST(Label, IsAsARendererWithoutShapingMustGetIt)
     EXPECT_EQ(inVisualOrder("EN"), "EN");
     EXPECT_EQ(inVisualOrder("हि"), "िह");
     EXPECT_EQ(inVisualOrder("हिन्दी"), "िहन्दी");
-    EXPECT_EQ(inVisualOrder("ស្តែ"), "ែស្ត") << "before all consonants of the syllable";
+    EXPECT_EQ(inVisualOrder("க்கெ"), "ெக்க") << "before all consonants of the syllable";
     EXPECT_EQ(inVisualOrder("עב"), "בע") << "drawn from the left, read from the right";
     EXPECT_EQ(inVisualOrder("عر"), "\uFEAE\uFECB") << "in the forms that join";
     EXPECT_EQ(inVisualOrder("ދި"), "ދި") << "a mark stays behind its letter";

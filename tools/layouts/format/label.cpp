@@ -31,20 +31,48 @@ struct Range {
 };
 
 const Range kBefore[] = {
-    {0x093F, 0x093F}, {0x094E, 0x094E}, {0x09BF, 0x09BF}, {0x09C7, 0x09C8}, {0x0A3F, 0x0A3F},
-    {0x0ABF, 0x0ABF}, {0x0B47, 0x0B47}, {0x0BC6, 0x0BC8}, {0x0D46, 0x0D48}, {0x0DD9, 0x0DDB},
-    {0x0F3F, 0x0F3F}, {0x1031, 0x1031}, {0x17C1, 0x17C3}, {0xAAEB, 0xAAEB}, {0xAAEE, 0xAAEE},
+    {0x093F, 0x093F}, {0x094E, 0x094E}, {0x09BF, 0x09BF}, {0x09C7, 0x09C8},
+    {0x0A3F, 0x0A3F}, {0x0ABF, 0x0ABF}, {0x0B47, 0x0B47}, {0x0BC6, 0x0BC8},
+    {0x0D46, 0x0D48}, {0x0DD9, 0x0DDB}, {0xAAEB, 0xAAEB}, {0xAAEE, 0xAAEE},
 };
 
 constexpr int32_t kMostUnits = 64; // of a label, in UTF-16
 
-const char kDottedCircle[] = "\u25CC";
+// What stands around a mark, so that the fonts of the language table draw it in the middle of its
+// key. The first row that has it holds.
+struct Frame {
+    Range marks;
+    const char* before;
+    const char* after;
+};
+
+const char kCircle[] = "\u25CC";
+
+const Frame kFrames[] = {
+    // They stand around two letters, or have both of their parts.
+    {{0x0360, 0x0360}, "", ""},
+    {{0x09CB, 0x09CC}, "", ""},
+    {{0x0D4A, 0x0D4C}, "", ""},
+    // From Hebrew to the last Arabic block: drawn where the letter is that follows on the left.
+    {{0x0591, 0x08FF}, "", kCircle},
+    // Unifont has two cells for these signs, three for Tibetan ones, one for the circle.
+    {{0x0C3F, 0x0C56}, "  ", ""},
+    {{0x0F00, 0x0FFF}, " \u25CC ", ""},
+    {{0x1031, 0x1031}, " \u25CC ", ""},
+    {{0x103B, 0x103B}, " \u25CC ", ""},
+    {{0x17BE, 0x17C0}, "  ", ""},
+    {{0x17C4, 0x17C5}, "  ", ""},
+};
+
+bool isIn(const Range& range, int32_t character)
+{
+    return character >= range.first && character <= range.last;
+}
 
 bool standsBefore(int32_t mark)
 {
-    return std::any_of(std::begin(kBefore), std::end(kBefore), [&](const Range& range) {
-        return mark >= range.first && mark <= range.last;
-    });
+    return std::any_of(std::begin(kBefore), std::end(kBefore),
+                       [&](const Range& range) { return isIn(range, mark); });
 }
 
 const Name kNames[] = {{0x200B, "ZSP"}, {0x200C, "ZNJ"}, {0x200D, "ZWJ"}};
@@ -109,7 +137,10 @@ std::string labelFor(const std::string& typed)
             return name.label;
     if (!isMark(typed))
         return typed;
-    return standsBefore(character) ? typed + kDottedCircle : kDottedCircle + typed;
+    for (const Frame& frame : kFrames)
+        if (isIn(frame.marks, character))
+            return frame.before + typed + frame.after;
+    return standsBefore(character) ? typed + kCircle : kCircle + typed;
 }
 
 } // namespace layouts

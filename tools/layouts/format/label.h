@@ -7,7 +7,7 @@ namespace layouts
 {
 
 // What the key that types a text shows: the text, but a name for a character without a picture, and
-// a dotted circle with a mark, on the side where the mark leaves room for its letter.
+// a dotted circle with a mark where that brings it into the middle of the key.
 std::string labelFor(const std::string& typed);
 
 // A word as a renderer must get it that draws one character after another from the left and joins

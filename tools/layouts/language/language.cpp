@@ -7,6 +7,7 @@
 #include "json_file.h"
 #include "locale_data.h"
 #include "table.h"
+#include "text.h"
 
 namespace layouts
 {
@@ -105,7 +106,13 @@ std::vector<std::string> digitsOf(const Language& language)
 
 std::vector<std::string> nativeDigitsOf(const Language& language)
 {
-    return nativeDigits(language.letters.empty() ? language.icuName : kAsciiDigits);
+    if (language.letters.empty())
+        return nativeDigits(language.icuName);
+    std::vector<std::string> digits;
+    for (const std::string& letter : lettersOfPattern(language.letters))
+        if (digitValue(letter) == static_cast<int>(digits.size()))
+            digits.push_back(letter);
+    return digits.size() == 10 ? digits : nativeDigits(kAsciiDigits);
 }
 
 } // namespace layouts

@@ -41,7 +41,7 @@ std::vector<std::string> auxiliaryLetters(const Language& language);
 
 // What else the locale data has of the language: words, punctuation, and from zero to nine the
 // digits that it is written with and those of its own script. A language whose letters the table
-// has gets ASCII digits and nothing else.
+// has gets ASCII digits, those of its own that are among the letters, and nothing else.
 std::vector<std::string> wordsOf(const Language& language);
 std::vector<std::string> punctuationOf(const Language& language);
 std::vector<std::string> digitsOf(const Language& language);
