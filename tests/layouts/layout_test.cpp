@@ -60,7 +60,7 @@ TEST_P(Layout, TypesTheWordsOfItsLanguage)
     const Usage usage = usageOf(shippedKeyMap(GetParam()), languageOf(GetParam()));
     EXPECT_LE(usage.untypable.size() * 100, usage.words) << testing::PrintToString(usage.untypable);
     EXPECT_LE(usage.presses, 6.0);
-    EXPECT_LE(usage.behindAlt, 0.1);
+    EXPECT_LE(usage.behindAlt, 0.05);
 }
 
 TEST_P(Layout, HasTheDigitsAndThePunctuationOfItsLanguage)

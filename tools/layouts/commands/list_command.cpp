@@ -73,9 +73,10 @@ void printRow(const Language& language, const KeyMap& keyMap)
     const std::string none = "-";
     const std::string variant =
         language.xkbVariant.empty() ? std::string() : "(" + language.xkbVariant + ")";
+    const std::string own = ownName(language.icuName);
     const std::vector<std::string> fields = {
         language.name,
-        ownName(language.icuName),
+        own.empty() ? none : own,
         language.icuName,
         mainCountry(language.icuName),
         hasWords ? fixed(usage.presses, 2) : none,
