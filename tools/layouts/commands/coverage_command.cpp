@@ -28,10 +28,13 @@ void print(const Language& language, const Coverage& coverage, const Usage& usag
     for (const Coverage::Group& group : coverage.groups)
         std::printf(" %zu %s,", group.texts.size(), group.name);
     std::printf(" %zu missing\n", coverage.missing.size());
-    std::printf("%s: %zu words, %zu cannot be typed, %.2f presses a character, %.1f%% of the "
-                "characters behind Alt\n",
-                language.name.c_str(), usage.words, usage.untypable.size(), usage.presses,
-                100 * usage.behindAlt);
+    if (usage.words == 0)
+        std::printf("%s: no words in the locale data\n", language.name.c_str());
+    else
+        std::printf("%s: %zu words, %zu cannot be typed, %.2f presses a character, %.1f%% of the "
+                    "characters behind Alt\n",
+                    language.name.c_str(), usage.words, usage.untypable.size(), usage.presses,
+                    100 * usage.behindAlt);
     for (const std::string& text : coverage.missing)
         std::printf("%s: %s (%s) cannot be typed\n", language.name.c_str(), text.c_str(),
                     describe(text).c_str());
