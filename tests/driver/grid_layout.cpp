@@ -37,20 +37,18 @@ Key key(const std::string& layout, bool symbol, int row, int column)
     const bool is_special = special != kSpecialKeys.end();
     const int code = '!' + idOf(row, column) + (symbol ? 256 : 0);
 
-    Key key = {};
-    key.id = idOf(row, column);
-    key.text = label(layout, symbol ? 's' : 'd', row, column);
-    key.isSpecial = is_special;
-    key.isLanguage = is_special && special->second.empty();
-    key.keyCode = code;
-    key.character = code;
-    key.left = idOf(row, column - 1);
-    key.right = idOf(row, column + 1);
-    key.up = idOf(row - 1, column);
-    key.down = idOf(row + 1, column);
-    key.shiftText = label(layout, symbol ? 'S' : 'D', row, column);
-    key.shiftCharacter = code;
-    return key;
+    return {idOf(row, column),
+            label(layout, symbol ? 's' : 'd', row, column),
+            is_special,
+            is_special && special->second.empty(),
+            code,
+            code,
+            idOf(row, column - 1),
+            idOf(row, column + 1),
+            idOf(row - 1, column),
+            idOf(row + 1, column),
+            label(layout, symbol ? 'S' : 'D', row, column),
+            code};
 }
 
 } // namespace

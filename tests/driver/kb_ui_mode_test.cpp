@@ -2,6 +2,8 @@
 // pauses, in order, and the figure of its time line (see kb_mode_test.cpp). Then the interactive
 // loop.
 
+#include <map>
+
 #include <gmock/gmock.h>
 
 #include "driver_run.h"
@@ -101,52 +103,57 @@ Lines start(const std::string& command, const std::string& parameter, int argume
             "ui setLayoutData font-height:37"};
 }
 
-// A command between two readings of the clock, with its time line.
-Lines timed(const Lines& steps, const std::string& label, int milliseconds)
+// A command's own function, its label in the time line, and what is announced before it starts.
+struct Command {
+    const char* function;
+    const char* label;
+    const char* announcement;
+};
+
+const std::map<std::string, Command> kCommands = {
+    {"draw", {"kb_ui_test_draw", "test_draw", nullptr}},
+    {"hide", {"kb_ui_test_hide", "test hide", nullptr}},
+    {"show", {"kb_ui_test_show", "test show", nullptr}},
+    {"loop-showhide", {"kb_ui_test_loop_showhide", "test loop showhidew", nullptr}},
+    {"loop-draw", {"kb_ui_test_loop_draw", "test loop-draw", nullptr}},
+    {"loop-focus", {"kb_ui_test_loop_focus", "test loop_focus", "test loop_focus"}},
+    {"press", {"", "test press", "test press"}},
+    {"lock", {"", "lock press", "lock press"}},
+};
+
+// A command that ends the process behind these lines of its own.
+Lines ended(const std::string& name, const Lines& messages)
 {
-    return Lines{"clock"} + steps +
-           Lines{"clock", kbUiLine("handle_tests", "=======>" + label + " using:" +
-                                                       std::to_string(milliseconds) + " ms")};
+    const Command& command = kCommands.at(name);
+    Lines lines;
+    if (command.announcement != nullptr)
+        lines = {kbUiLine("handle_tests", std::string("=======>") + command.announcement + " ")};
+    lines.push_back("clock");
+    for (const std::string& message : messages)
+        lines.push_back(kbUiLine(command.function, message));
+    return lines;
 }
 
-Lines called(const std::string& function, const Lines& steps, const std::string& label)
+// One that runs to its end, with its time line.
+Lines done(const std::string& name, const Lines& messages, const Lines& steps,
+           int milliseconds = 1000)
 {
-    return timed(Lines{kbUiLine(function, "called")} + steps, label, 1000);
+    return ended(name, messages) + steps +
+           Lines{"clock",
+                 kbUiLine("handle_tests", std::string("=======>") + kCommands.at(name).label +
+                                              " using:" + std::to_string(milliseconds) + " ms")};
 }
 
-Lines counted(const std::string& function, int count, const Lines& steps, const std::string& label,
-              int milliseconds)
+Lines loopDraw(int count)
 {
-    return timed(Lines{kbUiLine(function, "param:" + std::to_string(count))} + steps, label,
-                 milliseconds);
-}
-
-Lines loopDraw(int count, const Lines& steps)
-{
-    return counted("kb_ui_test_loop_draw", count, steps, "test loop-draw", 1000);
-}
-
-Lines loopShowHide(int count, const Lines& steps, int milliseconds)
-{
-    return counted("kb_ui_test_loop_showhide", count, steps, "test loop showhidew", milliseconds);
-}
-
-Lines announced(const std::string& announcement, const Lines& timed_steps)
-{
-    return Lines{kbUiLine("handle_tests", "=======>" + announcement + " ")} + timed_steps;
+    return done("loop-draw", {"param:" + std::to_string(count)}, count * draw(Off));
 }
 
 Lines loopFocus(const std::string& parameter, int count, const Lines& passes, int milliseconds)
 {
-    const std::string function = "kb_ui_test_loop_focus";
-    return announced("test loop_focus",
-                     timed(Lines{kbUiLine(function, "param:" + parameter),
-                                 kbUiLine(function, "param:" + std::to_string(count))} +
-                               passes,
-                           "test loop_focus", milliseconds));
+    return done("loop-focus", {"param:" + parameter, "param:" + std::to_string(count)}, passes,
+                milliseconds);
 }
-
-const Lines kLockCommand = announced("lock press", timed(kLock, "lock press", 1000));
 
 test_process::Command uiCommand(const TestPlace& place, Detail detail, const Lines& arguments)
 {
@@ -170,24 +177,26 @@ struct Script : Row {
 };
 
 const Script kScripts[] = {
-    {"Draw", On, "draw", "", called("kb_ui_test_draw", draw(On), "test_draw")},
+    {"Draw", On, "draw", "", done("draw", {"called"}, draw(On))},
     // Nothing is painted yet, so there is nothing to hide.
-    {"Hide", On, "hide", "", called("kb_ui_test_hide", kHideHidden, "test hide")},
-    {"Show", On, "show", "", called("kb_ui_test_show", show(On), "test show")},
-    {"LoopShowHide", On, "loop-showhide", "3", loopShowHide(3, 3 * showHide(On), 300)},
-    {"LoopDraw", On, "loop-draw", "2", loopDraw(2, 2 * draw(On))},
+    {"Hide", On, "hide", "", done("hide", {"called"}, kHideHidden)},
+    {"Show", On, "show", "", done("show", {"called"}, show(On))},
+    {"LoopShowHide", On, "loop-showhide", "3",
+     done("loop-showhide", {"param:3"}, 3 * showHide(On), 300)},
+    {"LoopDraw", On, "loop-draw", "2", done("loop-draw", {"param:2"}, 2 * draw(On))},
     {"LoopFocus", On, "loop-focus", "1", loopFocus("1", 1, focusPass(On), 3800)},
     {"Press", On, "press", "",
-     announced("test press", timed(setFocus(On) + paintedKey(kPressedKey) + Lines{"sleep 1"} +
-                                       paintedKey(kPressedKey) + setFocus(On),
-                                   "test press", 2000))},
-    {"Lock", On, "lock", "", kLockCommand},
+     done("press", {},
+          setFocus(On) + paintedKey(kPressedKey) + Lines{"sleep 1"} + paintedKey(kPressedKey) +
+              setFocus(On),
+          2000)},
+    {"Lock", On, "lock", "", done("lock", {}, kLock)},
     // Counts.
-    {"LoopDrawWithZeroDrawsNothing", On, "loop-draw", "0", loopDraw(0, {})},
+    {"LoopDrawWithZeroDrawsNothing", On, "loop-draw", "0", loopDraw(0)},
     {"LoopShowHideWithANegativeCountDrawsNothing", On, "loop-showhide", "-3",
-     loopShowHide(-3, {}, 1000)},
-    {"LoopDrawHasNoUpperBound", Off, "loop-draw", "60", loopDraw(60, 60 * draw(Off))},
-    {"EmptyParameterMeansFive", Off, "loop-draw", "", loopDraw(5, 5 * draw(Off))},
+     done("loop-showhide", {"param:-3"}, {}, 1000)},
+    {"LoopDrawHasNoUpperBound", Off, "loop-draw", "60", loopDraw(60)},
+    {"EmptyParameterMeansFive", Off, "loop-draw", "", loopDraw(5)},
     {"EmptyParameterMeansFivePasses", Off, "loop-focus", "",
      loopFocus("", 5, 5 * focusPass(Off), 20000)},
     {"LoopFocusAboveFiftyRunsFiftyPasses", Off, "loop-focus", "80",
@@ -215,7 +224,8 @@ INSTANTIATE_TEST_SUITE_P(Scripts, KbUiCommand, testing::ValuesIn(kScripts), RowN
 TEST(KbUi, CommandWithThreeArgumentsHasAnEmptyParameter)
 {
     expectRun(runUi(Off, {"loop-showhide"}),
-              start("loop-showhide", "", 3) + loopShowHide(5, 5 * showHide(Off), 500));
+              start("loop-showhide", "", 3) +
+                  done("loop-showhide", {"param:5"}, 5 * showHide(Off), 500));
 }
 
 TEST(KbUi, UnknownCommandDoesNothing)
@@ -230,9 +240,7 @@ TEST(KbUi, CountThatIsNoIntEndsTheProcess)
         expectRun(runUi(Off, {"loop-draw", parameter}),
                   start("loop-draw", parameter) + Lines{"clock"}, "invalid_argument");
     expectRun(runUi(Off, {"loop-focus", "2147483648"}),
-              start("loop-focus", "2147483648") +
-                  announced("test loop_focus",
-                            {"clock", kbUiLine("kb_ui_test_loop_focus", "param:2147483648")}),
+              start("loop-focus", "2147483648") + ended("loop-focus", {"param:2147483648"}),
               "out_of_range");
 }
 
@@ -280,9 +288,9 @@ Lines lastPass(const std::string& command, const std::string& parameter)
 const Lines kQuit = lastPass("quit", "null");
 
 // Any other one: also what the line did, and the usage.
-Lines pass(const std::string& command, const std::string& parameter, const Lines& done = {})
+Lines pass(const std::string& command, const std::string& parameter, const Lines& did = {})
 {
-    return lastPass(command, parameter) + done + Lines{kUsage};
+    return lastPass(command, parameter) + did + Lines{kUsage};
 }
 
 // Lines that are typed, and behind them "quit".
@@ -297,22 +305,21 @@ const Session kSessions[] = {
     {"QuitInTheParameterDoesNotEndIt", Off, "unknown quit\n quit\nQUIT\n",
      pass("unknown", "quit") + pass("", "quit") + pass("QUIT", "null")},
     {"ShowTwicePaintsOnce", On, "show\nshow\n",
-     pass("show", "null", called("kb_ui_test_show", show(On), "test show")) +
-         pass("show", "null", called("kb_ui_test_show", {"ui show called "}, "test show"))},
+     pass("show", "null", done("show", {"called"}, show(On))) +
+         pass("show", "null", done("show", {"called"}, {"ui show called "}))},
     {"HideAfterDrawClearsTheWindowOnce", On, "draw\nhide\nhide\n",
-     pass("draw", "null", called("kb_ui_test_draw", draw(On), "test_draw")) +
-         pass("hide", "null", called("kb_ui_test_hide", kHide, "test hide")) +
-         pass("hide", "null", called("kb_ui_test_hide", kHideHidden, "test hide"))},
+     pass("draw", "null", done("draw", {"called"}, draw(On))) +
+         pass("hide", "null", done("hide", {"called"}, kHide)) +
+         pass("hide", "null", done("hide", {"called"}, kHideHidden))},
     {"LockedKeyStaysSunkenInEveryStepOfLoopFocus", On, "lock\nloop-focus 1\n",
-     pass("lock", "null", kLockCommand) +
+     pass("lock", "null", done("lock", {}, kLock)) +
          pass("loop-focus", "1", loopFocus("1", 1, focusPass(On, {kLockedKey}), 3800))},
     {"SeveralBlanksBeforeTheParameterAreSkipped", Off, "loop-draw    7\n",
-     pass("loop-draw", "7", loopDraw(7, 7 * draw(Off)))},
+     pass("loop-draw", "7", loopDraw(7))},
     {"InnerAndTrailingBlanksOfTheParameterAreKept", Off, "unknown  a  b  \nunknown   \n",
      pass("unknown", "a  b  ") + pass("unknown", "   ")},
     {"ParameterOfOnePassIsForgottenInTheNext", Off, "loop-draw 2\nloop-draw\n",
-     pass("loop-draw", "2", loopDraw(2, 2 * draw(Off))) +
-         pass("loop-draw", "null", loopDraw(5, 5 * draw(Off)))},
+     pass("loop-draw", "2", loopDraw(2)) + pass("loop-draw", "null", loopDraw(5))},
     {"UnknownCommandIsEchoedAndIgnored", Off, "left 3\nmore\n",
      pass("left", "3") + pass("more", "null")},
     {"EmptyLineIsEchoedAndRunsNothing", Off, "\n draw\n", pass("", "null") + pass("", "draw")},
@@ -356,17 +363,16 @@ TEST(KbUiLoopEnd, BlankCountEndsTheProcess)
 TEST(KbUiLoopEnd, ParameterOfTheCommandLineIsIgnored)
 {
     expectRun(runUi(Off, {"more", "2"}, "loop-draw\nquit\n"),
-              start("more", "2") + Lines{kUsage} +
-                  pass("loop-draw", "null", loopDraw(5, 5 * draw(Off))) + kQuit);
+              start("more", "2") + Lines{kUsage} + pass("loop-draw", "null", loopDraw(5)) + kQuit);
 }
 
 TEST(KbUiLoopEnd, EndOfInputKeepsPrompting)
 {
     const TestPlace place;
-    expectEndlessLoop(
-        uiCommand(place, Off, {"more"}), "hide", "get_inputs(): =>pls input cmd  [parames]\n",
-        kLoopStart + pass("hide", "null", called("kb_ui_test_hide", kHideHidden, "test hide")) +
-            48 * pass("", "null"));
+    expectEndlessLoop(uiCommand(place, Off, {"more"}), "hide",
+                      "get_inputs(): =>pls input cmd  [parames]\n",
+                      kLoopStart + pass("hide", "null", done("hide", {"called"}, kHideHidden)) +
+                          48 * pass("", "null"));
 }
 
 } // namespace

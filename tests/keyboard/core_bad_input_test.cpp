@@ -125,16 +125,6 @@ TEST_F(CoreBadInput, AMissingKeyMapStartsAKeyboardWithoutKeys)
     EXPECT_EQ(m_core->onKeyEvent(39), 0) << "a move on an empty key set is used up";
 }
 
-TEST_F(CoreBadInput, ALayoutWithoutAKeyMapAmongOthersKeepsTheFocusedKey)
-{
-    m_folder.removeKeyMap("German");
-    start();
-    EXPECT_EQ(press(kLanguage), 0);
-    EXPECT_EQ(focused().text, "English") << "there is no key to take its place";
-    EXPECT_EQ(m_core->onKeyEvent(13), 0) << "so the language key leads on";
-    EXPECT_EQ(focused().text, "Greek");
-}
-
 TEST_F(CoreBadInput, ACatalogueWithoutPositionsThrowsOutOfTheStart)
 {
     m_folder.writeCatalogue("{\"language\": [\"English\"]}");

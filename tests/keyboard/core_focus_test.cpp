@@ -102,18 +102,6 @@ TEST_F(CoreFocus, SendingWithoutARendererFails)
     EXPECT_EQ(m_core->FocusButtonChangedTo(0), 0);
 }
 
-TEST_F(CoreFocus, AnEmptyKeySetIsMovedOnWithTheTargetError)
-{
-    m_folder.writeKeyMap("English", asJson({}, {}));
-    start();
-    for (const int code : {37, 38, 39, 40}) {
-        EXPECT_EQ(m_core->onKeyEvent(code), 0);
-        const Steps refused = core("getTargetButtonByButtonId", kNoTarget, kError);
-        EXPECT_THAT(takeTrace(), testing::Contains(linesOf(refused)[0]));
-        EXPECT_EQ(focused().text, "");
-    }
-}
-
 TEST_F(CoreFocus, TheNeighbourIsAPositionWhateverItsOwnIdSays)
 {
     startWithAnIdOfAnother();

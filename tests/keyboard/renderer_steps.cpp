@@ -47,6 +47,77 @@ std::string coordinates(const Rect_t& rect, const std::string& expressions)
     return values;
 }
 
+// A checked call on a surface. What is reported when it fails names the arguments as the source
+// writes them.
+Steps checked(const std::string& surface, const std::string& call, const std::string& text)
+{
+    return {{surface + "." + call, "m_surface->" + text}};
+}
+
+Steps onRect(const std::string& surface, const std::string& method, const Rect_t& rect,
+             const std::string& expressions)
+{
+    return checked(surface, method + "(" + coordinates(rect, expressions) + ")",
+                   method + "(m_surface," + expressions + ")");
+}
+
+Steps colour(const std::string& surface, const std::string& variable, const std::string& value)
+{
+    const std::string& v = variable;
+    return checked(surface, "SetColor(" + value + ")",
+                   "SetColor(m_surface,ARGB_R(" + v + "),ARGB_G(" + v + "),ARGB_B(" + v +
+                       "),ARGB_A(" + v + "))");
+}
+
+Steps lines(const std::string& surface, const Rect_t& rect, const std::string& value,
+            const test_support::Lines& ends)
+{
+    Steps steps = colour(surface, "line_c", value);
+    for (const std::string& expressions : ends)
+        steps = steps + onRect(surface, "DrawLine", rect, expressions);
+    return steps;
+}
+
+Steps face(const std::string& surface, int fontHeight, const Button_t& key, const std::string& fill)
+{
+    const Rect_t& rect = key.rect;
+    const std::string place = to_string(rect.positionX) + "/" + to_string(rect.positionY) + "-" +
+                              to_string(rect.width) + "/" + to_string(rect.height);
+    const int centre = rect.positionX + rect.width / 2;
+    const int top = rect.positionY + (rect.height - fontHeight) / 2;
+    return colour(surface, "rect_c", fill) + onRect(surface, "FillRectangle", rect, "x,y,w+1,h+1") +
+           Renderer::logged("drawElement", "[" + place + "-" + key.text + "] \n", kDetail) +
+           colour(surface, "font_c", kWhite) +
+           checked(surface,
+                   "DrawString(\"" + key.text + "\",-1," + to_string(centre) + "," +
+                       to_string(top) + ",TOPCENTER)",
+                   "DrawString(m_surface,key.text.c_str(),-1,Xcenter,Ycenter,DSTF_TOPCENTER)");
+}
+
+Steps sunkenKey(const std::string& surface, int fontHeight, const Button_t& key)
+{
+    return face(surface, fontHeight, key, kSunkenFill) +
+           lines(surface, key.rect, kShadow,
+                 {"x,y,x+w,y", "x,y,x,y+h", "x,y+1,x+w,y+1", "x+1,y,x+1,y+h"});
+}
+
+Steps frame(const std::string& surface, const Button_t& key)
+{
+    return lines(surface, key.rect, kWhite,
+                 {"x+w,y,x+w,y+h", "x,y+h,x+w,y+h", "x,y,x+w,y", "x,y,x,y+h"});
+}
+
+Steps flipWhole(const std::string& surface)
+{
+    return checked(surface, "Flip(null,WAITFORSYNC)", "Flip (m_surface, NULL, DSFLIP_WAITFORSYNC)");
+}
+
+Steps flipKey(const std::string& surface, const Button_t& key)
+{
+    return checked(surface, "Flip({" + coordinates(key.rect, "x,y,x+w,y+h") + "},WAITFORSYNC)",
+                   "Flip (m_surface, &region, DSFLIP_WAITFORSYNC)");
+}
+
 } // namespace
 
 Steps Renderer::logged(const std::string& function, const std::string& message, uint32_t level)
@@ -54,83 +125,9 @@ Steps Renderer::logged(const std::string& function, const std::string& message, 
     return steps::logged("keyboard_ui.cpp", function, message, level);
 }
 
-Step Renderer::call(const std::string& call, const std::string& checkedAs) const
-{
-    return {m_surface + "." + call, checkedAs};
-}
-
-Steps Renderer::colour(const std::string& variable, const std::string& colour) const
-{
-    const std::string& v = variable;
-    return {call("SetColor(" + colour + ")", "m_surface->SetColor(m_surface,ARGB_R(" + v +
-                                                 "),ARGB_G(" + v + "),ARGB_B(" + v + "),ARGB_A(" +
-                                                 v + "))")};
-}
-
-Steps Renderer::onRect(const std::string& method, const Rect_t& rect,
-                       const std::string& expressions) const
-{
-    return {call(method + "(" + coordinates(rect, expressions) + ")",
-                 "m_surface->" + method + "(m_surface," + expressions + ")")};
-}
-
-Steps Renderer::lines(const Rect_t& rect, const std::string& colour,
-                      const test_support::Lines& ends) const
-{
-    Steps steps = this->colour("line_c", colour);
-    for (const std::string& expressions : ends)
-        steps = steps + onRect("DrawLine", rect, expressions);
-    return steps;
-}
-
-Steps Renderer::face(const Button_t& key, const std::string& fill) const
-{
-    const Rect_t& rect = key.rect;
-    const std::string place = to_string(rect.positionX) + "/" + to_string(rect.positionY) + "-" +
-                              to_string(rect.width) + "/" + to_string(rect.height);
-    const int centre = rect.positionX + rect.width / 2;
-    const int top = rect.positionY + (rect.height - m_font_height) / 2;
-    const Steps text = {call("DrawString(\"" + key.text + "\",-1," + to_string(centre) + "," +
-                                 to_string(top) + ",TOPCENTER)",
-                             "m_surface->DrawString(m_surface,key.text.c_str(),-1,Xcenter,Ycenter,"
-                             "DSTF_TOPCENTER)")};
-    return colour("rect_c", fill) + onRect("FillRectangle", rect, "x,y,w+1,h+1") +
-           logged("drawElement", "[" + place + "-" + key.text + "] \n", kDetail) +
-           colour("font_c", kWhite) + text;
-}
-
-Steps Renderer::sunkenKey(const Button_t& key) const
-{
-    return face(key, kSunkenFill) +
-           lines(key.rect, kShadow, {"x,y,x+w,y", "x,y,x,y+h", "x,y+1,x+w,y+1", "x+1,y,x+1,y+h"});
-}
-
-Steps Renderer::frame(const Button_t& key) const
-{
-    return lines(key.rect, kWhite, {"x+w,y,x+w,y+h", "x,y+h,x+w,y+h", "x,y,x+w,y", "x,y,x,y+h"});
-}
-
-Steps Renderer::flip(const std::string& region, const std::string& text) const
-{
-    return {call("Flip(" + region + ",WAITFORSYNC)",
-                 "m_surface->Flip (m_surface, " + text + ", DSFLIP_WAITFORSYNC)")};
-}
-
-Steps Renderer::flipWhole() const
-{
-    return flip("null", "NULL");
-}
-
-Steps Renderer::flipKey(const Button_t& key) const
-{
-    return flip("{" + coordinates(key.rect, "x,y,x+w,y+h") + "}", "&region");
-}
-
 Steps Renderer::construction(int width, int height) const
 {
-    const Steps size = {call("GetSize()", "m_surface->GetSize(m_surface, "
-                                          "&m_win_width,&m_win_height)")};
-    return size +
+    return checked(m_surface, "GetSize()", "GetSize(m_surface, &m_win_width,&m_win_height)") +
            logged("KeyBoardUI", "called (" + to_string(width) + "/" + to_string(height) + ")\n") +
            clear(kBackground, true);
 }
@@ -158,15 +155,12 @@ Steps Renderer::setLayoutDataWithoutFile(size_t keys)
 
 Steps Renderer::clear(const std::string& colour, bool flip) const
 {
-    const Step fill = call("Clear(" + colour + ")", "m_surface->Clear(m_surface, ARGB_R(argb), "
-                                                    "ARGB_G(argb),ARGB_B(argb),ARGB_A(argb))");
-    Steps steps = logged("clear", "called \n");
-    steps.push_back(fill);
-    if (flip) {
-        steps.push_back(call("Flip(null,NONE)", "m_surface->Flip(m_surface,NULL, DSFLIP_NONE)"));
-        steps.push_back(fill);
-    }
-    return steps;
+    const Steps fill = checked(m_surface, "Clear(" + colour + ")",
+                               "Clear(m_surface, ARGB_R(argb), ARGB_G(argb),ARGB_B(argb),"
+                               "ARGB_A(argb))");
+    const Steps shown =
+        checked(m_surface, "Flip(null,NONE)", "Flip(m_surface,NULL, DSFLIP_NONE)") + fill;
+    return logged("clear", "called \n") + fill + (flip ? shown : Steps());
 }
 
 Steps Renderer::draw(const Keys& keys, const Keys& locked, bool flip) const
@@ -176,12 +170,12 @@ Steps Renderer::draw(const Keys& keys, const Keys& locked, bool flip) const
         return steps;
     steps = steps + clear(kBackground, false);
     for (const Button_t& key : keys)
-        steps = steps + face(key, kNormalFill) +
-                lines(key.rect, kShadow,
+        steps = steps + face(m_surface, m_font_height, key, kNormalFill) +
+                lines(m_surface, key.rect, kShadow,
                       {"x+w,y,x+w,y+h", "x,y+h,x+w,y+h", "x+w-1,y,x+w-1,y+h", "x,y+h-1,x+w,y+h-1"});
     for (const Button_t& key : locked)
-        steps = steps + sunkenKey(key);
-    return steps + (flip ? flipWhole() : Steps()) + logged("draw", "done\n", kDetail);
+        steps = steps + sunkenKey(m_surface, m_font_height, key);
+    return steps + (flip ? flipWhole(m_surface) : Steps()) + logged("draw", "done\n", kDetail);
 }
 
 Steps Renderer::showShown()
@@ -206,22 +200,24 @@ Steps Renderer::hideHidden()
 
 Steps Renderer::setfocus(const Keys& keys, const Keys& locked, const Button_t& key) const
 {
-    return logged("setfocus", "called \n") + draw(keys, locked, false) + frame(key) + flipWhole();
+    return logged("setfocus", "called \n") + draw(keys, locked, false) + frame(m_surface, key) +
+           flipWhole(m_surface);
 }
 
 Steps Renderer::setLocked(const Keys& keys, const Keys& locked) const
 {
-    return logged("setLocked", "called \n") + draw(keys, locked, false) + flipWhole();
+    return logged("setLocked", "called \n") + draw(keys, locked, false) + flipWhole(m_surface);
 }
 
 Steps Renderer::press(const Button_t& key) const
 {
-    return sunkenKey(key) + flipKey(key);
+    return sunkenKey(m_surface, m_font_height, key) + flipKey(m_surface, key);
 }
 
 Steps Renderer::pressed(const Button_t& key) const
 {
-    return face(key, kNormalFill) + frame(key) + flipKey(key);
+    return face(m_surface, m_font_height, key, kNormalFill) + frame(m_surface, key) +
+           flipKey(m_surface, key);
 }
 
 } // namespace steps

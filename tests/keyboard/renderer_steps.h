@@ -44,19 +44,6 @@ public:
     Steps pressed(const vkb::Button_t& key) const;
 
 private:
-    Step call(const std::string& call, const std::string& checkedAs) const;
-    Steps colour(const std::string& variable, const std::string& colour) const;
-    Steps onRect(const std::string& method, const vkb::Rect_t& rect,
-                 const std::string& expressions) const;
-    Steps lines(const vkb::Rect_t& rect, const std::string& colour,
-                const test_support::Lines& ends) const;
-    Steps face(const vkb::Button_t& key, const std::string& fill) const;
-    Steps sunkenKey(const vkb::Button_t& key) const;
-    Steps frame(const vkb::Button_t& key) const;
-    Steps flip(const std::string& region, const std::string& text) const;
-    Steps flipWhole() const;
-    Steps flipKey(const vkb::Button_t& key) const;
-
     std::string m_surface;
     int m_font_height;
 };

@@ -33,17 +33,4 @@ TEST(LogCaptureDeathTest, StopsAtALineThatWasNotAskedFor)
                 KilledBySignal(SIGABRT), "was not asked for");
 }
 
-TEST(TestSeams, MoveTheFixedPathsIntoTheFolderAndBack)
-{
-    const std::string path = "/usr/local/opt/font/some.ttf";
-    {
-        LayoutFolder folder;
-        EXPECT_NE(::access(path.c_str(), F_OK), 0);
-        folder.writeFile(path, "a font");
-        EXPECT_EQ(::access(path.c_str(), F_OK), 0);
-        EXPECT_TRUE(std::ifstream(path).is_open());
-    }
-    EXPECT_NE(::access(path.c_str(), F_OK), 0);
-}
-
 } // namespace

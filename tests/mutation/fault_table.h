@@ -3,8 +3,9 @@
 
 #include <vector>
 
-struct Fault {
-    const char* name;
+#include "row.h"
+
+struct Fault : test_support::Row {
     const char* file;        // the one with the fault
     const char* source;      // what is compiled: the file itself, or a source that includes it
     const char* text;        // stands in the file once

@@ -64,30 +64,19 @@ void runTool(const Words& words)
         throw std::runtime_error("the fault does not build:\n" + result.err);
 }
 
-} // namespace
-
-// Shown beside the test's name.
-void PrintTo(const Fault& fault, std::ostream* stream)
-{
-    *stream << fault.file << ", " << fault.test;
-}
-
-namespace
-{
-
 class FaultTest : public testing::TestWithParam<Fault>
 {
 protected:
-    FaultTest() : scratch(fs::path(VKB_MUTATION_SCRATCH) / GetParam().name)
+    FaultTest() : m_scratch(fs::path(VKB_MUTATION_SCRATCH) / GetParam().name)
     {
-        fs::remove_all(scratch);
-        fs::create_directories(scratch);
+        fs::remove_all(m_scratch);
+        fs::create_directories(m_scratch);
     }
 
     ~FaultTest() override
     {
         std::error_code ignored;
-        fs::remove_all(scratch, ignored);
+        fs::remove_all(m_scratch, ignored);
     }
 
     const Json::Value& suite() const { return buildFile()[GetParam().suite]; }
@@ -100,22 +89,22 @@ protected:
         for (const auto& entry :
              fs::directory_iterator(buildFile()[isLog() ? "log_sources" : "sources"].asString()))
             if (entry.is_regular_file())
-                fs::copy(entry.path(), scratch);
+                fs::copy(entry.path(), m_scratch);
 
-        std::string text = contentOf(scratch / fault.file);
+        std::string text = contentOf(m_scratch / fault.file);
         ASSERT_EQ(test_process::countOf(fault.text, text), 1)
             << fault.file << ": expected once: " << fault.text;
         text.replace(text.find(fault.text), std::string(fault.text).size(), fault.replacement);
-        std::ofstream(scratch / fault.file, std::ios::binary) << text;
+        std::ofstream(m_scratch / fault.file, std::ios::binary) << text;
     }
 
     // Returns what was linked: a test program, the driver, or the log library.
     std::string build()
     {
         const std::string compiler = buildFile()["compiler"].asString();
-        const std::string source = (scratch / GetParam().source).string();
+        const std::string source = (m_scratch / GetParam().source).string();
         const std::string object = source + ".o";
-        std::string program = (scratch / "with-fault").string();
+        std::string program = (m_scratch / "with-fault").string();
 
         runTool(Words{compiler, "-std=c++11", "-fPIC", "-O0"} + wordsOf(buildFile()["flags"]) +
                 Words{"-c", source, "-o", object});
@@ -135,8 +124,8 @@ protected:
         command.words = {suite()["program"].asString(),
                          "--gtest_filter=" + std::string(GetParam().test)};
         // Coverage counts what the right sources run, not these.
-        command.environment["GCOV_PREFIX"] = scratch.string();
-        command.environment["VKB_FAILED_PICTURES"] = scratch.string();
+        command.environment["GCOV_PREFIX"] = m_scratch.string();
+        command.environment["VKB_FAILED_PICTURES"] = m_scratch.string();
         if (isLog() && !program_with_fault.empty())
             command.preload = {program_with_fault};
         else if (GetParam().suite == std::string("driver"))
@@ -146,7 +135,7 @@ protected:
         return test_process::run(command);
     }
 
-    fs::path scratch;
+    fs::path m_scratch;
 };
 
 TEST_P(FaultTest, IsNoticed)
@@ -164,8 +153,6 @@ TEST_P(FaultTest, IsNoticed)
 }
 
 INSTANTIATE_TEST_SUITE_P(Deliberate, FaultTest, testing::ValuesIn(kFaults),
-                         [](const testing::TestParamInfo<Fault>& test) {
-                             return std::string(test.param.name);
-                         });
+                         test_support::RowName());
 
 } // namespace
