@@ -165,6 +165,15 @@ void Browser::connect()
                      this);
 }
 
+void Browser::hideCaret()
+{
+    WebKitUserStyleSheet* style = webkit_user_style_sheet_new(
+        "* { caret-color: transparent !important }", WEBKIT_USER_CONTENT_INJECT_ALL_FRAMES,
+        WEBKIT_USER_STYLE_LEVEL_USER, nullptr, nullptr);
+    webkit_user_content_manager_add_style_sheet(m_engine.content(), style);
+    webkit_user_style_sheet_unref(style);
+}
+
 void Browser::open(const std::string& url)
 {
     if (m_has_keyboard) {

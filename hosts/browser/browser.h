@@ -48,6 +48,9 @@ public:
     // screen and model are lent; a model without layouts is a browser without a keyboard.
     Browser(const Screen& screen, const KeyboardModel& model, Setup setup);
 
+    // From now on pages show no caret, whose blinking makes each recording another one.
+    void hideCaret();
+
     void open(const std::string& url);
     void reload();
 

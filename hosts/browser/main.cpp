@@ -68,8 +68,10 @@ int run(const Options& options)
         browser.press(key, isHeld);
     });
     std::unique_ptr<Recording> recording;
-    if (!options.record.empty())
-        recording = std::make_unique<Recording>(screen, options.record);
+    if (!options.record.empty()) {
+        recording = std::make_unique<Recording>(screen, chooseFont(), options.record);
+        browser.hideCaret();
+    }
     Player player({screen, model, browser, recording.get()}, steps, options.patience,
                   [&outcome](const std::string& failure) {
                       if (!failure.empty())

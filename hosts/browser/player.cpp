@@ -17,8 +17,8 @@ namespace
 {
 
 const unsigned kLookAgain = 20;     // milliseconds between two looks at an awaited state
-const int kPressMilliseconds = 120; // of a recording
-const int kOkMilliseconds = 300;
+const int kPressMilliseconds = 240; // of a recording
+const int kOkMilliseconds = 700;
 const int kStateMilliseconds = 1000;
 const int kLastMilliseconds = 3000;
 const size_t kMostFound = 200; // bytes of a page's text in a message
@@ -191,8 +191,15 @@ void Player::press(const std::string& key, int count)
         return;
     }
     bePatient();
-    m_with.browser.press(remoteKey(key));
+    press(remoteKey(key));
     show(kPressMilliseconds, [this, key, count] { press(key, count - 1); });
+}
+
+void Player::press(const RemoteKey& key)
+{
+    if (m_with.recording != nullptr)
+        m_with.recording->press(key);
+    m_with.browser.press(key);
 }
 
 // Takes the candidate by its digit, behind as many pages as it takes.
@@ -244,7 +251,7 @@ void Player::play(std::vector<Press> presses, std::function<void()> then)
         return;
     }
     bePatient();
-    m_with.browser.press({RemoteKey::ForKeyboard, static_cast<int>(presses.back())});
+    press(RemoteKey{RemoteKey::ForKeyboard, static_cast<int>(presses.back())});
     const bool isOk = presses.back() == Press::Ok;
     presses.pop_back();
     show(isOk ? kOkMilliseconds : kPressMilliseconds,

@@ -47,6 +47,7 @@ private:
     void fail(const std::string& awaited, const std::string& found);
     void load(const std::function<void()>& begin);
     void press(const std::string& key, int count);
+    void press(const RemoteKey& key);
     void play(std::vector<Press> presses, std::function<void()> then);
     void type(const Plan& plan, std::function<void()> then);
     void choose();

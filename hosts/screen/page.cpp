@@ -1,8 +1,8 @@
 // Draws the page, which stands in for one in a browser.
 #include "page.h"
 
+#include "colors.h"
 #include "keyboard_constants.h"
-#include "page_colors.h"
 
 namespace host
 {
@@ -17,8 +17,7 @@ const int kHeadingSize = 72;
 const int kWordsSize = 32;
 const int kFieldTop = 400;    // so that candidates have room between it and the keyboard
 const int kFieldWidth = 1302; // as wide as the keyboard
-const int kRemoteLeft = 330;
-const int kRemoteTop = 590;
+const Color kPageColor = {0x10, 0x18, 0x28};
 
 IDirectFBSurface* openWindow(const Screen& screen)
 {
@@ -48,12 +47,9 @@ Page::Page(const Screen& screen, const std::string& font)
 {
     const DFBRectangle field = {velmora::browser::vkb::kWindowX, kFieldTop, kFieldWidth,
                                 TextField::kHeight};
-    const DFBRectangle remote = {kRemoteLeft, kRemoteTop, RemotePicture::kWidth,
-                                 RemotePicture::kHeight};
     require(m_surface->GetSubSurface(m_surface, &field, &m_field_surface), "GetSubSurface");
-    require(m_surface->GetSubSurface(m_surface, &remote, &m_remote_surface), "GetSubSurface");
     m_surface->Clear(m_surface, kPageColor.red, kPageColor.green, kPageColor.blue, 0xFF);
-    m_remote.draw(m_remote_surface, {RemoteKey::Other, 0});
+    m_remote.draw(m_surface, {RemoteKey::Other, 0});
 }
 
 void Page::draw(const TextLine& line, bool entered, const std::string& composed)
@@ -76,8 +72,11 @@ void Page::greet(const std::string& name)
 
 void Page::showPressed(const RemoteKey& key)
 {
-    m_remote.draw(m_remote_surface, key);
-    m_remote_surface->Flip(m_remote_surface, nullptr, DSFLIP_WAITFORSYNC);
+    m_remote.draw(m_surface, key);
+    const DFBRegion remote = {RemotePicture::kLeft, RemotePicture::kTop,
+                              RemotePicture::kLeft + RemotePicture::kWidth - 1,
+                              RemotePicture::kTop + RemotePicture::kHeight - 1};
+    m_surface->Flip(m_surface, &remote, DSFLIP_WAITFORSYNC);
 }
 
 void Page::drawWords(const std::string& heading, const char* words)

@@ -35,8 +35,7 @@ private:
     void drawWords(const std::string& heading, const char* words);
 
     IDirectFBSurface* m_surface = nullptr;
-    IDirectFBSurface* m_field_surface = nullptr;  // the part of it with the field
-    IDirectFBSurface* m_remote_surface = nullptr; // the part with the remote control
+    IDirectFBSurface* m_field_surface = nullptr; // the part of it with the field
     IDirectFBFont* m_heading = nullptr;
     IDirectFBFont* m_words = nullptr;
     TextField m_field;

@@ -68,6 +68,15 @@ Picture Screen::picture(const DFBRectangle& area) const
     return picture;
 }
 
+IDirectFBSurface* Screen::copy() const
+{
+    DFBRectangle area = {};
+    require(m_shown->GetSize(m_shown, &area.w, &area.h), "GetSize");
+    IDirectFBSurface* copy = createSurface(area.w, area.h);
+    require(copy->Blit(copy, m_shown, &area, 0, 0), "Blit");
+    return copy;
+}
+
 void endProcess(int status)
 {
     std::fflush(nullptr);

@@ -31,6 +31,9 @@ public:
     // What a viewer sees in this part of the screen, all windows included.
     Picture picture(const DFBRectangle& area) const;
 
+    // The whole of it, as a copy that can be drawn on; the caller releases it.
+    IDirectFBSurface* copy() const;
+
     // An off-screen surface, opaque or with alpha as the format says; the caller releases it.
     IDirectFBSurface* createSurface(int width, int height) const;
 

@@ -281,4 +281,7 @@ test_start_page_and_its_demonstration() {
     run host --record session.gif
     expect_status 0
     file session.gif | grep -q 'GIF image data.* 960 x 540' || fail "$(file session.gif)"
+    cmp session.gif "$root/docs/browser.gif" ||
+        fail "docs/browser.gif: found an older look. To take the new one over, and look at it:" \
+            "env -u DISPLAY make run-browser && cp build/run/browser.gif docs/"
 }

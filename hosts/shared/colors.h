@@ -1,6 +1,6 @@
-// The colours of the page and of the remote control on it.
-#ifndef HOSTS_SCREEN_PAGE_COLORS_H
-#define HOSTS_SCREEN_PAGE_COLORS_H
+// Colours of the pages and of the remote control that hosts draw.
+#ifndef HOSTS_SHARED_COLORS_H
+#define HOSTS_SHARED_COLORS_H
 
 #include <directfb.h>
 
@@ -11,7 +11,6 @@ struct Color {
     u8 red, green, blue;
 };
 
-const Color kPageColor = {0x10, 0x18, 0x28};
 const Color kWhite = {0xFF, 0xFF, 0xFF};
 const Color kPale = {0xB0, 0xB8, 0xC8};
 const Color kLight = {0xFF, 0xC8, 0x3C}; // a pressed key

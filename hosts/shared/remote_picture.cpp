@@ -3,8 +3,8 @@
 
 #include <cmath>
 
+#include "colors.h"
 #include "keyboard_constants.h"
-#include "page_colors.h"
 #include "screen.h"
 
 namespace host
@@ -91,10 +91,12 @@ RemotePicture::RemotePicture(IDirectFB* dfb, const std::string& font)
 {
 }
 
-void RemotePicture::draw(IDirectFBSurface* surface, const RemoteKey& pressed) const
+void RemotePicture::draw(IDirectFBSurface* screen, const RemoteKey& pressed) const
 {
     const int code = pressed.meaning == RemoteKey::ForKeyboard ? pressed.keyCode : 0;
-    surface->Clear(surface, kPageColor.red, kPageColor.green, kPageColor.blue, 0xFF);
+    IDirectFBSurface* surface = nullptr;
+    const DFBRectangle area = {kLeft, kTop, kWidth, kHeight};
+    require(screen->GetSubSurface(screen, &area, &surface), "GetSubSurface");
     surface->SetFont(surface, m_font);
     setColor(surface, kBody);
     body(surface);
@@ -104,6 +106,7 @@ void RemotePicture::draw(IDirectFBSurface* surface, const RemoteKey& pressed) co
         arrow(surface, each, code == each.keyCode);
     labelled(surface, kRingY, kOkRadius, "OK", code == RemoteOk);
     labelled(surface, kBackY, kBackRadius, "Back", pressed.meaning == RemoteKey::Back);
+    surface->Release(surface);
 }
 
 } // namespace host
