@@ -8,6 +8,7 @@
 
 #include <unistr.h>
 
+#include "input_methods.h"
 #include "keyboard_constants.h"
 #include "text_line.h"
 
@@ -63,7 +64,7 @@ std::string whereToFind(const std::string& character, const std::vector<std::str
     const size_t kShown = 3;
     std::vector<std::string> others = layoutsWith(character, chosen);
     if (others.empty())
-        return "no layout has a key for it";
+        return "no layout types it without choosing from a dictionary";
     const Source from = source();
     const std::string names = joined(chosen, " ") + " " + others[0];
     const size_t count = others.size();
@@ -108,12 +109,24 @@ bool types(const std::string& file, const std::vector<std::string>& parts, size_
     return false;
 }
 
+// Several keys of the layout compose it. Those that convert are left out, as nobody knows before
+// which word they offer first.
+bool composes(input_methods::InputMethods& methods, const std::string& layout,
+              const std::string& character)
+{
+    input_methods::InputMethod* method = methods.offersCandidates(layout)
+                                             ? nullptr
+                                             : methods.find(layout, input_methods::Field::Text);
+    return method != nullptr && !method->spell(character).empty();
+}
+
 } // namespace
 
 std::vector<std::string> layoutsWith(const std::string& character,
                                      const std::vector<std::string>& leftOut)
 {
     const std::vector<std::string> parts = codePoints(decomposed(character));
+    input_methods::InputMethods methods{input_methods::Settings()};
     std::vector<std::string> found;
     std::error_code error;
     for (const fs::directory_entry& entry : fs::directory_iterator(source().folder, error)) {
@@ -126,7 +139,7 @@ std::vector<std::string> layoutsWith(const std::string& character,
             continue;
         std::ostringstream text;
         text << std::ifstream(entry.path()).rdbuf();
-        if (types(text.str(), parts, 0))
+        if (types(text.str(), parts, 0) || composes(methods, name, character))
             found.push_back(name);
     }
     std::sort(found.begin(), found.end());

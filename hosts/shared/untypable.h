@@ -10,8 +10,8 @@
 namespace host
 {
 
-// The layouts that have keys for the character (UTF-8), in the order of their names, without those
-// that are left out: among all that came with this program.
+// The layouts that have keys for the character, or compose it of several, (UTF-8), in the order of
+// their names, without those that are left out: among all that came with this program.
 std::vector<std::string> layoutsWith(const std::string& character,
                                      const std::vector<std::string>& leftOut);
 

@@ -104,10 +104,10 @@ TEST_P(Programs, LinkNoEngine)
 {
     for (const std::string file : {GetParam().file, OS_KEYBOARD_TEST}) {
         test_process::Command command;
-        command.for_target = false;
+        command.forTarget = false;
         command.words = {"ldd", file};
         const test_process::Result result = test_process::run(command, "");
-        EXPECT_EQ(result.exit_status, 0) << result.err;
+        EXPECT_EQ(result.exitStatus, 0) << result.err;
         EXPECT_THAT(result.out, HasSubstr("libc.so"));
         for (const char* engine : {"anthy", "chewing", "hangul", "m17n", "rime"})
             EXPECT_THAT(result.out, Not(HasSubstr(std::string("lib") + engine)));

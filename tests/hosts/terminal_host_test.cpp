@@ -400,7 +400,11 @@ INSTANTIATE_TEST_SUITE_P(
         // A key for the letter with its horn, and one for the dot below, whose label is on a
         // circle.
         Refusal{"CharacterOfSeveralKeys", "--type 'ợ'", {}, "; these have it: Vietnamese"},
-        Refusal{"CharacterOfNoLayout", "--type '漢'", {}, "; no layout has a key for it"},
+        Refusal{"ComposedCharacter", "--type '한'", {}, "; these have it: Korean; to add one:"},
+        Refusal{"CharacterOfNoLayout",
+                "--type '漢'",
+                {},
+                "; no layout types it without choosing from a dictionary"},
         Refusal{"ClosedOutput", "--type a >&-", {}, "standard output: is closed"},
         Refusal{
             "FullOutput", "--type a </dev/null >/dev/full", {}, "standard output: No space left"},
