@@ -2,6 +2,7 @@
 #define BENCH_REPORT_FD_H
 
 #include <cstdio>
+#include <string>
 
 #include <unistd.h>
 
@@ -16,6 +17,15 @@ inline void report(const char* name, long value)
     char line[64];
     const int length = std::snprintf(line, sizeof line, "%s %ld\n", name, value);
     if (write(kReportFd, line, static_cast<size_t>(length)) != length)
+        _exit(1);
+}
+
+// A row for scripts/bench: what was measured, and beside what.
+inline void figure(const std::string& name, double value, double atMost, const char* unit,
+                   const std::string& compared)
+{
+    if (dprintf(kReportFd, "%s\t%.4f\t%g\t%s\t%s\n", name.c_str(), value, atMost, unit,
+                compared.c_str()) < 0)
         _exit(1);
 }
 

@@ -1,9 +1,7 @@
 // Time until the keyboard is shown and memory after that, beside a program that makes the same
 // DirectFB calls; and memory after many arrow keys.
 //
-// Usage: start_times start PAIRS | start_times arrows COUNT    (reports on file descriptor 3)
-//
-// Times are in microseconds, memory in KiB.
+// Usage: start_times start PAIRS | start_times arrows COUNT    (rows on file descriptor 3)
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -104,12 +102,6 @@ struct Least {
         seconds = std::min(seconds, one.secondsUntilShown);
         residentKiB = std::min(residentKiB, one.residentKiB);
     }
-
-    void report(const std::string& name) const
-    {
-        bench::report((name + "-us").c_str(), std::lround(1e6 * seconds));
-        bench::report((name + "-KiB").c_str(), residentKiB);
-    }
 };
 
 // The keyboard and its DirectFB calls alone, run by run, each of them first in every second pair.
@@ -130,8 +122,16 @@ void startInTurn(int pairs)
         if (pair % 2 != 0)
             keyboard.add(start(START_KEYBOARD));
     }
-    keyboard.report("keyboard");
-    alone.report("alone");
+    const std::string runs = "; least of " + std::to_string(pairs);
+    bench::figure("start", keyboard.seconds / alone.seconds, 1.08, "ratio",
+                  std::to_string(std::lround(1e6 * keyboard.seconds)) +
+                      " us to the first shown frame / " +
+                      std::to_string(std::lround(1e6 * alone.seconds)) +
+                      " us of a program that makes the same DirectFB calls" + runs + " in turn");
+    bench::figure("memory after start",
+                  static_cast<double>(keyboard.residentKiB - alone.residentKiB), 900, "KiB",
+                  std::to_string(keyboard.residentKiB) + " KiB resident - " +
+                      std::to_string(alone.residentKiB) + " KiB of that program" + runs);
 }
 
 // The run that grew least, as DirectFB's threads take more room the later they get a processor. Few
@@ -148,8 +148,14 @@ void pressArrows(const char* count)
         if (run == 0 || one.growthKiB() < least.growthKiB())
             least = one;
     }
-    bench::report("before-KiB", least.residentBeforeArrows);
-    bench::report("after-KiB", least.residentAfterArrows);
+    bench::figure(
+        std::string("memory after ") + count + " arrows", static_cast<double>(least.growthKiB()),
+        64, "KiB",
+        std::to_string(least.residentAfterArrows) + " KiB resident - " +
+            std::to_string(least.residentBeforeArrows) +
+            " KiB before, after start and 5,000 arrows in which DirectFB's threads have taken "
+            "their own; least of " +
+            std::to_string(kArrowRuns));
 }
 
 } // namespace
