@@ -236,6 +236,7 @@ protected:
     }
 
     TextField& field() { return *m_field; }
+    InputMethod& method() { return *find(*m_methods, GetParam().layout); }
 
     // Chooses the longest candidate that the text goes on with. Returns its length, or 0.
     size_t chooseTowards(const std::string& rest)
@@ -356,6 +357,13 @@ TEST_P(Converting, ComposesNoMoreThanTheLimit)
         EXPECT_LE(input_methods::letters(field().last().preedit), most);
     }
     EXPECT_NE(field().text(), "");
+}
+
+// Nobody knows before which word comes first.
+TEST_P(Converting, SpellsNothing)
+{
+    const Word& word = GetParam().words.front();
+    EXPECT_EQ(method().spell(word.text), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(, Converting, testing::ValuesIn(kLanguages), nameOfTest);
