@@ -17,9 +17,9 @@ namespace
 {
 
 constexpr uint32_t kKeyFill = 0xFF323232;
-constexpr int kBevel = 2;           // pixels at each side
-constexpr int kCaptionHeight = 64;  // pixels above each face
-constexpr double kOffCentre = 3;    // pixels
+constexpr int kBevel = 2;             // pixels at each side
+constexpr int kCaptionHeight = 64;    // pixels above each face
+constexpr double kOffCentre = 3;      // pixels
 constexpr double kMostOutside = 0.05; // of 1
 
 struct Area {
@@ -113,8 +113,7 @@ TEST(Marks, StandInTheMiddleOfTheirKeys)
         EXPECT_TRUE(ink.left > key.left && ink.right < key.right && ink.top > key.top &&
                     ink.bottom < key.bottom)
             << name << " reaches its key's edge";
-        const double offset =
-            std::abs((ink.left + ink.right) / 2.0 - (key.left + key.right) / 2.0);
+        const double offset = std::abs((ink.left + ink.right) / 2.0 - (key.left + key.right) / 2.0);
         if (offset > kOffCentre) {
             ++off;
             which += " " + name + "(" + std::to_string(static_cast<int>(offset)) + ")";
