@@ -17,7 +17,7 @@ run-screen: keyboard ## A page and its keyboard in a window; without a display i
 	@scripts/run screen
 
 run-browser: ## Web pages with the keyboard; without a display, a played session in build/run/
-	@scripts/run-browser
+	@scripts/run browser
 
 run-driver: keyboard ## The test driver's loop, on a screen of 1920 by 1080
 	@scripts/run driver

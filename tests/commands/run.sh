@@ -57,5 +57,5 @@ test_a_driver_that_fails_fails() {
 test_nothing_to_run_is_a_usage_error() {
     run "$scripts/run"
     expect_status 1
-    expect_said 'usage: run terminal|screen|driver'
+    expect_said 'usage: run terminal|screen|browser|driver'
 }
