@@ -11,6 +11,14 @@
 namespace host
 {
 
+namespace
+{
+
+// X11 repeats a key that is held as a release with a press right behind it.
+const unsigned kReleaseMilliseconds = 50;
+
+} // namespace
+
 RemoteInput::RemoteInput(IDirectFB* dfb, Press press) : m_press(std::move(press))
 {
     IDirectFBEventBuffer* events = nullptr;
@@ -27,6 +35,14 @@ RemoteInput::RemoteInput(IDirectFB* dfb, Press press) : m_press(std::move(press)
         this);
 }
 
+gboolean RemoteInput::release(gpointer input)
+{
+    RemoteInput& self = *static_cast<RemoteInput*>(input);
+    self.m_release = 0;
+    self.m_down = DIKS_NULL;
+    return G_SOURCE_REMOVE;
+}
+
 void RemoteInput::read(int descriptor)
 {
     DFBEvent event = {};
@@ -34,8 +50,10 @@ void RemoteInput::read(int descriptor)
         event.clazz != DFEC_INPUT)
         return;
     const DFBInputEvent& input = event.input;
+    if (m_release != 0)
+        g_source_remove(std::exchange(m_release, 0U));
     if (input.type == DIET_KEYRELEASE)
-        m_down = DIKS_NULL;
+        m_release = g_timeout_add(kReleaseMilliseconds, release, this);
     if (input.type != DIET_KEYPRESS)
         return;
     const bool isHeld = input.key_symbol == m_down;

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include <directfb.h>
+#include <glib.h>
 
 #include "remote_keys.h"
 
@@ -25,9 +26,11 @@ public:
 
 private:
     void read(int descriptor);
+    static gboolean release(gpointer input);
 
     Press m_press;
     DFBInputDeviceKeySymbol m_down = DIKS_NULL;
+    unsigned m_release = 0; // GLib's source that ends m_down
 };
 
 } // namespace host

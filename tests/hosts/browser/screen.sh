@@ -47,9 +47,35 @@ wait keyboard shown
 STEPS
     sed 's|</script>|setTimeout(() => say("held"), 2000);</script>|' "$pages/count.html" >held.html
     cp "$pages"/tools.js "$pages"/style.css .
-    with_keys "file://$PWD/held.html"
+    with_keys "file://$PWD/held.html" --log log
     there ready.png
     xdotool keydown Return
     ends_with 0
     xdotool keyup Return || true
+    # The focus begins on the key that hides.
+    ! grep -q 'Hide the VKB' log || fail "OK pressed a key of the keyboard"
 }
+
+# The screen's own repetition; the log tells of each step.
+test_arrow_that_is_held_goes_on() {
+    cat >steps <<'STEPS'
+wait page ready
+picture ready.png
+wait keyboard shown
+picture shown.png
+wait keyboard hidden
+STEPS
+    with_keys "file://$pages/count.html" --log log
+    there ready.png
+    xdotool key Return
+    there shown.png
+    local before
+    before=$(steps_of_focus)
+    xdotool keydown Right
+    within_patience went_on "$((before + 5))"
+    xdotool keyup Right
+    xdotool key Escape
+    ends_with 0
+}
+steps_of_focus() { grep -c 'focus button:' log || true; }
+went_on() { (($(steps_of_focus) >= $1)); }
