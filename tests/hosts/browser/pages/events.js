@@ -6,6 +6,9 @@ const kinds = ['keydown', 'keypress', 'beforeinput', 'input', 'keyup', 'change',
   'compositionstart', 'compositionupdate', 'compositionend'];
 const seen = [];
 
+// A computer's keyboard has an event of its own for Shift; the on-screen keyboard holds no key.
+const isComputer = location.search === '?computer';
+
 const describe = event => {
   const words = [event.type, event.target.id];
   if (event instanceof KeyboardEvent)
@@ -18,6 +21,7 @@ const describe = event => {
 for (const kind of kinds)
   document.addEventListener(kind, event => {
     if (event.keyCode === 406) return;
+    if (isComputer && event.key === 'Shift') return;
     seen.push(describe(event));
     if (kind === 'submit') event.preventDefault();
   }, true);
