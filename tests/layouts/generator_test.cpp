@@ -136,6 +136,8 @@ TEST(Exceptions, SayWhichLineIsWrong)
         {"Greek\tAD99\tdefault\tx\twhy", "the key \"AD99\", expected the name of a printing key"},
         {"Greek\tAD01\tupper\tx\twhy", "the face \"upper\", expected default, default shifted"},
         {"Greek\tAD01\tdefault\tx", "4 columns, expected 5"},
+        {"Greek\tAD01\tdefault\tx\t", "no reason in column 5, expected why"},
+        {"Greek\tAD01\tdefault\t\xFF\twhy", "bytes that are no UTF-8, expected a file"},
     };
     TemporaryFolder folder;
     for (const auto& wrong : kCases) {
@@ -144,6 +146,47 @@ TEST(Exceptions, SayWhichLineIsWrong)
                     ThrowsMessage<std::runtime_error>(
                         HasSubstr("table: line 3: found " + std::string(wrong.message))));
     }
+}
+
+TEST(Exceptions, StandOnceForEachKeyAndFace)
+{
+    TemporaryFolder folder;
+    std::ofstream(folder.path("table"))
+        << "Greek\tAD01\tdefault\tx\twhy\nGreek\tAD01\tdefault\ty\twhy\n";
+    EXPECT_THAT([&] { readExceptions(folder.path("table"), languages()); },
+                ThrowsMessage<std::runtime_error>(
+                    HasSubstr("table: line 2: found Greek AD01 default again, expected each")));
+}
+
+TEST(LanguageTable, SaysWhatIsWrongInALine)
+{
+    const struct {
+        const char* line;
+        const char* message;
+    } kCases[] = {
+        {"xx\tName\tXX\tde\tDejaVuSans.ttf", "the name \"Name\", expected the middle of a file"},
+        {"xx\tA/../B\tXX\tde\tDejaVuSans.ttf", "the name \"A/../B\", expected the middle of a"},
+        {"xx\tX\tShift\tde\tDejaVuSans.ttf", "the label \"Shift\", expected another one"},
+        {"xx\tX\tXX\tde(neo\tDejaVuSans.ttf", "the keyboard \"de(neo\", expected a name in"},
+        {"xx\tX\tXX\tde()\tDejaVuSans.ttf", "the keyboard \"de()\", expected a name in"},
+        {"xx\tX\tXX\tde)\tDejaVuSans.ttf", "the keyboard \"de)\", expected a name in"},
+        {"xx\tX\t\xFF\tde\tDejaVuSans.ttf", "bytes that are no UTF-8, expected a file"},
+        {"xx\t\tXX\tde\tDejaVuSans.ttf", "nothing in column 2, expected a text"},
+    };
+    TemporaryFolder folder;
+    for (const auto& wrong : kCases) {
+        std::ofstream(folder.path("table")) << wrong.line << "\r\n";
+        EXPECT_THAT([&] { readLanguages(folder.path("table")); },
+                    ThrowsMessage<std::runtime_error>(
+                        HasSubstr("table: line 1: found " + std::string(wrong.message))));
+    }
+}
+
+TEST(LanguageTable, IsAFile)
+{
+    TemporaryFolder folder;
+    EXPECT_THAT([&] { readLanguages(folder.path()); },
+                ThrowsMessage<std::runtime_error>(HasSubstr(": cannot be read: is a folder")));
 }
 
 TEST(LanguageTable, SaysWhichLineIsWrong)

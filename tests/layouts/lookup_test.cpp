@@ -60,6 +60,10 @@ TEST(Lookup, TakesCodesInAnyForm)
     EXPECT_EQ(meant("FR"), "French");
     EXPECT_EQ(meant("fra"), "French");
     EXPECT_EQ(meant("sr-latn"), "Serbian_Latin");
+    EXPECT_EQ(meant("zh-TW"), "Chinese_Zhuyin");
+    EXPECT_EQ(meant("zh_HK"), "Chinese_Traditional_Pinyin");
+    EXPECT_EQ(meant("de-AT"), "German");
+    EXPECT_EQ(meant("es_MX"), "Spanish_Latin_America");
     EXPECT_EQ(meant("yi"), "Yiddish");
     EXPECT_EQ(meant("Yi"), "Yi");
 }

@@ -7,6 +7,7 @@
 
 #include "catalogue.h"
 #include "json_file.h"
+#include "keyboard_constants.h"
 #include "layout_set.h"
 
 namespace layouts
@@ -14,9 +15,8 @@ namespace layouts
 namespace
 {
 
-// The keyboard's window stands here on the screen.
-constexpr int64_t kWindowX = 600;
-constexpr int64_t kWindowY = 600;
+using velmora::browser::vkb::kWindowX;
+using velmora::browser::vkb::kWindowY;
 
 // Pixels are kept in 16 bits.
 constexpr int64_t kLastPixel = INT16_MAX;
@@ -146,10 +146,7 @@ std::set<std::string> checkNames(const Catalogue& catalogue, Findings& findings)
     for (size_t i = 0; i < catalogue.names.size(); ++i) {
         const std::string& name = catalogue.names[i];
         const std::string where = "language[" + std::to_string(i) + "]";
-        const bool leavesFolder =
-            name.find('/') != std::string::npos || name.find("..") != std::string::npos;
-        if (name.empty() || leavesFolder || name.find('\0') != std::string::npos ||
-            keyMapName(name) == kCatalogueName)
+        if (!isLayoutName(name))
             findings.push_back({kCatalogueName, where, quoted(name),
                                 "the middle of a file name, as in Language_English.json, without "
                                 "\"/\" and \"..\", and not \"Name\"",
@@ -168,8 +165,8 @@ void checkGrid(const Catalogue& catalogue, int screenWidth, int screenHeight, Fi
         return;
     grid.checkLast();
     grid.checkOverlaps();
-    const int64_t roomX = screenWidth - kWindowX;
-    const int64_t roomY = screenHeight - kWindowY;
+    const int64_t roomX = int64_t(screenWidth) - kWindowX;
+    const int64_t roomY = int64_t(screenHeight) - kWindowY;
     if (grid.width() > roomX || grid.height() > roomY)
         findings.push_back({kCatalogueName, "Rect",
                             "a keyboard of " + size(grid.width(), grid.height()) + " pixels",

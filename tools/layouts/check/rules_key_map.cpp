@@ -7,6 +7,7 @@
 #include "font.h"
 #include "json_file.h"
 #include "key_map.h"
+#include "keyboard_constants.h"
 #include "label.h"
 #include "text.h"
 
@@ -15,11 +16,12 @@ namespace layouts
 namespace
 {
 
-constexpr int32_t kBackspace = 8;
-constexpr int32_t kEnter = 13;
-constexpr int32_t kDelete = 127;
-constexpr int32_t kCaretLeft = 37;
-constexpr int32_t kCaretRight = 39;
+using velmora::browser::vkb::KeyCodeBack;
+using velmora::browser::vkb::KeyCodeCaretLeft;
+using velmora::browser::vkb::KeyCodeCaretRight;
+using velmora::browser::vkb::KeyCodeEnter;
+
+constexpr int32_t kDelete = 127; // the character
 
 std::string shown(const std::string& text)
 {
@@ -36,16 +38,9 @@ std::string characterPath(const Face& face, size_t key)
     return keyPath(face, key) + (face.shifted ? ".shiftKeyCharacter" : ".character");
 }
 
-// The words by which the keyboard knows its own keys.
 bool isAny(const std::string& text, const char* a, const char* b)
 {
     return text == a || text == b;
-}
-
-bool worksKeyboard(const std::string& text)
-{
-    return isAny(text, "Shift", "shift") || isAny(text, "Alt", "alt") ||
-           isAny(text, "Hide", "hide") || isAny(text, "ClearAll", "clearall");
 }
 
 bool isControl(int32_t character)
@@ -58,7 +53,7 @@ void checkCharacter(const std::string& file, const Key& key, const Face& face, s
 {
     const Legend& legend = legendOf(key, face);
     const int32_t single = singleCodePoint(legend.text);
-    const bool isCaretKey = key.keyCode == kCaretLeft || key.keyCode == kCaretRight;
+    const bool isCaretKey = key.keyCode == KeyCodeCaretLeft || key.keyCode == KeyCodeCaretRight;
     if (legend.character == single || isControl(legend.character) ||
         legend.text == labelFor(delivered(legend)) || (isCaretKey && legend.character == 0))
         return;
@@ -135,10 +130,12 @@ constexpr NeededKey kNeeded[] = {
      [](const Key& key, const std::string&) { return key.isSpecial && key.isLanguage; }},
     {"backspace (keyCode 8)",
      [](const Key& key, const std::string&) {
-         return !key.isSpecial && key.keyCode == kBackspace;
+         return !key.isSpecial && key.keyCode == KeyCodeBack;
      }},
     {"Enter (keyCode 13)",
-     [](const Key& key, const std::string&) { return !key.isSpecial && key.keyCode == kEnter; }},
+     [](const Key& key, const std::string&) {
+         return !key.isSpecial && key.keyCode == KeyCodeEnter;
+     }},
     {"space (a single blank)",
      [](const Key& key, const std::string& text) { return !key.isSpecial && text == " "; }},
 };

@@ -15,6 +15,7 @@
 #include "commands.h"
 #include "font_files.h"
 #include "install.h"
+#include "keyboard_constants.h"
 #include "lookup.h"
 #include "resources.h"
 #include "territory.h"
@@ -24,14 +25,11 @@ namespace layouts
 namespace
 {
 
-// Where the keyboard looks for its files.
-const char kInstalledFolder[] = "/usr/local/opt/nerovista/resources/oskeyboard_config";
-
 struct Arguments {
     std::vector<std::string> names;
     std::string country;
     std::string font;
-    std::string to = kInstalledFolder;
+    std::string to = velmora::browser::vkb::kLayoutFolder;
 };
 
 std::string joined(const std::vector<std::string>& words)

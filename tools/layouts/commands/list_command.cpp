@@ -93,6 +93,7 @@ void printRow(const Language& language, const KeyMap& keyMap)
 void run(const Resources& resources)
 {
     const std::vector<Language> languages = readLanguages(resources.table());
+    const std::vector<LeftOut> others = readLeftOut(resources.leftOut());
     std::set<std::string> codes;
     for (const Language& language : languages)
         codes.insert(language.icuName.substr(0, language.icuName.find('_')));
@@ -103,7 +104,7 @@ void run(const Resources& resources)
     std::printf("\n## Left out\n\n"
                 "Of the languages that the locale data or the keyboard database has.\n\n"
                 "| code | language | why |\n| --- | --- | --- |\n");
-    for (const LeftOut& leftOut : readLeftOut(resources.leftOut()))
+    for (const LeftOut& leftOut : others)
         std::printf("| %s | %s | %s |\n", leftOut.icuName.c_str(), leftOut.name.c_str(),
                     leftOut.reason.c_str());
 }

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -17,6 +18,8 @@ namespace layouts
 std::string readFile(const std::string& file)
 {
     std::ifstream in(file, std::ios::binary);
+    if (std::filesystem::is_directory(file))
+        throw std::runtime_error(file + ": cannot be read: is a folder");
     if (!in)
         throw std::runtime_error(file + ": cannot be read: " + std::strerror(errno));
     return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());

@@ -1,6 +1,8 @@
 // Reads and writes key maps.
 #include "key_map.h"
 
+#include <set>
+
 #include <sstream>
 
 #include <json/value.h>
@@ -78,6 +80,13 @@ const std::vector<Key>& keysOf(const KeyMap& keyMap, const Face& face)
 const Legend& legendOf(const Key& key, const Face& face)
 {
     return face.shifted ? key.shifted : key.plain;
+}
+
+bool worksKeyboard(const std::string& text)
+{
+    static const std::set<std::string> kWords = {"Shift", "shift", "Alt",      "alt",
+                                                 "Hide",  "hide",  "ClearAll", "clearall"};
+    return kWords.count(text) != 0;
 }
 
 std::string delivered(const Legend& legend)

@@ -21,6 +21,9 @@ struct Legend {
 // What the host puts into the text field: the character, or the text where there is none.
 std::string delivered(const Legend& legend);
 
+// Whether the keyboard knows one of its own keys by this word: Shift, Alt, Hide or ClearAll.
+bool worksKeyboard(const std::string& text);
+
 struct Key {
     Legend plain;
     Legend shifted;

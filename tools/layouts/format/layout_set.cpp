@@ -24,6 +24,14 @@ std::string keyMapName(const std::string& layout)
     return std::string(kPrefix).append(layout).append(kSuffix);
 }
 
+bool isLayoutName(const std::string& name)
+{
+    const bool leavesFolder =
+        name.find('/') != std::string::npos || name.find("..") != std::string::npos;
+    return !name.empty() && !leavesFolder && name.find('\0') == std::string::npos &&
+           keyMapName(name) != kCatalogueName;
+}
+
 std::string catalogueFile(const std::string& folder)
 {
     return folder + "/" + kCatalogueName;

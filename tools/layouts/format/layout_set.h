@@ -13,6 +13,9 @@ using LayoutSet = std::map<std::string, std::string>;
 extern const char kCatalogueName[];
 std::string keyMapName(const std::string& layout);
 
+// Whether a layout's name is one that a key map's file in the same folder can have.
+bool isLayoutName(const std::string& name);
+
 // The same as paths.
 std::string catalogueFile(const std::string& folder);
 std::string keyMapFile(const std::string& folder, const std::string& layout);

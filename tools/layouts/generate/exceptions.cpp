@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 
 #include "key_map.h"
 #include "language.h"
@@ -37,6 +38,8 @@ KeyException exceptionOf(const TableRow& row, const std::vector<Language>& langu
     if (found == std::end(kFaces))
         row.refuse("the face \"" + face + "\"",
                    "default, default shifted, symbol or symbol shifted");
+    if (row.fields[4].empty())
+        row.refuse("no reason in column 5", "why the layout differs from its keyboard");
     return {layout, key, static_cast<size_t>(found - kFaces), row.fields[3]};
 }
 
@@ -46,8 +49,13 @@ std::vector<KeyException> readExceptions(const std::string& file,
                                          const std::vector<Language>& languages)
 {
     std::vector<KeyException> exceptions;
-    for (const TableRow& row : readTable(file, kColumns, kColumns))
+    std::set<std::string> seen;
+    for (const TableRow& row : readTable(file, kColumns, kColumns)) {
         exceptions.push_back(exceptionOf(row, languages));
+        const std::string key = row.fields[0] + " " + row.fields[1] + " " + row.fields[2];
+        if (!seen.insert(key).second)
+            row.refuse(key + " again", "each key of a layout once for each face");
+    }
     return exceptions;
 }
 

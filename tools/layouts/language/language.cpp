@@ -5,6 +5,8 @@
 #include <stdexcept>
 
 #include "json_file.h"
+#include "key_map.h"
+#include "layout_set.h"
 #include "locale_data.h"
 #include "table.h"
 #include "text.h"
@@ -16,21 +18,45 @@ namespace
 
 const char kAsciiDigits[] = "en"; // the language that is written with them
 
+// A name, and in brackets behind it a variant.
+bool isKeyboard(const std::string& text)
+{
+    const size_t bracket = text.find('(');
+    return bracket == std::string::npos
+               ? text.find(')') == std::string::npos
+               : bracket > 0 && text.find(')') == text.size() - 1 && bracket + 2 < text.size();
+}
+
+void checkRow(const TableRow& row, const std::string& letters)
+{
+    const std::vector<std::string>& fields = row.fields;
+    for (size_t i = 0; i < 5; ++i)
+        if (fields[i].empty())
+            row.refuse("nothing in column " + std::to_string(i + 1),
+                       "a text; see the file's first lines");
+    if (!isLayoutName(fields[1]))
+        row.refuse("the name " + quoted(fields[1]),
+                   "the middle of a file name, without \"/\" and \"..\", and not \"Name\"");
+    if (worksKeyboard(fields[2]))
+        row.refuse("the label " + quoted(fields[2]),
+                   "another one, as this word does something else");
+    if (!isKeyboard(fields[3]))
+        row.refuse("the keyboard " + quoted(fields[3]),
+                   "a name in the keyboard database, a variant in brackets, as in de(neo)");
+    if (!letters.empty() && lettersOfPattern(letters).empty())
+        row.refuse("the letters " + quoted(letters), "a pattern with at least one, as in [a-zß]");
+}
+
 Language languageOf(const TableRow& row, const std::string& folder)
 {
     const std::vector<std::string>& fields = row.fields;
+    const std::string letters = fields.size() > 5 ? fields[5] : std::string();
+    checkRow(row, letters);
     const std::string& keyboard = fields[3];
     const size_t bracket = keyboard.find('(');
     const std::string variant = bracket == std::string::npos
                                     ? std::string()
                                     : keyboard.substr(bracket + 1, keyboard.size() - bracket - 2);
-    const std::string letters = fields.size() > 5 ? fields[5] : std::string();
-    for (size_t i = 0; i < 5; ++i)
-        if (fields[i].empty())
-            row.refuse("nothing in column " + std::to_string(i + 1),
-                       "a text; see the file's first lines");
-    if (!letters.empty() && lettersOfPattern(letters).empty())
-        row.refuse("the letters " + quoted(letters), "a pattern with at least one, as in [a-zß]");
     return {fields[0], fields[1], fields[2], keyboard.substr(0, bracket), variant, fields[4],
             letters,   folder,    row.place};
 }
@@ -46,6 +72,8 @@ std::vector<Language> readLanguages(const std::string& file)
             row.refuse(language.name + " again", "each layout once");
         languages.push_back(language);
     }
+    if (languages.empty())
+        throw std::runtime_error(file + ": found no language, expected one a line");
     return languages;
 }
 

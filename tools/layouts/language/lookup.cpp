@@ -8,6 +8,8 @@
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 
+#include "territory.h"
+
 namespace layouts
 {
 namespace
@@ -113,6 +115,8 @@ const Language& meantLanguage(const std::vector<Language>& languages, const std:
             rank = at;
         }
     }
+    if (meant == nullptr)
+        meant = layoutForLocale(languages, text);
     if (meant != nullptr && !wanted.isEmpty())
         return *meant;
     std::string suggestion;

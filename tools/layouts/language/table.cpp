@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "json_file.h"
+#include "text.h"
 
 namespace layouts
 {
@@ -42,9 +43,13 @@ std::vector<TableRow> readTable(const std::string& file, size_t fewest, size_t m
     int number = 0;
     for (std::string line; std::getline(in, line);) {
         ++number;
+        if (!line.empty() && line.back() == '\r')
+            line.pop_back();
         if (line.empty() || line[0] == '#')
             continue;
         const TableRow row = {file + ": line " + std::to_string(number), split(line)};
+        if (!isUtf8(line))
+            row.refuse("bytes that are no UTF-8", "a file that is saved as UTF-8");
         if (row.fields.size() < fewest || row.fields.size() > most)
             row.refuse(std::to_string(row.fields.size()) + " columns",
                        columns(fewest, most) +

@@ -68,11 +68,11 @@ bool isFormOf(const icu::Locale& form, const std::string& country)
     return U_SUCCESS(status) && (*region == *wanted || region->contains(*wanted));
 }
 
-// The layout of that language in the default script there, best in the country's own form.
-const Language* layoutFor(const std::vector<Language>& languages, const std::string& code,
-                          const std::string& country)
+} // namespace
+
+const Language* layoutForLocale(const std::vector<Language>& languages, const std::string& locale)
 {
-    const icu::Locale wanted = withLikelyScript(code + "_" + country);
+    const icu::Locale wanted = withLikelyScript(locale);
     const Language* best = nullptr;
     for (const Language& language : languages) {
         const icu::Locale has = withLikelyScript(language.icuName);
@@ -80,13 +80,11 @@ const Language* layoutFor(const std::vector<Language>& languages, const std::str
             std::strcmp(has.getScript(), wanted.getScript()) != 0)
             continue;
         const icu::Locale named = icu::Locale::createCanonical(language.icuName.c_str());
-        if (best == nullptr || isFormOf(named, country))
+        if (best == nullptr || isFormOf(named, wanted.getCountry()))
             best = &language;
     }
     return best;
 }
-
-} // namespace
 
 Territory territoryOf(const std::vector<Language>& languages, const std::string& country)
 {
@@ -96,7 +94,7 @@ Territory territoryOf(const std::vector<Language>& languages, const std::string&
     });
     Territory territory;
     for (const Spoken& spoken : spokenIn(code)) {
-        if (const Language* language = layoutFor(languages, spoken.code, code)) {
+        if (const Language* language = layoutForLocale(languages, spoken.code + "_" + code)) {
             territory.languages.push_back(language);
             continue;
         }

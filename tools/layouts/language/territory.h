@@ -20,6 +20,10 @@ struct Territory {
 // that CLDR does not know.
 Territory territoryOf(const std::vector<Language>& languages, const std::string& country);
 
+// The layout for a locale, as zh_TW: of its language in its script, best in the country's own form;
+// nullptr when there is none.
+const Language* layoutForLocale(const std::vector<Language>& languages, const std::string& locale);
+
 } // namespace layouts
 
 #endif
