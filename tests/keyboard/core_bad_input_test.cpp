@@ -13,7 +13,7 @@ using namespace test_support;
 using namespace velmora::browser::vkb;
 using namespace steps;
 using sample::kKeys;
-using sample::kLanguage;
+using sample::Language;
 using testing::Contains;
 using testing::HasSubstr;
 using testing::Not;

@@ -38,7 +38,7 @@ Steps unlocked(const std::string& text)
 }
 
 // A special key at place 0 or 1 that has this text.
-Key special(const std::string& text, int place = kLetter, bool isLanguage = false)
+Key special(const std::string& text, int place = Letter, bool isLanguage = false)
 {
     return {place, text, true, isLanguage, 5, 0, place - 1, place + 1, 0, place + 4, text, 0};
 }
@@ -106,7 +106,7 @@ TEST_F(CoreDispatch, HiddenOrCancelledNoKeyIsHandledAndNothingChanges)
     start();
     m_core->Hide();
     expectRefused({13, 37, 38, 39, 40});
-    EXPECT_EQ(focused().id, kLetter);
+    EXPECT_EQ(focused().id, Letter);
     m_core->Show();
     EXPECT_EQ(m_core->onKeyEvent(13), 1);
     m_core->OnIMECancelled();
@@ -117,8 +117,8 @@ TEST_F(CoreDispatch, HiddenOrCancelledNoKeyIsHandledAndNothingChanges)
 TEST_F(CoreDispatch, AResultStaysUntilTheNextAndIsLoggedEachTime)
 {
     start();
-    press(kShift);
-    press(kLetter);
+    press(Shift);
+    press(Letter);
     takeTrace();
     EXPECT_EQ(m_core->getKeyBoardButton(), 65);
     EXPECT_EQ(m_core->getKeyBoardButton(), 65);
@@ -129,8 +129,8 @@ TEST_F(CoreDispatch, AResultStaysUntilTheNextAndIsLoggedEachTime)
     m_core->getKeyBoardButton(taken);
     expectTrace(
         core("getKeyBoardButton", "button.text = A,button.keyCode = 65,button.modifier = 2\n"));
-    press(kMute);
-    press(kUnknown);
+    press(Mute);
+    press(Unknown);
     EXPECT_EQ(result(), "65/2/65 A");
     EXPECT_EQ(result(), "65/2/65 A");
 }
@@ -143,8 +143,8 @@ TEST_F(CoreDispatch, EachPressOfASessionIsTheseCallsAndLines)
     const Keys shifted = keys("English", true);
     const Keys symbols = keys("English", false, true);
     const Keys german = keys("German");
-    const Keys shift = {plain[kShift]};
-    const Keys alt = {plain[kAlt]};
+    const Keys shift = {plain[Shift]};
+    const Keys alt = {plain[Alt]};
 
     const struct {
         const char* what;
@@ -152,33 +152,33 @@ TEST_F(CoreDispatch, EachPressOfASessionIsTheseCallsAndLines)
         int answer;
         Steps steps;
     } session[] = {
-        {"a letter", kLetter, 1, resultMade("41")},
-        {"Shift for one key", kShift, 0,
-         modeWas("shiftButtonHandle", 0) + m_expected.reload(shifted, shift, shifted[kShift])},
-        {"a shifted letter", kLetter, 1,
-         resultMade("41") + unlocked("Shift") + m_expected.reload(plain, m_none, plain[kLetter])},
-        {"a letter behind it", kLetter, 1, resultMade("41")},
-        {"Shift again", kShift, 0,
-         modeWas("shiftButtonHandle", 0) + m_expected.reload(shifted, shift, shifted[kShift])},
-        {"Shift locked", kShift, 0,
-         modeWas("shiftButtonHandle", 1) + m_expected.reload(shifted, shift, shifted[kShift])},
-        {"a letter with Shift locked", kLetter, 1, resultMade("41")},
-        {"Shift off", kShift, 0,
+        {"a letter", Letter, 1, resultMade("41")},
+        {"Shift for one key", Shift, 0,
+         modeWas("shiftButtonHandle", 0) + m_expected.reload(shifted, shift, shifted[Shift])},
+        {"a shifted letter", Letter, 1,
+         resultMade("41") + unlocked("Shift") + m_expected.reload(plain, m_none, plain[Letter])},
+        {"a letter behind it", Letter, 1, resultMade("41")},
+        {"Shift again", Shift, 0,
+         modeWas("shiftButtonHandle", 0) + m_expected.reload(shifted, shift, shifted[Shift])},
+        {"Shift locked", Shift, 0,
+         modeWas("shiftButtonHandle", 1) + m_expected.reload(shifted, shift, shifted[Shift])},
+        {"a letter with Shift locked", Letter, 1, resultMade("41")},
+        {"Shift off", Shift, 0,
          modeWas("shiftButtonHandle", 1) + unlocked("Shift") +
-             m_expected.reloadIn("shiftButtonHandle", plain, m_none, plain[kShift])},
-        {"Alt on", kAlt, 0,
-         modeWas("altButtonHandle", 0) + m_expected.reload(symbols, alt, symbols[kAlt])},
-        {"Alt off", kAlt, 0,
+             m_expected.reloadIn("shiftButtonHandle", plain, m_none, plain[Shift])},
+        {"Alt on", Alt, 0,
+         modeWas("altButtonHandle", 0) + m_expected.reload(symbols, alt, symbols[Alt])},
+        {"Alt off", Alt, 0,
          modeWas("altButtonHandle", 1) + unlocked("Alt") +
-             m_expected.reloadIn("altButtonHandle", plain, m_none, plain[kAlt])},
-        {"a key that yields nothing", kMute, 0, {}},
-        {"clear-all", kClearAll, 1, core("clearButtonHandle", "called\n") + resultMade("2e")},
-        {"an unknown special key", kUnknown, 2,
+             m_expected.reloadIn("altButtonHandle", plain, m_none, plain[Alt])},
+        {"a key that yields nothing", Mute, 0, {}},
+        {"clear-all", ClearAll, 1, core("clearButtonHandle", "called\n") + resultMade("2e")},
+        {"an unknown special key", Unknown, 2,
          core("specialButtonHandle", "Maybe not special key!\n", kError)},
-        {"the next layout at the same place", kLanguage, 0,
+        {"the next layout at the same place", Language, 0,
          core("languageButtonHandle", "called\n") + layoutChange("German") +
-             m_expected.reload(german, m_none, german[kLanguage])},
-        {"hide", kHide, 0, core("Hide", "Hide the VKB!\n\n") + m_renderer.hideShown()},
+             m_expected.reload(german, m_none, german[Language])},
+        {"hide", Hide, 0, core("Hide", "Hide the VKB!\n\n") + m_renderer.hideShown()},
     };
     for (const auto& each : session) {
         SCOPED_TRACE(each.what);
@@ -202,44 +202,44 @@ template <class... Places> std::vector<int> on(Places... places)
 }
 
 const Presses kPresses[] = {
-    {"ShiftLocksItsKeyOnceAndLocked", on(kShift, kShift, kShift, kShift),
+    {"ShiftLocksItsKeyOnceAndLocked", on(Shift, Shift, Shift, Shift),
      "0 | Shift, 0 | Shift, 0, 0 | Shift"},
-    {"ALetterWithShiftOnceIsShiftedAndReleasesShift", on(kLetter, kShift, kLetter, kLetter),
+    {"ALetterWithShiftOnceIsShiftedAndReleasesShift", on(Letter, Shift, Letter, Letter),
      "1 65/0/97 a, 0 | Shift, 1 65/2/65 A, 1 65/0/97 a"},
     {"ALetterWithShiftLockedStaysShiftedUntilShiftGoesOff",
-     on(kShift, kShift, kLetter, kLetter, kShift, kLetter),
+     on(Shift, Shift, Letter, Letter, Shift, Letter),
      "0 | Shift, 0 | Shift, 1 65/2/65 A | Shift, 1 65/2/65 A | Shift, 0, 1 65/0/97 a"},
-    {"ANegativeKeyCodeYieldsNothingAndDoesNotReleaseShift", on(kShift, kMute, kLetter),
+    {"ANegativeKeyCodeYieldsNothingAndDoesNotReleaseShift", on(Shift, Mute, Letter),
      "0 | Shift, 0 | Shift, 1 65/2/65 A"},
-    {"ClearAllYieldsItsOwnCodesAndKeepsShift", on(kClearAll, kShift, kClearAll, kLetter),
+    {"ClearAllYieldsItsOwnCodesAndKeepsShift", on(ClearAll, Shift, ClearAll, Letter),
      "1 46/0/127 ClearAll, 0 | Shift, 1 46/2/127 ClearAll | Shift, 1 65/2/65 A"},
-    {"ALetterInTheSymbolSetHasItsOwnCodesAndNoModifier", on(kAlt, kLetter, kLetter, kAlt),
+    {"ALetterInTheSymbolSetHasItsOwnCodesAndNoModifier", on(Alt, Letter, Letter, Alt),
      "0 | Alt, 1 49/0/49 1 | Alt, 1 49/0/49 1 | Alt, 0"},
-    {"ShiftAndAltAreIndependent", on(kAlt, kShift, kLetter, kLetter, kShift, kShift, kAlt, kLetter),
+    {"ShiftAndAltAreIndependent", on(Alt, Shift, Letter, Letter, Shift, Shift, Alt, Letter),
      "0 | Alt, 0 | Alt Shift, 1 49/2/33 ! | Alt, 1 49/0/49 1 | Alt, 0 | Alt Shift, "
      "0 | Alt Shift, 0 | Shift, 1 65/2/65 A | Shift"},
     {"ALayoutChangeSwitchesModesAndLocksOff",
-     on(kShift, kShift, kAlt, kLanguage, kLetter, kShift, kLetter),
+     on(Shift, Shift, Alt, Language, Letter, Shift, Letter),
      "0 | Shift, 0 | Shift, 0 | Shift Alt, 0, 1 65/0/97 a, 0 | Shift, 1 65/2/65 A"},
-    {"AnUnknownSpecialKeyYieldsNothing", on(kUnknown), "2"},
+    {"AnUnknownSpecialKeyYieldsNothing", on(Unknown), "2"},
     {"AKeyCodeOfZeroYieldsAResult",
-     on(kLetter),
+     on(Letter),
      "1 0/0/122 z",
      {0, "z", false, false, 0, 122, 0, 1, 0, 4, "Z", 90}},
     {"AnOrdinaryKeyNamedLikeASpecialOneIsOrdinary",
-     on(kLetter),
+     on(Letter),
      "1 7/0/8 Shift",
      {0, "Shift", false, true, 7, 8, 0, 1, 0, 4, "Shift", 9}},
     {"ASpecialKeyIsHandledWhateverItsKeyCode",
-     on(kLetter),
+     on(Letter),
      "1 -9/0/3 ClearAll",
      {0, "ClearAll", true, false, -9, 3, 0, 1, 0, 4, "ClearAll", 3}},
     {"AShiftKeyInSmallLettersStaysLockedUntilTheNextLayout",
-     on(kLetter, kLetter, kLetter, kLetter, kLanguage),
+     on(Letter, Letter, Letter, Letter, Language),
      "0 | shift, 0 | shift, 0 | shift, 0 | shift shift, 0", special("shift")},
-    {"ShiftInSmallLettersIsReleasedByALetter", on(kShift, kLetter, kLetter),
-     "0 | shift, 1 65/2/65 A | shift, 1 65/0/97 a | shift", special("shift", kShift)},
-    {"AnAltKeyInSmallLettersStaysLocked", on(kLetter, kLetter, kLetter),
+    {"ShiftInSmallLettersIsReleasedByALetter", on(Shift, Letter, Letter),
+     "0 | shift, 1 65/2/65 A | shift, 1 65/0/97 a | shift", special("shift", Shift)},
+    {"AnAltKeyInSmallLettersStaysLocked", on(Letter, Letter, Letter),
      "0 | alt, 0 | alt, 0 | alt alt", special("alt")},
 };
 
@@ -290,10 +290,10 @@ class CoreSpecialWord : public CoreDispatch, public testing::WithParamInterface<
 protected:
     void expectHandler(bool isLanguage, int result, const char* handler)
     {
-        writeEnglish(kLetter, special(GetParam().text, kLetter, isLanguage));
+        writeEnglish(Letter, special(GetParam().text, Letter, isLanguage));
         start();
         const size_t before = m_log.lines().size();
-        EXPECT_EQ(press(kLetter), result);
+        EXPECT_EQ(press(Letter), result);
         std::string handlers;
         for (size_t i = before; i < m_log.lines().size(); ++i)
             for (const char* each : {"shiftButtonHandle", "Hide", "altButtonHandle",
@@ -328,11 +328,11 @@ TEST_F(CoreDispatch, SetKeyBoardButtonTakesTheFocusedKeyAndSaysYes)
 
 TEST_F(CoreDispatch, RemovingTakesEveryEntryOfThatTextAndLogsEach)
 {
-    writeEnglish(kLetter, special("shift"));
+    writeEnglish(Letter, special("shift"));
     start();
     m_core->removeLockButton("shift");
     expectTrace({});
-    for (const int place : {kLetter, kLetter, kLetter, kAlt, kLetter})
+    for (const int place : {Letter, Letter, Letter, Alt, Letter})
         press(place);
     ASSERT_EQ(lockedLabels(), (Lines{"shift", "Alt", "shift"}));
     m_core->removeLockButton("Shift");
@@ -345,15 +345,15 @@ TEST_F(CoreDispatch, RemovingTakesEveryEntryOfThatTextAndLogsEach)
 TEST_F(CoreDispatch, UpdatingTheLocksReplacesTheLastEntryByTheFocusedKey)
 {
     start();
-    focus(kHide);
+    focus(Hide);
     m_core->updateLockButton();
     expectTrace({});
     EXPECT_EQ(lockedLabels(), Lines{"Hide"});
-    focus(kClearAll);
+    focus(ClearAll);
     m_core->updateLockButton();
     EXPECT_EQ(lockedLabels(), Lines{"ClearAll"});
-    press(kShift);
-    focus(kHide);
+    press(Shift);
+    focus(Hide);
     m_core->updateLockButton();
     EXPECT_EQ(lockedLabels(), (Lines{"ClearAll", "Hide"}));
 }

@@ -52,7 +52,7 @@ protected:
 TEST_F(CoreFocus, AValidKeyBecomesTheFocusedOneWithAllItsFields)
 {
     start();
-    const Button_t found = m_core->getTargetButtonByButtonId(kClearAll);
+    const Button_t found = m_core->getTargetButtonByButtonId(ClearAll);
     expectTrace(core("getTargetButtonByButtonId", "Target button num is 4\n"));
     const Button_t expected = {"ClearAll", {4, 62, 60, 50}, 4, true, false, 46, 127, 3, 5, 0, 8};
     EXPECT_EQ(fieldsOf(found), fieldsOf(expected));
@@ -63,7 +63,7 @@ TEST_F(CoreFocus, AValidKeyBecomesTheFocusedOneWithAllItsFields)
 TEST_F(CoreFocus, AnIdOutsideTheKeySetIsRefused)
 {
     start();
-    focus(kAlt);
+    focus(Alt);
     for (const int id : {-1, int(kKeys), int(kKeys) + 1, 2147483647, -2147483647 - 1}) {
         EXPECT_EQ(m_core->getTargetButtonByButtonId(id).text, "Alt");
         expectTrace(
@@ -76,10 +76,10 @@ TEST_F(CoreFocus, AChangeSendsTheLocksBeforeTheFocus)
 {
     start();
     const Keys shown = keys();
-    EXPECT_EQ(m_core->FocusButtonChangedTo(kHide), 1);
-    expectTrace(m_expected.focusChange(shown, m_none, kHide, shown[kHide]));
+    EXPECT_EQ(m_core->FocusButtonChangedTo(Hide), 1);
+    expectTrace(m_expected.focusChange(shown, m_none, Hide, shown[Hide]));
     EXPECT_EQ(m_core->FocusButtonChangedTo(99), 1) << "refused, the focus is sent all the same";
-    expectTrace(m_expected.refusedFocusChange(shown, m_none, 99, shown[kHide]));
+    expectTrace(m_expected.refusedFocusChange(shown, m_none, 99, shown[Hide]));
 }
 
 TEST_F(CoreFocus, SendingReachesTheRenderer)
@@ -105,7 +105,7 @@ TEST_F(CoreFocus, SendingWithoutARendererFails)
 TEST_F(CoreFocus, TheNeighbourIsAPositionWhateverItsOwnIdSays)
 {
     startWithAnIdOfAnother();
-    focus(kLanguage);
+    focus(Language);
     EXPECT_EQ(m_core->RightMoveProc(), 0);
     EXPECT_EQ(focused().text, "ClearAll");
     EXPECT_EQ(focused().id, 1);
@@ -114,7 +114,7 @@ TEST_F(CoreFocus, TheNeighbourIsAPositionWhateverItsOwnIdSays)
 TEST_F(CoreFocus, AfterAReloadTheFocusIsFoundByItsOwnId)
 {
     startWithAnIdOfAnother();
-    focus(kClearAll);
+    focus(ClearAll);
     m_core->updateKeyBoardUI();
     EXPECT_EQ(focused().text, "Shift");
 }

@@ -10,7 +10,7 @@ namespace
 using namespace test_support;
 using namespace velmora::browser::vkb;
 using namespace steps;
-using sample::kLanguage;
+using sample::Language;
 
 class CoreLayouts : public CoreTest
 {
@@ -18,45 +18,21 @@ class CoreLayouts : public CoreTest
 
 TEST_F(CoreLayouts, EachLayoutChangeTakesTheNextNameAndWraps)
 {
-    start();
-    for (const char* layout : {"German", "Greek", "English", "German"}) {
-        m_core->onLayoutChanged();
-        expectTrace(layoutChange(layout));
-    }
-}
-
-TEST_F(CoreLayouts, TheCurrentLayoutIsToldWithoutALine)
-{
     create();
     EXPECT_EQ(m_core->currentLayout(), "");
     start();
-    EXPECT_EQ(m_core->currentLayout(), "English");
-    expectTrace({});
-    press(kLanguage);
-    EXPECT_EQ(m_core->currentLayout(), "German");
-}
-
-TEST_F(CoreLayouts, ALayoutChangeDoesNotRedrawUntilTheKeysAreFetched)
-{
-    start();
-    m_core->onLayoutChanged();
-    takeTrace();
-    EXPECT_EQ(m_core->getTargetButtonByButtonId(kLanguage).text, "English");
-    takeTrace();
-    m_core->updateKeyMap();
-    expectTrace(m_expected.updateKeyMap(keys("German")));
-    EXPECT_EQ(m_core->getTargetButtonByButtonId(kLanguage).text, "German");
-}
-
-TEST_F(CoreLayouts, UpdateKeyBoardUIReloadsRedrawsAndFocusesTheSameIndex)
-{
-    start();
-    focus(kLanguage);
-    m_core->onLayoutChanged();
-    takeTrace();
-    EXPECT_EQ(m_core->updateKeyBoardUI(), 1);
+    focus(Language);
+    for (const char* layout : {"German", "Greek", "English", "German"}) {
+        m_core->onLayoutChanged();
+        expectTrace(layoutChange(layout));
+        EXPECT_EQ(m_core->currentLayout(), layout);
+        EXPECT_EQ(focused().text, "English") << "no key is fetched yet";
+    }
     const Keys german = keys("German");
-    expectTrace(m_expected.reload(german, m_none, german[kLanguage]));
+    m_core->updateKeyMap();
+    expectTrace(m_expected.updateKeyMap(german));
+    EXPECT_EQ(m_core->updateKeyBoardUI(), 1) << "draws too, and focuses the same place";
+    expectTrace(m_expected.reload(german, m_none, german[Language]));
 }
 
 TEST_F(CoreLayouts, ALayoutChangeWithoutAParserStillChangesTheName)
@@ -88,7 +64,7 @@ TEST_F(CoreLayouts, AnEmptyNameInTheCatalogueShowsTheUnnamedKeyMap)
     m_core.reset(new KeyBoardCore);
     startIt();
     EXPECT_EQ(m_core->currentLayout(), "English");
-    EXPECT_EQ(m_core->getTargetButtonByButtonId(kLanguage).text, "Unnamed");
+    EXPECT_EQ(m_core->getTargetButtonByButtonId(Language).text, "Unnamed");
 }
 
 TEST_F(CoreLayouts, WithoutARendererEnterLeavesTheKeyboardNotStarted)

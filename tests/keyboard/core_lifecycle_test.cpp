@@ -15,9 +15,9 @@ namespace
 using namespace test_support;
 using namespace velmora::browser::vkb;
 using namespace steps;
-using sample::kLanguage;
-using sample::kLetter;
-using sample::kShift;
+using sample::Language;
+using sample::Letter;
+using sample::Shift;
 using testing::Contains;
 using testing::HasSubstr;
 
@@ -101,28 +101,12 @@ TEST_F(CoreLifecycle, ANewCoreIsIdleAndEmpty)
     EXPECT_EQ(result.modifier, 0) << "Shift is off";
 }
 
-TEST_F(CoreLifecycle, WithoutAParserTheSizeIsTheDefault)
-{
-    create();
-    EXPECT_EQ(m_core->getWidth(), 805);
-    EXPECT_EQ(m_core->getHeight(), 255);
-    expectTrace(core("getWidth", kNoParser, kError) + core("getHeight", kNoParser, kError));
-}
-
-TEST_F(CoreLifecycle, WithAParserTheSizeIsTheCatalogues)
-{
-    start();
-    EXPECT_EQ(m_core->getWidth(), kWidth);
-    EXPECT_EQ(m_core->getHeight(), kHeight);
-    expectTrace({});
-}
-
 // One host call after the other, each with all calls and log lines.
 TEST_F(CoreLifecycle, EachHostCallOfASessionIsTheseCallsAndLines)
 {
     create();
     const Keys shown = keys();
-    const Button_t& focus = shown[kShift];
+    const Button_t& focus = shown[Shift];
     const Steps show = core("Show", "Show the VKB!\n\n");
     const Steps hide = core("Hide", "Hide the VKB!\n\n");
     const Steps cancel = core("OnIMECancelled", "IME Cancel:-- \n");
@@ -139,23 +123,35 @@ TEST_F(CoreLifecycle, EachHostCallOfASessionIsTheseCallsAndLines)
     } session[] = {
         {"show without a renderer", showIt, show + core("Show", kNoUi, kError), false, false},
         {"the first start", startAgain, firstStart(), true, true},
-        {"a move of the focus", [this] { m_core->FocusButtonChangedTo(kShift); },
-         m_expected.focusChange(shown, m_none, kShift, focus), true, true},
+        {"a move of the focus", [this] { m_core->FocusButtonChangedTo(Shift); },
+         m_expected.focusChange(shown, m_none, Shift, focus), true, true},
         {"a start while shown", startAgain,
          imeStarts(true) + show + Renderer::showShown() +
-             m_expected.focusChange(shown, m_none, kShift, focus),
+             m_expected.focusChange(shown, m_none, Shift, focus),
          true, true},
         {"hide", hideIt, hide + m_renderer.hideShown(), true, false},
         {"a start while hidden", startAgain,
          imeStarts(true) + show + m_renderer.showHidden(shown, m_none) +
-             m_expected.focusChange(shown, m_none, kShift, focus),
+             m_expected.focusChange(shown, m_none, Shift, focus),
          true, true},
         {"leave", [this] { m_core->leave(); }, core("leave", "called\n"), true, true},
         {"a language", [this] { m_core->notifySysLanguage("de"); }, {}, true, true},
+        {"the size",
+         [this] {
+             EXPECT_EQ(m_core->getWidth(), 260);
+             EXPECT_EQ(m_core->getHeight(), 118);
+         },
+         {},
+         true,
+         true},
+        {"the window anew", [this] { m_core->CreateDFBWindow(m_display.dfb(), m_host_surface); },
+         windowShown("window1"), true, true},
+        {"the window's hiding", [this] { m_core->HideDFBWindow(); },
+         calls({"window1.SetOpacity(0)", "window1.LowerToBottom()"}), true, true},
         {"hide again", hideIt, hide + m_renderer.hideShown(), true, false},
         {"show", showIt,
          show + m_renderer.showHidden(shown, m_none) +
-             m_expected.focusChange(shown, m_none, kShift, focus),
+             m_expected.focusChange(shown, m_none, Shift, focus),
          true, true},
         {"a cancel", cancelIt, cancel + released("window1"), false, true},
         {"a cancel of nothing", cancelIt, cancel, false, true},
@@ -179,17 +175,17 @@ TEST_F(CoreLifecycle, EachHostCallOfASessionIsTheseCallsAndLines)
 TEST_F(CoreLifecycle, CancelKeepsFocusKeysAndResult)
 {
     start();
-    EXPECT_EQ(press(kLetter), 1);
+    EXPECT_EQ(press(Letter), 1);
     m_core->OnIMECancelled();
     EXPECT_EQ(m_core->getKeyBoardButton(), 65);
     EXPECT_EQ(focused().text, "a");
-    EXPECT_EQ(m_core->getTargetButtonByButtonId(kShift).text, "Shift") << "the key set is kept";
+    EXPECT_EQ(m_core->getTargetButtonByButtonId(Shift).text, "Shift") << "the key set is kept";
 }
 
 TEST_F(CoreLifecycle, AStartAfterACancelBuildsAnewAtTheFirstLayout)
 {
     start();
-    press(kLanguage);
+    press(Language);
     m_expected.countFont(); // German's
     m_core->OnIMECancelled();
     takeTrace();

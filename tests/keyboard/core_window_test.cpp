@@ -32,22 +32,6 @@ TEST_F(CoreWindow, IsAtItsPlaceWhateverItsSizeAndAsksForTheWidthBeforeTheHeight)
                 Steps(made.begin() + 1, made.end()));
 }
 
-TEST_F(CoreWindow, OnceMadeItIsOnlyShownAndRaised)
-{
-    start();
-    m_core->CreateDFBWindow(m_display.dfb(), m_host_surface);
-    expectTrace(windowShown("window1"));
-    EXPECT_EQ(m_display.liveWindows(), 1u);
-}
-
-TEST_F(CoreWindow, HideDFBWindowTouchesTheWindowAlone)
-{
-    start();
-    m_core->HideDFBWindow();
-    expectTrace(calls({"window1.SetOpacity(0)", "window1.LowerToBottom()"}));
-    EXPECT_TRUE(m_core->isShow());
-}
-
 TEST_F(CoreWindow, AllCoresShareOneWindow)
 {
     start();

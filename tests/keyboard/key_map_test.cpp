@@ -9,11 +9,9 @@
 #include <json/json.h>
 
 #include "Language_Parser.h"
-#include "keyboard_ui.h"
 #include "layout_folder.h"
 #include "layout_sample.h"
 #include "log_capture.h"
-#include "recording_display.h"
 #include "row.h"
 #include "steps.h"
 
@@ -24,7 +22,6 @@ using namespace test_support;
 using namespace velmora::browser::vkb;
 using namespace steps;
 using sample::BadFile;
-using testing::Contains;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -216,37 +213,6 @@ TEST_F(KeyMapTest, ReadingTheSameFileAgainDoesNotDoubleTheKeys)
     english();
     EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
     EXPECT_EQ(sizes(), kTwoEach);
-}
-
-TEST_F(KeyMapTest, ARectangleKeepsItsLow16BitsAndMayReachTheRendererAsANegativeOne)
-{
-    const Catalogue catalogue = {{"English"}, 4,  4,
-                                 60,          50, {{600, 1300, 1100, 700}, {600, 0, 1, 1}}};
-    m_folder.writeCatalogue(asJson(catalogue));
-    writeEnglish();
-    english();
-    const Rect_t rect = defaultKeys()[0].rect;
-    EXPECT_EQ(rect.positionX, -27132);        // 38404
-    EXPECT_EQ(rect.positionY, 70204 - 65536); // 4 + 1300 * 54
-    EXPECT_EQ(rect.width, 70396 - 65536);     // 1100 * 64 - 4
-    EXPECT_EQ(rect.height, 37796 - 65536);    // 700 * 54 - 4
-
-    const char font[] = "/opt/font/test.ttf";
-    m_folder.writeFile(font, "");
-    RecordingDisplay display;
-    KeyBoardUI ui(display.dfb(), display.newSurface(800, 600));
-    ASSERT_TRUE(ui.setLayoutData(&defaultKeys(), 30, font));
-    ui.draw(true);
-    EXPECT_THAT(takeTrace(), Contains("surface1.FillRectangle(-27132,4,61,51)"));
-}
-
-TEST_F(KeyMapTest, APitchBeyond16BitsCountsWithItsLowBits)
-{
-    m_folder.writeCatalogue(asJson(Catalogue{{"English"}, 4, 4, 65536 + 60, 50, {{1, 0, 1, 1}}}));
-    writeEnglish();
-    english();
-    EXPECT_EQ(defaultKeys()[0].rect.positionX, 68);
-    EXPECT_EQ(defaultKeys()[0].rect.width, 60);
 }
 
 TEST_F(KeyMapTest, AMissingCatalogueIsTriedAtEachReading)

@@ -17,7 +17,7 @@ namespace
 {
 
 using namespace test_support;
-using sample::kLanguage;
+using sample::Language;
 using testing::AnyOf;
 using testing::IsEmpty;
 using velmora::browser::vkb::Button_t;
@@ -81,7 +81,7 @@ protected:
             m_folder.writeKeyMap(layout, keyMapText(layout));
         m_core.OnIMEStart(m_display.dfb(), nullptr);
         ASSERT_TRUE(m_core.isShow());
-        m_core.FocusButtonChangedTo(kLanguage);
+        m_core.FocusButtonChangedTo(Language);
     }
 
     Button_t focus() { return m_core.getTargetButtonByButtonId(-1); }
@@ -205,7 +205,7 @@ TEST_F(LayoutFaults, AnEmptyKeySetIsReadAgainAsSoonAsItIsAskedFor)
 
 TEST_F(LayoutFaults, AShorterKeyMapKeepsTheFocusedKeyUntilAMove)
 {
-    m_core.FocusButtonChangedTo(sample::kClearAll);
+    m_core.FocusButtonChangedTo(sample::ClearAll);
     m_folder.writeKeyMap("German", keyMapText("German", 2));
     m_core.onLayoutChanged();
     m_core.updateKeyBoardUI();

@@ -19,7 +19,8 @@ std::vector<test_support::Key> twoDefaultKeys();
 std::vector<test_support::Key> twoSymbolKeys();
 
 // Places of the keys of the second sample. Its layouts are "English", "German" and "Greek".
-enum Place { kLetter, kShift, kAlt, kLanguage, kClearAll, kHide, kUnknown, kMute, kKeys };
+enum Place { Letter, Shift, Alt, Language, ClearAll, Hide, Unknown, Mute };
+const int kKeys = 8;
 test_support::Catalogue allKindsCatalogue();
 std::vector<test_support::Key> allKindsDefaultKeys(const std::string& layout);
 std::vector<test_support::Key> allKindsSymbolKeys(const std::string& layout);

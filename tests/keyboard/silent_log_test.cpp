@@ -52,8 +52,8 @@ TEST_F(SilentLog, InAnyStateOfTheCore)
     startIt();
     callAll();
     startIt();
-    for (const int place : {kLetter, kShift, kLetter, kAlt, kAlt, kLanguage, kUnknown, kMute,
-                            kShift, kShift, kShift, kHide}) {
+    for (const int place :
+         {Letter, Shift, Letter, Alt, Alt, Language, Unknown, Mute, Shift, Shift, Shift, Hide}) {
         focus(place);
         m_core->onKeyEvent(13);
     }

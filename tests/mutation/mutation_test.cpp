@@ -31,13 +31,13 @@ std::string contentOf(const fs::path& file)
 // How the existing programs were built.
 const Json::Value& buildFile()
 {
-    static const Json::Value build = [] {
+    static const Json::Value kBuild = [] {
         std::istringstream stream(contentOf(VKB_MUTATION_BUILD));
         Json::Value value;
         stream >> value;
         return value;
     }();
-    return build;
+    return kBuild;
 }
 
 Words wordsOf(const Json::Value& array)

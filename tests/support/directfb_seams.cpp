@@ -44,8 +44,8 @@ struct Hook<Slot> {
 // Never freed: leak checkers look after the last destructor.
 void keep(void* object)
 {
-    static std::vector<void*>* const kept = new std::vector<void*>;
-    kept->push_back(object);
+    static std::vector<void*>* const kKept = new std::vector<void*>;
+    kKept->push_back(object);
 }
 
 // Writes the line at once, so that it keeps its place among the log lines. Returns whether the

@@ -38,7 +38,6 @@ template <class Interface> std::deque<Made<Interface>>& made()
 struct State {
     std::map<std::string, int> numbers; // last number given to a kind of object
     std::map<std::string, DFBResult> failingMethods;
-    std::function<void(const std::string&)> observer;
     size_t callsUntilFailure = 0; // 0: none is to fail
     DFBResult failure = DFB_FAILURE;
     int fontHeight = 37;
@@ -145,8 +144,6 @@ DFBResult called(Interface* self, const std::string& method, const Arguments&...
     const std::string line = objectOf(self).name + "." + method + "(" + list(arguments...) + ")";
     record(line);
     now.lastCall = line;
-    if (now.observer)
-        now.observer(line);
 
     if (now.callsUntilFailure > 0 && --now.callsUntilFailure == 0)
         return now.failure;
@@ -280,7 +277,7 @@ DFBResult layerCreateWindow(IDirectFBDisplayLayer* self, const DFBWindowDescript
 
 IDirectFBDisplayLayer* theLayer()
 {
-    static IDirectFBDisplayLayer* const layer = [] {
+    static IDirectFBDisplayLayer* const kLayer = [] {
         Made<IDirectFBDisplayLayer>& one = add<IDirectFBDisplayLayer>("layer");
         one.table.CreateWindow = layerCreateWindow;
         one.table.SetCooperativeLevel = [](auto* self, auto level) {
@@ -288,7 +285,7 @@ IDirectFBDisplayLayer* theLayer()
         };
         return &one.table;
     }();
-    return layer;
+    return kLayer;
 }
 
 DFBResult dfbGetDisplayLayer(IDirectFB* self, DFBDisplayLayerID id, IDirectFBDisplayLayer** layer)
@@ -318,13 +315,13 @@ DFBResult dfbCreateFont(IDirectFB* self, const char* path, const DFBFontDescript
 
 IDirectFB* theDirectFB()
 {
-    static IDirectFB* const dfb = [] {
+    static IDirectFB* const kDfb = [] {
         Made<IDirectFB>& one = add<IDirectFB>("dfb");
         one.table.GetDisplayLayer = dfbGetDisplayLayer;
         one.table.CreateFont = dfbCreateFont;
         return &one.table;
     }();
-    return dfb;
+    return kDfb;
 }
 
 } // namespace
@@ -333,11 +330,6 @@ RecordingDisplay::RecordingDisplay()
 {
     state() = State();
     takeTrace();
-}
-
-RecordingDisplay::~RecordingDisplay()
-{
-    state().observer = nullptr;
 }
 
 IDirectFB* RecordingDisplay::dfb()
@@ -364,11 +356,6 @@ void RecordingDisplay::failCall(size_t count, DFBResult result)
 void RecordingDisplay::failEvery(const std::string& method, DFBResult result)
 {
     state().failingMethods[method] = result;
-}
-
-void RecordingDisplay::onCall(std::function<void(const std::string&)> observer)
-{
-    state().observer = std::move(observer);
 }
 
 size_t RecordingDisplay::liveFonts() const

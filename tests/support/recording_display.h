@@ -2,7 +2,6 @@
 #define TESTS_SUPPORT_RECORDING_DISPLAY_H
 
 #include <cstddef>
-#include <functional>
 #include <string>
 
 #include <directfb.h>
@@ -24,7 +23,6 @@ class RecordingDisplay
 {
 public:
     RecordingDisplay();
-    ~RecordingDisplay();
     RecordingDisplay(const RecordingDisplay&) = delete;
     RecordingDisplay& operator=(const RecordingDisplay&) = delete;
 
@@ -39,9 +37,6 @@ public:
 
     // Every call of this method fails from now on, whatever object it is made on.
     void failEvery(const std::string& method, DFBResult result);
-
-    // Called with each line after it is recorded, while the call is under way.
-    void onCall(std::function<void(const std::string& line)> observer);
 
     // Objects made by this display and not released or destroyed.
     size_t liveFonts() const;

@@ -7,8 +7,11 @@
 namespace test_support
 {
 
-// What each row of a table of tests begins with: a name, which is the test's too.
+// What each row of a table of tests begins with: a name, which is the test's too. It is converted
+// implicitly, so that it needs no braces of its own.
 struct Row {
+    Row(const char* text) : name(text) {}
+
     const char* name;
 };
 

@@ -16,19 +16,6 @@ Lines& recorded()
     return lines;
 }
 
-bool isLogLine(const std::string& line)
-{
-    return line.compare(0, 4, "log ") == 0;
-}
-
-Lines pick(const Lines& trace, bool wantLogLines)
-{
-    Lines picked;
-    std::copy_if(trace.begin(), trace.end(), std::back_inserter(picked),
-                 [=](const std::string& line) { return isLogLine(line) == wantLogLines; });
-    return picked;
-}
-
 } // namespace
 
 void record(const std::string& line)
@@ -41,14 +28,12 @@ Lines takeTrace()
     return std::exchange(recorded(), {});
 }
 
-Lines logLinesOf(const Lines& trace)
-{
-    return pick(trace, true);
-}
-
 Lines callsOf(const Lines& trace)
 {
-    return pick(trace, false);
+    Lines calls;
+    std::copy_if(trace.begin(), trace.end(), std::back_inserter(calls),
+                 [](const std::string& line) { return line.compare(0, 4, "log ") != 0; });
+    return calls;
 }
 
 } // namespace test_support

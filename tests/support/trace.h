@@ -17,8 +17,7 @@ void record(const std::string& line);
 // Gives the lines recorded since the last taking, and forgets them.
 Lines takeTrace();
 
-// The log lines of a trace, and the others.
-Lines logLinesOf(const Lines& trace);
+// A trace without its log lines.
 Lines callsOf(const Lines& trace);
 
 } // namespace test_support
