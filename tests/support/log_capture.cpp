@@ -141,7 +141,7 @@ extern "C" void cspDebugOutput0(const char* format, ...)
         test_support::stop("a line was written whose level is off or was not asked for", format);
     now.lineAllowed = false;
     if (std::strncmp(format, kHeader, std::strlen(kHeader)) != 0)
-        test_support::stop("a format has not the usual header", format);
+        test_support::stop("a format begins with another header", format);
 
     va_list arguments;
     va_start(arguments, format);

@@ -91,12 +91,12 @@ std::vector<char*> pointersInto(std::vector<std::string>& strings)
 pid_t start(const Command& command, int input, int output, int error)
 {
     // This program ignores a broken pipe; the started one decides for itself.
-    sigset_t usual;
-    sigemptyset(&usual);
-    sigaddset(&usual, SIGPIPE);
+    sigset_t defaults;
+    sigemptyset(&defaults);
+    sigaddset(&defaults, SIGPIPE);
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
-    posix_spawnattr_setsigdefault(&attributes, &usual);
+    posix_spawnattr_setsigdefault(&attributes, &defaults);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
 
     posix_spawn_file_actions_t actions;
