@@ -29,7 +29,7 @@ std::string asText(JSCValue* value)
 std::string textOf(JSCValue* object, const char* name)
 {
     JSCValue* value = jsc_value_object_get_property(object, name);
-    const std::string text = asText(value);
+    std::string text = asText(value);
     g_object_unref(value);
     return text;
 }

@@ -415,11 +415,11 @@ Plan planComposing(const KeyboardModel& model, const Spelling& spelling, const K
         else
             wanted += keysOf(part);
     }
-    const Plan plan = planPieces(model, Keyboard(model, &spelling), from, wanted, end);
+    Plan plan = planPieces(model, Keyboard(model, &spelling), from, wanted, end);
     if (plan.possible)
         return plan;
     // A language that converts has its keys typed, for candidates to be chosen from.
-    const Plan asShown = planTyping(model, from, text, end);
+    Plan asShown = planTyping(model, from, text, end);
     const bool isKey = !plan.obstacle.empty() && plan.obstacle[0] == kKeyMark;
     return asShown.possible || isKey ? asShown : plan;
 }

@@ -85,7 +85,7 @@ private:
     // A jamo that no key has is put together from two, at the end of a syllable.
     std::string lettersOf(ucschar jamo)
     {
-        const std::string alone = utf8(jamo);
+        std::string alone = utf8(jamo);
         if (m_keys.count(alone) != 0)
             return alone;
         if (m_pairs.empty())

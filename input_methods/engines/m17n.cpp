@@ -198,7 +198,7 @@ private:
     // Returns whether the key was used.
     bool feed(const std::string& name, Answer& answer)
     {
-        const MSymbol key = msymbol(name.c_str());
+        MSymbol key = msymbol(name.c_str());
         if (minput_filter(m_context, key, nullptr) != 0)
             return true;
         MText* produced = mtext();
@@ -228,12 +228,15 @@ private:
         for (const std::string& first : more)
             for (const std::string& second : more) {
                 std::vector<std::string> keys = {letter};
-                for (const std::string& key : {first, second})
+                std::string spelling = letter;
+                for (const std::string& key : {first, second}) {
                     if (!key.empty())
                         keys.push_back(key);
+                    spelling += key;
+                }
                 if (gives(keys, character)) {
                     reset();
-                    return {letter + first + second};
+                    return {spelling};
                 }
             }
         reset();
