@@ -56,7 +56,9 @@ const Frame kFrames[] = {
     // From Hebrew to the last Arabic block: drawn where the letter is that follows on the left.
     {{0x0591, 0x08FF}, "", kCircle},
     // Unifont has two cells for these signs, three for Tibetan ones, one for the circle.
-    {{0x0C3F, 0x0C56}, "  ", ""},
+    {{0x0C3F, 0x0C40}, "  ", ""},
+    {{0x0C46, 0x0C4C}, "  ", ""},
+    {{0x0C56, 0x0C56}, "  ", ""},
     {{0x0F00, 0x0FFF}, " \u25CC ", ""},
     {{0x1031, 0x1031}, " \u25CC ", ""},
     {{0x103B, 0x103B}, " \u25CC ", ""},
