@@ -34,7 +34,7 @@ void Recording::addFrame(int milliseconds)
 Picture wholeScreen(const Screen& screen)
 {
     IDirectFBSurface* copy = screen.copy();
-    const Picture picture = pictureOf(copy);
+    Picture picture = pictureOf(copy);
     copy->Release(copy);
     return picture;
 }

@@ -18,7 +18,6 @@ namespace
 
 namespace fs = std::filesystem;
 using namespace host;
-using velmora::browser::vkb::Button_t;
 
 const char kPlaces[] = "usr/local/opt/nerovista/resources/";
 
@@ -62,12 +61,12 @@ private:
 
 const Screen& screen()
 {
-    static const Screen::Option options[] = {
+    static const Screen::Option kOptions[] = {
         {"system", "dummy"},    {"mode", "1920x1080"},      {"quiet", nullptr},
         {"no-cursor", nullptr}, {"no-sighandler", nullptr}, {"no-deinit-check", nullptr},
         {nullptr, nullptr},
     };
-    static Screen opened(options);
+    static Screen opened(kOptions);
     return opened;
 }
 
@@ -96,7 +95,7 @@ protected:
 
     KeyboardHost::Answer remote(int code)
     {
-        const KeyboardHost::Answer answer = m_keyboard->press(code);
+        KeyboardHost::Answer answer = m_keyboard->press(code);
         applyAnswer(answer, m_line);
         return answer;
     }
