@@ -42,8 +42,8 @@ protected:
         command.environment["CSP_DEBUG_LEVEL"] = threshold;
         const std::string out = test_process::run(command, GetParam().input).out;
 
-        static const std::regex place_of_line(R"(\[B-LOG\] ((main|kb|kb_ui)_test\.cpp:\d+:\w+))");
-        return {std::sregex_token_iterator(out.begin(), out.end(), place_of_line, 1),
+        static const std::regex kPlaceOfLine(R"(\[B-LOG\] ((main|kb|kb_ui)_test\.cpp:\d+:\w+))");
+        return {std::sregex_token_iterator(out.begin(), out.end(), kPlaceOfLine, 1),
                 std::sregex_token_iterator()};
     }
 };

@@ -13,10 +13,8 @@ using namespace test_support;
 using namespace velmora::browser::vkb;
 using namespace steps;
 using sample::kKeys;
-using sample::Language;
 using testing::Contains;
 using testing::HasSubstr;
-using testing::Not;
 
 class CoreBadInput : public CoreTest
 {

@@ -29,7 +29,6 @@ using steps::key;
 using steps::Keys;
 using steps::kNoFont;
 using steps::Renderer;
-using steps::Step;
 using steps::Steps;
 using testing::AllOf;
 using testing::HasSubstr;
