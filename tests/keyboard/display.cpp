@@ -44,8 +44,8 @@ IDirectFBSurface* Display::newWindow(int width, int height)
         static_cast<DFBWindowDescriptionFlags>(DWDESC_CAPS | DWDESC_WIDTH | DWDESC_HEIGHT);
     description.caps =
         static_cast<DFBWindowCapabilities>(DWCAPS_ALPHACHANNEL | DWCAPS_DOUBLEBUFFER);
-    description.width = static_cast<unsigned int>(width);
-    description.height = static_cast<unsigned int>(height);
+    description.width = width;
+    description.height = height;
 
     IDirectFBWindow* window = nullptr;
     IDirectFBSurface* surface = nullptr;
