@@ -58,7 +58,7 @@ coverage: ## Which lines of src/os_keyboard the tests run; fails below all
 
 bench: ## Speed, memory and size, each beside its target
 	@scripts/install-packages build run hosts browser input_methods test arm bench
-	@scripts/bench
+	@bench/run
 
 test-arm: ## Build for 32-bit ARM and run the tests under qemu
 	@scripts/install-packages build run test arm

@@ -1,5 +1,5 @@
 // What the keyboard adds to a browser: each time is taken with it and, in a process beside, of the
-// engine alone that is fed by the same calls. Prints the rows that scripts/bench wants.
+// engine alone that is fed by the same calls. Prints the rows that bench/run wants.
 //
 //   browser_figures          starts itself with each of the words below, and prints the rows
 //   browser_figures with     the browser with its keyboard

@@ -20,7 +20,7 @@ inline void report(const char* name, long value)
         _exit(1);
 }
 
-// A row for scripts/bench: what was measured, and beside what.
+// A row for bench/run: what was measured, and beside what.
 inline void figure(const std::string& name, double value, double atMost, const char* unit,
                    const std::string& compared)
 {

@@ -1,4 +1,4 @@
-// Prints what a press takes on a terminal, until its picture is there, as rows for scripts/bench.
+// Prints what a press takes on a terminal, until its picture is there, as rows for bench/run.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>

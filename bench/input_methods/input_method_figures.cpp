@@ -1,5 +1,5 @@
 // Prints what our library adds to each engine's time a key and to its memory, as rows for
-// scripts/bench.
+// bench/run.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
