@@ -32,7 +32,7 @@ Outcome call(const std::string& arguments)
     return {WEXITSTATUS(pclose(pipe)), output};
 }
 
-// A folder with the files of a set of sets.txt.
+// A folder with the files of a set of bad_and_odd_sets.txt.
 std::string bad(const std::string& name)
 {
     static const TemporaryFolder parent;

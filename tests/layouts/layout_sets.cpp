@@ -1,4 +1,4 @@
-// Reads sets.txt: each line of a set changes the good set a little further.
+// Reads bad_and_odd_sets.txt: each line of a set changes the good set a little further.
 #include "layout_sets.h"
 
 #include <algorithm>
@@ -177,7 +177,7 @@ void change(CheckedSet& set, const std::vector<CheckedSet>& earlier, const std::
 std::vector<CheckedSet> readCheckedSets()
 {
     const LayoutSet good = layouts::readLayoutSet(LAYOUT_SETS "/good");
-    std::ifstream in(LAYOUT_SETS "/sets.txt");
+    std::ifstream in(LAYOUT_SETS "/bad_and_odd_sets.txt");
     std::vector<CheckedSet> sets;
     for (std::string line; std::getline(in, line);) {
         if (line.empty() || line[0] == '#')
@@ -188,12 +188,12 @@ std::vector<CheckedSet> readCheckedSets()
             sets.back().files = good;
             continue;
         }
-        require(!sets.empty(), "sets.txt: expected a set first: " + line);
+        require(!sets.empty(), "bad_and_odd_sets.txt: expected a set first: " + line);
         try {
             change(sets.back(), sets, line);
         } catch (const std::exception& error) {
-            throw std::runtime_error("sets.txt: " + sets.back().name + ": " + line + ": " +
-                                     error.what());
+            throw std::runtime_error("bad_and_odd_sets.txt: " + sets.back().name + ": " + line +
+                                     ": " + error.what());
         }
     }
     return sets;

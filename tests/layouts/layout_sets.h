@@ -6,7 +6,7 @@
 
 #include "layout_set.h"
 
-// One set of sets.txt.
+// One set of bad_and_odd_sets.txt.
 struct CheckedSet {
     std::string name;
     layouts::LayoutSet files;

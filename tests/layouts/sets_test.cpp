@@ -1,4 +1,4 @@
-// What `layouts check` says of each set in sets.txt.
+// What `layouts check` says of each set in bad_and_odd_sets.txt.
 #include <algorithm>
 
 #include <gmock/gmock.h>
