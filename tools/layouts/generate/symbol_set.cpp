@@ -44,14 +44,20 @@ public:
         }
     }
 
+    // On the keys where a US keyboard has them. One whose key is taken stands as near as there is
+    // room, with its upper case.
     void placeLatinLetters()
     {
+        for (size_t i = 0; i < m_keys.size(); ++i) {
+            if (!isLetterKey(i) || !isEmpty(i, false))
+                continue;
+            for (const bool shifted : {false, true})
+                if (isMissing(usText(i, shifted)) && isEmpty(i, shifted))
+                    put(i, shifted, usText(i, shifted));
+        }
         for (size_t i = 0; i < m_keys.size(); ++i)
-            for (const bool shifted : {false, true}) {
-                const std::string text = usText(i, shifted);
-                if (isLetterKey(i) && isMissing(text) && isEmpty(i, shifted))
-                    put(i, shifted, text);
-            }
+            if (isLetterKey(i))
+                place({usText(i, false), usText(i, true)}, i);
     }
 
     // Each on the key of its base letter before others take that place. Returns false when there
@@ -95,7 +101,7 @@ public:
         for (const auto& digits : {ascii, m_repertoire.digits(), m_repertoire.nativeDigits()})
             for (const std::string& digit : digits)
                 if (isMissing(digit))
-                    put(digitPosition(digit), !isEmpty(digitPosition(digit), false), digit);
+                    placeOne(digit, digitPosition(digit), false);
     }
 
     // Returns false when there is no room for all.
@@ -322,12 +328,12 @@ KeySet symbolSet(const XkbKeyboard& keyboard, const Repertoire& repertoire,
     // First with each letter as one; then, where these are too many, with marks of their own.
     for (const bool decomposed : {false, true}) {
         SymbolSet set(keyboard, repertoire, cells, defaults);
+        set.placeAltGr([&](const std::string& text) { return repertoire.isLetter(text); });
         set.placeDigits();
         if (set.needsLatin())
             set.placeLatinLetters();
-        set.placeAltGr([&](const std::string& text) {
-            return repertoire.isLetter(text) || singleCodePoint(text) < 0x80 || text == kEuro;
-        });
+        set.placeAltGr(
+            [](const std::string& text) { return singleCodePoint(text) < 0x80 || text == kEuro; });
         if (!set.placeLetters(
                 missing(repertoire.characters(repertoire.letters(), decomposed), typed)))
             continue;
