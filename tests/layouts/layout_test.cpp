@@ -77,6 +77,10 @@ TEST_P(Layout, HasTheDigitsAndThePunctuationOfItsLanguage)
     }
     for (const std::string& mark : punctuationOf(language))
         EXPECT_TRUE(places.count(mark) || !isSign(mark)) << mark << " " << describe(mark);
+    for (const std::string& letter : auxiliaryLetters(language)) {
+        const bool isJoiner = isInvisible(singleCodePoint(letter));
+        EXPECT_TRUE(!isJoiner || places.count(letter)) << describe(letter);
+    }
 }
 
 // A page that takes only digits looks at the code, from 48 for zero.

@@ -130,6 +130,14 @@ public:
                 place({mark, ""}, middle());
     }
 
+    // They have neither base nor upper case, so any face will do.
+    void placeJoiners(const std::vector<KeyTexts>& letters)
+    {
+        for (const KeyTexts& letter : letters)
+            if (isInvisible(singleCodePoint(letter.plain)))
+                place({letter.plain, ""}, middle());
+    }
+
     // The rest is as on a US keyboard.
     KeySet finished()
     {
@@ -344,6 +352,7 @@ KeySet symbolSet(const XkbKeyboard& keyboard, const Repertoire& repertoire,
         set.placeForeignLetters(composed(repertoire.characters(repertoire.letters()), typed));
         set.placeForeignLetters(missing(repertoire.characters(repertoire.foreignLetters()), typed));
         set.placePunctuation();
+        set.placeJoiners(repertoire.characters(repertoire.foreignLetters()));
         set.placeAltGr([](const std::string&) { return true; });
         return set.finished();
     }
