@@ -46,6 +46,23 @@ TEST(FontFile, AGlyphWithoutInkIsNone)
     EXPECT_FALSE(font.hasGlyph(U'ꀀ'));
 }
 
+// So nobody could tell their keys apart, and the plain one stands for all.
+TEST(FontFiles, DrawTheHyphensOfTypesettingAsThePlainOne)
+{
+    for (const Language& language : languages()) {
+        if (punctuationOf(language).empty())
+            continue;
+        const Font font(findFontFile(language.font));
+        const Font::Extent plain = font.measure("-");
+        for (const char* hyphen : {"\u2010", "\u2011"}) {
+            const Font::Extent extent = font.measure(hyphen);
+            EXPECT_EQ(extent.advance, plain.advance) << language.font;
+            EXPECT_EQ(extent.left, plain.left) << language.font;
+            EXPECT_EQ(extent.right, plain.right) << language.font;
+        }
+    }
+}
+
 class DrawnFont : public testing::TestWithParam<std::string>
 {
 protected:

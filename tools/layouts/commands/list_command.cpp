@@ -30,7 +30,8 @@ const char kHead[] =
     "  case; \"-\" where it has none, or where an input method makes the text of the keys.\n"
     "- Behind Alt: of 100 characters of these words, and the letters of the alphabet that need it.\n"
     "- Missing: how many of the words cannot be typed, and letters of foreign words and names, by\n"
-    "  the locale data, that have no key.\n"
+    "  the locale data, that have no key. The hyphens U+2010 and U+2011, which it lists for nearly\n"
+    "  all languages, have none either: \"-\" stands for them, as the fonts draw all three alike.\n"
     "- Font: one that has all labels of the layout.\n"
     "- Keyboard: the computer keyboard that it is made from, by its name in the keyboard database.\n\n";
 
