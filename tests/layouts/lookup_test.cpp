@@ -53,6 +53,7 @@ TEST(Lookup, TakesOwnNamesInAnyCaseWithOrWithoutAccents)
     EXPECT_EQ(meant("हिन्दी"), "Hindi");
     EXPECT_EQ(meant("norsk bokmål"), "Norwegian_Bokmal");
     EXPECT_EQ(meant("shqip"), "Albanian");
+    EXPECT_EQ(meant("башҡортса"), "Bashkir") << "which only the table knows";
 }
 
 TEST(Lookup, TakesCodesInAnyForm)

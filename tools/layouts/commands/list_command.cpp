@@ -74,12 +74,13 @@ void printRow(const Language& language, const KeyMap& keyMap)
     const std::string none = "-";
     const std::string variant =
         language.xkbVariant.empty() ? std::string() : "(" + language.xkbVariant + ")";
-    const std::string own = ownName(language.icuName);
+    const std::string own = language.ownName.empty() ? ownName(language.icuName) : language.ownName;
+    const std::string country = mainCountry(language.icuName);
     const std::vector<std::string> fields = {
         language.name,
         own.empty() ? none : own,
         language.icuName,
-        mainCountry(language.icuName),
+        country.empty() ? none : country,
         hasWords ? fixed(usage.presses, 2) : none,
         (hasWords ? fixed(100 * usage.behindAlt, 1) : none) + lettersBehindAlt(keyMap, language),
         (hasWords ? std::to_string(usage.untypable.size()) : none) +

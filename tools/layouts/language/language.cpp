@@ -57,8 +57,10 @@ Language languageOf(const TableRow& row, const std::string& folder)
     const std::string variant = bracket == std::string::npos
                                     ? std::string()
                                     : keyboard.substr(bracket + 1, keyboard.size() - bracket - 2);
-    return {fields[0], fields[1], fields[2], keyboard.substr(0, bracket), variant, fields[4],
-            letters,   folder,    row.place};
+    const std::string own = fields.size() > 6 ? fields[6] : std::string();
+    return {fields[0], fields[1], fields[2], keyboard.substr(0, bracket),
+            variant,   fields[4], letters,   own,
+            folder,    row.place};
 }
 
 } // namespace
@@ -66,7 +68,7 @@ Language languageOf(const TableRow& row, const std::string& folder)
 std::vector<Language> readLanguages(const std::string& file)
 {
     std::vector<Language> languages;
-    for (const TableRow& row : readTable(file, 5, 6)) {
+    for (const TableRow& row : readTable(file, 5, 7)) {
         const Language language = languageOf(row, file.substr(0, file.rfind('/') + 1) + "xkb");
         if (findLanguage(languages, language.name) != nullptr)
             row.refuse(language.name + " again", "each layout once");

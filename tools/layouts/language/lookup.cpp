@@ -45,6 +45,8 @@ std::vector<icu::UnicodeString> namesOf(const Language& language)
     icu::UnicodeString own, english, ownLanguage, englishLanguage;
     locale.getDisplayName(locale, own);
     locale.getDisplayName(icu::Locale::getEnglish(), english);
+    if (!language.ownName.empty())
+        own = plain(language.ownName);
     locale.getDisplayLanguage(locale, ownLanguage);
     locale.getDisplayLanguage(icu::Locale::getEnglish(), englishLanguage);
     return {plain(language.name),
