@@ -1,21 +1,16 @@
 // The renderer's operations on a surface: the exact calls, log lines and states of each, and what a
 // failing DirectFB call does to it.
 
-#include <functional>
-#include <memory>
-#include <set>
 #include <string>
 
 #include <gmock/gmock.h>
 
-#include <sys/wait.h>
-
 #include "directfb_check.h"
 #include "fatal_trap.h"
-#include "keyboard_ui.h"
 #include "layout_folder.h"
 #include "log_capture.h"
 #include "recording_display.h"
+#include "renderer_acts.h"
 #include "renderer_steps.h"
 #include "row.h"
 
@@ -24,9 +19,8 @@ namespace
 
 using namespace test_support;
 using namespace velmora::browser::vkb;
+using namespace renderer_acts;
 using steps::expectTrace;
-using steps::key;
-using steps::Keys;
 using steps::kNoFont;
 using steps::Renderer;
 using steps::Steps;
@@ -46,77 +40,28 @@ const Renderer kUi("surface1");
 const Renderer kWithoutFont("surface1", kNoFont);
 const Steps kPainted = kUi.showHidden(kBoth, {});
 
-// A renderer on this surface, with two keys.
-struct Bench {
-    Bench() { folder.writeFile(kFont, ""); }
-
-    bool load(int size = 30) { return ui->setLayoutData(&keys, size, kFont); }
+// A renderer on a recording display, with two keys; the font is at its place.
+struct Bench : renderer_acts::Painter {
+    Bench() : Painter{nullptr, nullptr, kFont, kBoth}
+    {
+        folder.writeFile(kFont, "");
+        dfb = display.dfb();
+        surface = display.newSurface(800, 600);
+    }
 
     LayoutFolder folder;
     RecordingDisplay display;
     LogCapture log;
-    IDirectFBSurface* surface = display.newSurface(800, 600);
-    Keys keys = kBoth;
-    std::unique_ptr<KeyBoardUI> ui;
 };
 
-// What is done with it; a number is a key's position.
-using Act = std::function<void(Bench& bench)>;
-using Acts = std::vector<Act>;
-
-const Act kCreate = [](Bench& bench) {
-    bench.ui.reset(new KeyBoardUI(bench.display.dfb(), bench.surface));
+const Act kCreate = [](Painter& on) { on.create(); };
+const Act kLoad = [](Painter& on) { EXPECT_TRUE(on.load()); };
+const Act kDestroy = [](Painter& on) { on.ui.reset(); };
+const Act kLoadWithoutAPath = [](Painter& on) {
+    EXPECT_FALSE(on.ui->setLayoutData(&on.keys, 30, nullptr));
 };
-const Act kLoad = [](Bench& bench) { EXPECT_TRUE(bench.load()); };
-const Act kDestroy = [](Bench& bench) { bench.ui.reset(); };
-const Act kShow = [](Bench& bench) { bench.ui->show(); };
-const Act kHide = [](Bench& bench) { bench.ui->hide(); };
-
-Act take(const Keys& keys)
-{
-    return [=](Bench& bench) { bench.keys = keys; };
-}
-
-Act clear(unsigned int argb, bool flip)
-{
-    return [=](Bench& bench) { bench.ui->clear(argb, flip); };
-}
-
-Act draw(bool flip)
-{
-    return [=](Bench& bench) { bench.ui->draw(flip); };
-}
-
-Act focus(size_t key)
-{
-    return [=](Bench& bench) { bench.ui->setfocus(bench.keys[key]); };
-}
-
-Act press(const Button_t& key)
-{
-    return [=](Bench& bench) { bench.ui->press(key); };
-}
-
-Act release(const Button_t& key)
-{
-    return [=](Bench& bench) { bench.ui->pressed(key); };
-}
-
-// The renderer keeps a copy of its own: the list is gone then.
-Act lock(const Keys& keys)
-{
-    return [=](Bench& bench) {
-        Keys locked = keys;
-        bench.ui->setLocked(locked);
-        locked.clear();
-    };
-}
-
-const Act kLoadWithoutAPath = [](Bench& bench) {
-    EXPECT_FALSE(bench.ui->setLayoutData(&bench.keys, 30, nullptr));
-};
-const Act kLoadAMissingFont = [](Bench& bench) {
-    EXPECT_FALSE(bench.ui->setLayoutData(&bench.keys, 12, "/opt/font/missing.ttf"));
+const Act kLoadAMissingFont = [](Painter& on) {
+    EXPECT_FALSE(on.ui->setLayoutData(&on.keys, 12, "/opt/font/missing.ttf"));
 };
 
 template <class... Each> Acts acts(const Each&... each)
@@ -181,6 +126,9 @@ const Operation kOperations[] = {
     {"WithoutAFontSetfocusDrawsOnlyTheFrameAndSetLockedOnlyFlips", kCreated,
      acts(focus(0), lock(kSecond)),
      kWithoutFont.setfocus(kBoth, {}, kA) + kWithoutFont.setLocked(kBoth, {})},
+    // DirectFB refuses the text then.
+    {"WithoutAFontPressAndPressedDrawAllTheSame", kCreated, acts(press(kA), release(kA)),
+     kWithoutFont.press(kA) + kWithoutFont.pressed(kA)},
     {"PressShowsTheKeySunkenAndFlipsItsRegion", kLoaded, acts(press(kA)), kUi.press(kA)},
     {"PressedShowsTheKeyReleasedWithAFrameAndNoBevel", kLoaded, acts(release(kA)), kUi.pressed(kA)},
     {"PressOfAKeyOutsideTheLayoutIsDrawnWhereItsRectangleSays", kLoaded, acts(press(kStranger)),
@@ -194,12 +142,6 @@ const Operation kOperations[] = {
     {"SetLockedWithAnEmptyListRemovesSunkenKeysAndTheFrame",
      acts(kCreate, kLoad, lock(kSecond), focus(0)), acts(lock({})), kUi.setLocked(kBoth, {})},
 };
-
-void doAll(const Acts& acts, Bench& bench)
-{
-    for (const Act& act : acts)
-        act(bench);
-}
 
 std::string report(const std::string& text)
 {
@@ -221,9 +163,7 @@ template <class Action> void forEachCheckedCall(const Steps& all, Action action)
     }
 }
 
-class Drawing : public testing::TestWithParam<Operation>
-{
-};
+using Drawing = testing::TestWithParam<Operation>;
 
 TEST_P(Drawing, IsTheseCallsAndLines)
 {
@@ -259,43 +199,14 @@ TEST_P(Drawing, AFailureOfAnyCheckedCallIsReportedAndNothingIsDoneAfterIt)
 
 INSTANTIATE_TEST_SUITE_P(Operations, Drawing, testing::ValuesIn(kOperations), RowName());
 
-bool endedWithTheResult(int status)
-{
-    return WIFEXITED(status) && WEXITSTATUS(status) == (static_cast<int>(kFailure) & 0xFF);
-}
-
-auto reportedByBoth(const std::string& text)
-{
-    return AllOf(HasSubstr(report(text)), HasSubstr("DirectFBError [" + text + "]: "));
-}
-
-TEST(DrawingDeathTest, DirectFBItselfEndsTheProcessForEachText)
-{
-    std::set<std::string> seen;
-    for (const Operation& operation : kOperations) {
-        SCOPED_TRACE(operation.name);
-        forEachCheckedCall(operation.expected, [&](const Steps& done, size_t call) {
-            const std::string& text = done.back().checkedAs;
-            if (!seen.insert(text).second)
-                return;
-            Bench bench;
-            doAll(operation.before, bench);
-            bench.display.failCall(call, kFailure);
-            EXPECT_EXIT(doAll(operation.acts, bench), endedWithTheResult, reportedByBoth(text));
-        });
-    }
-    EXPECT_EQ(seen.size(), 18u);
-}
-
-TEST(DrawingDeathTest, DrawStringFailsWithoutAFont)
+// The trap stands in for DirectFB's own, which ends the process with the result.
+TEST(DrawingDeathTest, DirectFBItselfReportsTheTextToo)
 {
     Bench bench;
-    kCreate(bench);
-    bench.display.failEvery("DrawString", kFailure);
-    const char text[] = "m_surface->DrawString(m_surface,key.text.c_str(),-1,Xcenter,Ycenter,"
-                        "DSTF_TOPCENTER)";
-    EXPECT_EXIT(bench.ui->press(bench.keys[0]), endedWithTheResult, reportedByBoth(text));
-    EXPECT_EXIT(bench.ui->pressed(bench.keys[0]), endedWithTheResult, reportedByBoth(text));
+    bench.display.failCall(1, kFailure);
+    const std::string text = "m_surface->GetSize(m_surface, &m_win_width,&m_win_height)";
+    EXPECT_EXIT(bench.create(), testing::ExitedWithCode(static_cast<int>(kFailure) & 0xFF),
+                AllOf(HasSubstr(report(text)), HasSubstr("DirectFBError [" + text + "]: ")));
 }
 
 TEST(CheckDirectFB, PrintsTheTextOfAFailureAsItStandsAndNothingElse)
@@ -371,9 +282,7 @@ const Geometry kGeometries[] = {
     {"NegativeHalvesAreCutTowardsZero", {0, 0, -61, 50}, {"DrawString(\"x\",-1,-30,6,TOPCENTER)"}},
 };
 
-class DrawingGeometry : public testing::TestWithParam<Geometry>
-{
-};
+using DrawingGeometry = testing::TestWithParam<Geometry>;
 
 TEST_P(DrawingGeometry, HasTheseNumbers)
 {

@@ -68,14 +68,6 @@ Steps layoutChosen(const std::string& name)
     return parser("onLayoutchanged", "Current Layout is :" + name + " \n");
 }
 
-vkb::Button_t key(const std::string& text, const vkb::Rect_t& rect)
-{
-    vkb::Button_t made{};
-    made.text = text;
-    made.rect = rect;
-    return made;
-}
-
 namespace
 {
 

@@ -47,9 +47,6 @@ Steps keyMapNotRead();
 Steps keyMapRead();
 Steps layoutChosen(const std::string& name);
 
-// A key that the renderer can paint; all else is zero.
-vkb::Button_t key(const std::string& text, const vkb::Rect_t& rect);
-
 // All that a key holds, to be compared.
 inline auto fieldsOf(const vkb::Button_t& key)
 {
