@@ -40,9 +40,9 @@ protected:
             SCOPED_TRACE("allocation " + std::to_string(count));
             bool reached = false;
             try {
-                FailingNew failing(count);
+                const FailingNew failing(count);
                 load();
-                reached = failing.failed();
+                reached = FailingNew::failed();
             } catch (const std::bad_alloc&) {
                 reached = true;
                 ++escaped;

@@ -8,13 +8,15 @@
 class FailingNew
 {
 public:
-    explicit FailingNew(size_t count);
-    ~FailingNew();
+    explicit FailingNew(size_t count) { left = count; }
+    ~FailingNew() { left = 0; }
     FailingNew(const FailingNew&) = delete;
     FailingNew& operator=(const FailingNew&) = delete;
 
     // Whether it came to that allocation.
-    bool failed() const;
+    static bool failed() { return left == 0; }
+
+    static size_t left; // allocations until the failing one; 0: none is to fail
 };
 
 #endif
