@@ -3,10 +3,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <deque>
 #include <map>
-#include <memory>
 #include <utility>
+
+#include <malloc.h>
 
 namespace test_support
 {
@@ -24,16 +24,10 @@ struct Object {
 };
 
 template <class Interface> struct Made {
+    Made* previous;
     Interface table{};
-    Object object;
+    Object object{};
 };
-
-// The interfaces outlive the displays, so they are only ever added to.
-template <class Interface> std::deque<Made<Interface>>& made()
-{
-    static std::deque<Made<Interface>> all;
-    return all;
-}
 
 struct State {
     std::map<std::string, int> numbers; // last number given to a kind of object
@@ -43,6 +37,7 @@ struct State {
     int fontHeight = 37;
     size_t liveFonts = 0;
     size_t liveWindows = 0;
+    size_t bytesKept = 0;
     std::string lastCall = "none";
 };
 
@@ -153,9 +148,13 @@ DFBResult called(Interface* self, const std::string& method, const Arguments&...
     return objectOf(self).alive ? DFB_OK : DFB_DESTROYED;
 }
 
+// The interfaces outlive the displays, so they are only ever added to.
 template <class Interface> Made<Interface>& add(const std::string& name)
 {
-    Made<Interface>& one = made<Interface>().emplace_back();
+    static Made<Interface>* newest = nullptr;
+    newest = new Made<Interface>{newest};
+    state().bytesKept += ::malloc_usable_size(newest) + sizeof(size_t); // and the heap's own word
+    Made<Interface>& one = *newest;
     refuseEverySlot(one.table);
     one.object.name = name;
     one.table.priv = &one.object;
@@ -366,6 +365,11 @@ size_t RecordingDisplay::liveFonts() const
 size_t RecordingDisplay::liveWindows() const
 {
     return state().liveWindows;
+}
+
+size_t RecordingDisplay::bytesKept() const
+{
+    return state().bytesKept;
 }
 
 } // namespace test_support

@@ -41,6 +41,9 @@ public:
     // Objects made by this display and not released or destroyed.
     size_t liveFonts() const;
     size_t liveWindows() const;
+
+    // Bytes of the heap that its objects take, the released ones too.
+    size_t bytesKept() const;
 };
 
 } // namespace test_support
