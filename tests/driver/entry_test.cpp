@@ -69,9 +69,7 @@ const Refused kRefused[] = {
     {"LoneKbui", {"kbui"}, head(2, 61, "kbui") + uiUsage()},
 };
 
-class EntryUsage : public testing::TestWithParam<Refused>
-{
-};
+using EntryUsage = testing::TestWithParam<Refused>;
 
 TEST_P(EntryUsage, IsPrintedWithoutTouchingTheDisplay)
 {
@@ -158,9 +156,7 @@ const DisplayCall kDisplayCalls[] = {
     {"RaiseToTop1", "RaiseToTop", 1, "window->RaiseToTop(window)"},
 };
 
-class EntryFailure : public testing::TestWithParam<DisplayCall>
-{
-};
+using EntryFailure = testing::TestWithParam<DisplayCall>;
 
 TEST_P(EntryFailure, EndsTheProcessWithTheCallsText)
 {

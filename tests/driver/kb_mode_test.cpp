@@ -188,9 +188,7 @@ const Script kScripts[] = {
      3 * move(Right) + probeResult("Oned3", '$'), 1500},
 };
 
-class KbCommand : public testing::TestWithParam<Script>
-{
-};
+using KbCommand = testing::TestWithParam<Script>;
 
 TEST_P(KbCommand, SendsItsKeysAndTellsItsTime)
 {
@@ -356,9 +354,7 @@ const Session kSessions[] = {
 
 const Lines kLoopStart = start("more", "", 3) + Lines{"usage 329"};
 
-class KbLoop : public testing::TestWithParam<Session>
-{
-};
+using KbLoop = testing::TestWithParam<Session>;
 
 TEST_P(KbLoop, AnswersEachLine)
 {

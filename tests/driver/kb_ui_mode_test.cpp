@@ -208,9 +208,7 @@ const Script kScripts[] = {
      loopFocus(" 2 passes", 2, 2 * focusPass(Off), 7600)},
 };
 
-class KbUiCommand : public testing::TestWithParam<Script>
-{
-};
+using KbUiCommand = testing::TestWithParam<Script>;
 
 TEST_P(KbUiCommand, AsksTheRendererAndTellsItsTime)
 {
@@ -325,9 +323,7 @@ const Session kSessions[] = {
     {"EmptyLineIsEchoedAndRunsNothing", Off, "\n draw\n", pass("", "null") + pass("", "draw")},
 };
 
-class KbUiLoop : public testing::TestWithParam<Session>
-{
-};
+using KbUiLoop = testing::TestWithParam<Session>;
 
 TEST_P(KbUiLoop, AnswersEachLine)
 {

@@ -104,9 +104,7 @@ const Good kGood[] = {
      "0,0,0,0"},
 };
 
-class GoodCatalogue : public CatalogueTest, public testing::WithParamInterface<Good>
-{
-};
+using GoodCatalogue = WithRows<CatalogueTest, Good>;
 
 TEST_P(GoodCatalogue, GivesItsNamesSizeAndGrid)
 {
@@ -177,9 +175,7 @@ const BadFile kNoJson[] = {
     {"BinaryZeros", "\x01\x02"},
 };
 
-class MalformedCatalogue : public CatalogueTest, public testing::WithParamInterface<BadFile>
-{
-};
+using MalformedCatalogue = WithRows<CatalogueTest, BadFile>;
 
 TEST_P(MalformedCatalogue, LogsNoSuccessEmptiesTheNamesAndKeepsTheGridAndTheSize)
 {
@@ -221,9 +217,7 @@ const BadFile kImpossible[] = {
     {"WidthIsAnObject", "{\"RectValue\": [{\"width\": {}}]}"},
 };
 
-class ImpossibleCatalogue : public CatalogueTest, public testing::WithParamInterface<BadFile>
-{
-};
+using ImpossibleCatalogue = WithRows<CatalogueTest, BadFile>;
 
 TEST_P(ImpossibleCatalogue, LetsTheLibrarysErrorThroughAfterTheSuccessLineToEveryCaller)
 {

@@ -243,9 +243,7 @@ const Presses kPresses[] = {
      "0 | alt, 0 | alt, 0 | alt alt", special("alt")},
 };
 
-class CorePresses : public CoreDispatch, public testing::WithParamInterface<Presses>
-{
-};
+using CorePresses = WithRows<CoreDispatch, Presses>;
 
 TEST_P(CorePresses, BringTheseResultsAndLocks)
 {
@@ -285,7 +283,7 @@ const SpecialWord kWords[] = {
     {"Empty", "NULL", 2, nullptr},
 };
 
-class CoreSpecialWord : public CoreDispatch, public testing::WithParamInterface<SpecialWord>
+class CoreSpecialWord : public WithRows<CoreDispatch, SpecialWord>
 {
 protected:
     void expectHandler(bool isLanguage, int result, const char* handler)

@@ -131,7 +131,7 @@ const Move kMoves[] = {{"LeftMoveProc", &KeyBoardCore::LeftMoveProc, 37, 3},
                        {"UpMoveProc", &KeyBoardCore::UpMoveProc, 38, 5},
                        {"DownMoveProc", &KeyBoardCore::DownMoveProc, 40, 6}};
 
-class CoreMove : public CoreFocus, public testing::WithParamInterface<Move>
+class CoreMove : public WithRows<CoreFocus, Move>
 {
 protected:
     int move() { return ((*m_core).*GetParam().move)(); }

@@ -12,9 +12,7 @@ using namespace velmora::browser::vkb;
 using namespace steps;
 using sample::Language;
 
-class CoreLayouts : public CoreTest
-{
-};
+using CoreLayouts = CoreTest;
 
 TEST_F(CoreLayouts, EachLayoutChangeTakesTheNextNameAndWraps)
 {

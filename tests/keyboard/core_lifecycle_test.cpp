@@ -53,7 +53,7 @@ const FontSetting kFontSettings[] = {
     {"EmptyGivesNoFont", "", "", kConstructed, nullptr},
 };
 
-class CoreFont : public CoreTest, public testing::WithParamInterface<FontSetting>
+class CoreFont : public WithRows<CoreTest, FontSetting>
 {
 protected:
     static void set(const char* value)

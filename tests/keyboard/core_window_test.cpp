@@ -17,9 +17,7 @@ using testing::ExitedWithCode;
 using testing::HasSubstr;
 using testing::Not;
 
-class CoreWindow : public CoreTest
-{
-};
+using CoreWindow = CoreTest;
 
 TEST_F(CoreWindow, IsAtItsPlaceWhateverItsSizeAndAsksForTheWidthBeforeTheHeight)
 {

@@ -39,9 +39,7 @@ const Reading kReadings[] = {
     {"FirstSecondAfterTheWrap", {0, 0}, {2147484, 1000000}, INT64_C(-2147483295)},
 };
 
-class ElapsedMilliseconds : public testing::TestWithParam<Reading>
-{
-};
+using ElapsedMilliseconds = testing::TestWithParam<Reading>;
 
 TEST_P(ElapsedMilliseconds, FollowTheTestersArithmetic)
 {

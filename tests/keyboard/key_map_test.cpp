@@ -85,9 +85,7 @@ protected:
 const std::vector<size_t> kNoKeys = {0, 0, 0, 0};
 const std::vector<size_t> kTwoEach = {2, 2, 2, 2};
 
-class KeySet : public KeyMapTest, public testing::WithParamInterface<Choice>
-{
-};
+using KeySet = WithRows<KeyMapTest, Choice>;
 
 TEST_P(KeySet, HoldsItsKeysWhateverTheNameSaysAndIsReadAgainWhileItIsEmpty)
 {
@@ -321,7 +319,7 @@ const BadFile kImpossibleKeys[] = {
     {"KeyIsANumber", "5"},
 };
 
-class ImpossibleKey : public KeyMapTest, public testing::WithParamInterface<BadFile>
+class ImpossibleKey : public WithRows<KeyMapTest, BadFile>
 {
 protected:
     // In one of the two sets, or in both.

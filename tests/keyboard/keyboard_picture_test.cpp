@@ -38,9 +38,7 @@ const Presses kPresses[] = {
     {"ShowBringsItBack", "oS", "english"},
 };
 
-class KeyboardPicture : public testing::TestWithParam<Presses>
-{
-};
+using KeyboardPicture = testing::TestWithParam<Presses>;
 
 TEST_P(KeyboardPicture, Shows)
 {

@@ -137,9 +137,7 @@ const FileFault kFileFaults[] = {
      }},
 };
 
-class KeyMapFault : public LayoutFaults, public testing::WithParamInterface<FileFault>
-{
-};
+using KeyMapFault = WithRows<LayoutFaults, FileFault>;
 
 TEST_P(KeyMapFault, LeavesNoKeysUntilItIsRepaired)
 {

@@ -27,9 +27,7 @@ const Command kCommands[] = {
     {"LoopShowHideEndsTransparent", "loop-showhide", "1", nullptr},
 };
 
-class TestWindowPicture : public testing::TestWithParam<Command>
-{
-};
+using TestWindowPicture = testing::TestWithParam<Command>;
 
 TEST_P(TestWindowPicture, Shows)
 {

@@ -4,6 +4,8 @@
 #include <ostream>
 #include <string>
 
+#include <gtest/gtest.h>
+
 namespace test_support
 {
 
@@ -19,6 +21,12 @@ inline std::ostream& operator<<(std::ostream& stream, const Row& row)
 {
     return stream << row.name;
 }
+
+// A fixture whose tests run once for each row of a table.
+template <class Fixture, class Param>
+class WithRows : public Fixture, public testing::WithParamInterface<Param>
+{
+};
 
 // The last argument of INSTANTIATE_TEST_SUITE_P for such a table.
 struct RowName {
