@@ -169,11 +169,14 @@ Result runUi(Detail detail, const Lines& arguments, const std::string& input = "
     return test_process::run(uiCommand(place, detail, arguments), input);
 }
 
+const char kNoNumber[] = "invalid_argument";
+
 struct Script : Row {
     Detail detail;
     const char* command;
     const char* parameter;
     Lines steps;
+    const char* error = "";
 };
 
 const Script kScripts[] = {
@@ -206,6 +209,11 @@ const Script kScripts[] = {
     {"LoopFocusWithZeroRunsNoPass", On, "loop-focus", "0", loopFocus("0", 0, {}, 1000)},
     {"TextBehindTheNumberIsIgnored", Off, "loop-focus", " 2 passes",
      loopFocus(" 2 passes", 2, 2 * focusPass(Off), 7600)},
+    {"AWordEndsTheProcess", Off, "loop-draw", "abc", {"clock"}, kNoNumber},
+    {"BlanksEndTheProcess", Off, "loop-draw", "   ", {"clock"}, kNoNumber},
+    {"ASignEndsTheProcess", Off, "loop-draw", "-", {"clock"}, kNoNumber},
+    {"AboveTheHighestIntEndsTheProcess", Off, "loop-focus", "2147483648",
+     ended("loop-focus", {"param:2147483648"}), "out_of_range"},
 };
 
 using KbUiCommand = testing::TestWithParam<Script>;
@@ -214,7 +222,7 @@ TEST_P(KbUiCommand, AsksTheRendererAndTellsItsTime)
 {
     const Script& script = GetParam();
     expectRun(runUi(script.detail, {script.command, script.parameter}),
-              start(script.command, script.parameter) + script.steps);
+              start(script.command, script.parameter) + script.steps, script.error);
 }
 
 INSTANTIATE_TEST_SUITE_P(Scripts, KbUiCommand, testing::ValuesIn(kScripts), RowName());
@@ -230,16 +238,6 @@ TEST(KbUi, UnknownCommandDoesNothing)
 {
     for (const std::string command : {"", "Draw", "draw ", "left", "quit"})
         expectRun(runUi(On, {command, "3"}), start(command, "3"));
-}
-
-TEST(KbUi, CountThatIsNoIntEndsTheProcess)
-{
-    for (const std::string parameter : {"abc", "   ", "-"})
-        expectRun(runUi(Off, {"loop-draw", parameter}),
-                  start("loop-draw", parameter) + Lines{"clock"}, "invalid_argument");
-    expectRun(runUi(Off, {"loop-focus", "2147483648"}),
-              start("loop-focus", "2147483648") + ended("loop-focus", {"param:2147483648"}),
-              "out_of_range");
 }
 
 // Without its font the renderer paints no key; a frame and a repaint of none are all there is.
@@ -353,7 +351,7 @@ TEST(KbUiLoopEnd, UsageIsFollowedByAnEmptyLine)
 TEST(KbUiLoopEnd, BlankCountEndsTheProcess)
 {
     expectRun(runUi(Off, {"more"}, "loop-draw  \nquit\n"),
-              kLoopStart + lastPass("loop-draw", "  ") + Lines{"clock"}, "invalid_argument");
+              kLoopStart + lastPass("loop-draw", "  ") + Lines{"clock"}, kNoNumber);
 }
 
 TEST(KbUiLoopEnd, ParameterOfTheCommandLineIsIgnored)

@@ -118,14 +118,6 @@ Lines reduce(const std::string& output)
     return reduced;
 }
 
-std::string text(const Lines& lines)
-{
-    std::string whole;
-    for (const std::string& line : lines)
-        whole += line + "\n";
-    return whole;
-}
-
 Lines operator+(Lines left, const Lines& right)
 {
     left.insert(left.end(), right.begin(), right.end());

@@ -2,13 +2,15 @@
 #define TESTS_DRIVER_TRANSCRIPT_H
 
 #include <string>
-#include <vector>
+
+#include "trace.h"
 
 // What a run of the driver printed, reduced to the lines that a test of its scripts looks at.
 namespace transcript
 {
 
-using Lines = std::vector<std::string>;
+using test_support::Lines;
+using test_support::text;
 
 // A log line of the driver, whole: line is the number that testers' tools look for.
 std::string logLine(const std::string& file, int line, const std::string& function,
@@ -29,9 +31,6 @@ std::string uiUsage();
 // Shift and Alt. Each usage line of the kb mode is one line, "usage LINE". In the kbui mode each
 // line of the renderer is "ui FUNCTION MESSAGE".
 Lines reduce(const std::string& output);
-
-// One line each: strings of several lines are compared with a readable difference.
-std::string text(const Lines& lines);
 
 Lines operator+(Lines left, const Lines& right);
 Lines operator*(int times, const Lines& lines);

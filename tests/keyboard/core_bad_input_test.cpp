@@ -34,24 +34,14 @@ protected:
         expectTrace(core("onKeyEvent", "Received Keycode: 13\n"));
     }
 
-    // What every start does before it reads the names.
-    Steps begun()
-    {
-        return imeStarts(false) + parserMade() + windowMade("window1", kWidth, kHeight) +
-               m_renderer.construction(kWidth, kHeight);
-    }
-
     // What a parser does that finds no catalogue: the key map's reading looks for it once more.
-    static Steps catalogueMissed()
-    {
-        return catalogueNotRead() + keyMapNotRead() + catalogueNotRead();
-    }
+    const Steps m_catalogue_missed = kCatalogueNotRead + kKeyMapNotRead + kCatalogueNotRead;
 
     // enter, when the list is empty with the catalogue read or not.
     static Steps noNames(bool catalogueIsRead)
     {
         return core("enter", "enter the VKB!\n\n") + parser("getLayoutsName", "called\n") +
-               (catalogueIsRead ? catalogueRead() : catalogueNotRead()) +
+               (catalogueIsRead ? kCatalogueRead : kCatalogueNotRead) +
                core("enter", "language num :0 \n") + core("enter", "Read language name error! \n");
     }
 
@@ -82,14 +72,14 @@ TEST_F(CoreBadInput, AfterAnEmptyLayoutListTheNextStartBuildsAgainInTheSameWindo
     catalogue.names.clear();
     m_folder.writeCatalogue(asJson(catalogue));
     expectNoStart(begun() + noNames(true));
-    expectStartWithGoodFiles(imeStarts(false) + parserMade() + windowShown("window1") +
+    expectStartWithGoodFiles(imeStarts(false) + kParserMade + windowShown("window1") +
                              m_renderer.construction(kWidth, kHeight) + entered("English"));
 }
 
 TEST_F(CoreBadInput, AMissingOrMalformedCatalogueGivesNoWindowUntilThereIsAGoodOne)
 {
     const Steps expected =
-        imeStarts(false) + catalogueMissed() + windowWanted(0, 0) + noNames(false);
+        imeStarts(false) + m_catalogue_missed + windowWanted(0, 0) + noNames(false);
     m_folder.writeCatalogue("{\"language\": [\"English\"");
     expectNoStart(expected);
     m_folder.removeCatalogue();
@@ -104,7 +94,7 @@ TEST_F(CoreBadInput, AWindowThatCannotBeMadeLeavesTheKeyboardNotStarted)
 {
     m_display.failEvery("CreateWindow", DFB_NOVIDEOMEMORY);
     startNew();
-    expectTrace(imeStarts(false) + parserMade() + windowWanted(kWidth, kHeight) + namesRead(3) +
+    expectTrace(imeStarts(false) + kParserMade + windowWanted(kWidth, kHeight) + namesRead(3) +
                 layoutChange("English") + core("updateKeyMap", kNoUi, kError) +
                 core("enter", kNoUi, kError));
     expectNotStarted();
@@ -115,8 +105,8 @@ TEST_F(CoreBadInput, AMissingKeyMapStartsAKeyboardWithoutKeys)
     m_folder.removeKeyMap("English");
     startNew();
     expectTrace(begun() + namesRead(3) + core("onLayoutChanged", "language name :English \n") +
-                layoutChosen("English") + keyMapNotRead() + parser("getKeyMap", "called\n") +
-                keyMapNotRead() + m_renderer.setLayoutData(0, kExpectedFont, "font1") +
+                layoutChosen("English") + kKeyMapNotRead + parser("getKeyMap", "called\n") +
+                kKeyMapNotRead + m_renderer.setLayoutData(0, kExpectedFont, "font1") +
                 m_renderer.showHidden(m_none, m_none) +
                 m_expected.refusedFocusChange(m_none, m_none, 0, Button_t()));
     EXPECT_TRUE(m_core->isKeyBoardEnable());
@@ -128,7 +118,7 @@ TEST_F(CoreBadInput, ACatalogueWithoutPositionsThrowsOutOfTheStart)
     m_folder.writeCatalogue("{\"language\": [\"English\"]}");
     create();
     EXPECT_ANY_THROW(startIt());
-    expectTrace(imeStarts(false) + catalogueRead());
+    expectTrace(imeStarts(false) + kCatalogueRead);
     EXPECT_EQ(m_display.liveWindows(), 0u);
     expectNotStarted();
 

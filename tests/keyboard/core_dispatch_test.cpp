@@ -16,10 +16,7 @@ using namespace velmora::browser::vkb;
 using namespace sample;
 using namespace steps;
 
-Steps okPressed()
-{
-    return core("EnterPressProc", "called\n");
-}
+const Steps kOkPressed = core("EnterPressProc", "called\n");
 
 Steps resultMade(const std::string& hexCode)
 {
@@ -183,7 +180,7 @@ TEST_F(CoreDispatch, EachPressOfASessionIsTheseCallsAndLines)
     for (const auto& each : session) {
         SCOPED_TRACE(each.what);
         EXPECT_EQ(press(each.place), each.answer);
-        expectTrace(okPressed() + each.steps);
+        expectTrace(kOkPressed + each.steps);
     }
     EXPECT_TRUE(m_core->isKeyBoardEnable());
     EXPECT_FALSE(m_core->isShow());

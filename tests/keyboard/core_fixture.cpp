@@ -38,11 +38,6 @@ void CoreTest::create()
     takeTrace();
 }
 
-void CoreTest::startIt()
-{
-    m_core->OnIMEStart(m_display.dfb(), m_host_surface);
-}
-
 void CoreTest::start()
 {
     create();
@@ -60,10 +55,10 @@ Steps CoreTest::entered(const std::string& layout)
            m_expected.focusChange(shown, m_none, 0, shown[0]);
 }
 
-Steps CoreTest::firstStart()
+Steps CoreTest::begun()
 {
-    return imeStarts(false) + parserMade() + windowMade("window1", kWidth, kHeight) +
-           m_renderer.construction(kWidth, kHeight) + entered("English");
+    return imeStarts(false) + kParserMade + windowMade("window1", kWidth, kHeight) +
+           m_renderer.construction(kWidth, kHeight);
 }
 
 void CoreTest::startWithoutRenderer()

@@ -33,12 +33,13 @@ protected:
     // Makes a core, starts the one that is there, or does both at once. Only startIt leaves a
     // trace.
     void create();
-    void startIt();
+    void startIt() { m_core->OnIMEStart(m_display.dfb(), m_host_surface); }
     void start();
 
-    // The first start of a core, and what it does from enter on.
-    steps::Steps firstStart();
+    // The first start of a core: what it does before it reads the names, and from there on.
+    steps::Steps begun();
     steps::Steps entered(const std::string& layout);
+    steps::Steps firstStart() { return begun() + entered("English"); }
 
     // A core whose renderer could not be made: the parser and the window are there.
     void startWithoutRenderer();

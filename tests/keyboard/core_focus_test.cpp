@@ -55,8 +55,8 @@ TEST_F(CoreFocus, AValidKeyBecomesTheFocusedOneWithAllItsFields)
     const Button_t found = m_core->getTargetButtonByButtonId(ClearAll);
     expectTrace(core("getTargetButtonByButtonId", "Target button num is 4\n"));
     const Button_t expected = {"ClearAll", {4, 62, 60, 50}, 4, true, false, 46, 127, 3, 5, 0, 8};
-    EXPECT_EQ(fieldsOf(found), fieldsOf(expected));
-    EXPECT_EQ(fieldsOf(focused()), fieldsOf(expected));
+    EXPECT_EQ(found, expected);
+    EXPECT_EQ(focused(), expected);
     EXPECT_EQ(m_core->getTargetButtonByButtonId(kKeys - 1).text, "mute") << "the last one";
 }
 

@@ -94,7 +94,7 @@ TEST_F(CoreLifecycle, ANewCoreIsIdleAndEmpty)
     m_core->getKeyBoardButton(result);
     EXPECT_EQ(std::tie(result.keyCode, result.modifier, result.character, result.text),
               std::make_tuple(0, 0, 0, ""));
-    EXPECT_EQ(fieldsOf(focused()), fieldsOf(Button_t()));
+    EXPECT_EQ(focused(), Button_t());
 
     m_core->clearButtonHandle();
     m_core->getKeyBoardButton(result);
@@ -196,7 +196,7 @@ TEST_F(CoreLifecycle, AStartAfterACancelBuildsAnewAtTheFirstLayout)
     m_expected = Core(renderer);
     m_expected.countFont();
     m_expected.countFont();
-    expectTrace(imeStarts(false) + parserMade() + windowMade("window2", kWidth, kHeight) +
+    expectTrace(imeStarts(false) + kParserMade + windowMade("window2", kWidth, kHeight) +
                 renderer.construction(kWidth, kHeight) + entered("English"));
     EXPECT_TRUE(m_core->isKeyBoardEnable());
 }

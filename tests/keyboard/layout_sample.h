@@ -1,12 +1,38 @@
 #ifndef TESTS_KEYBOARD_LAYOUT_SAMPLE_H
 #define TESTS_KEYBOARD_LAYOUT_SAMPLE_H
 
+#include <ostream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "keyboard_types.h"
 #include "layout_folder.h"
 #include "row.h"
+
+namespace velmora::browser::vkb
+{
+
+// All that a key holds; keys are compared by it.
+inline auto fieldsOf(const Button_t& key)
+{
+    return std::make_tuple(key.text, key.rect.positionX, key.rect.positionY, key.rect.width,
+                           key.rect.height, key.id, key.isSpecial, key.isLanguage, key.keyCode,
+                           key.character, key.left_button, key.right_button, key.up_button,
+                           key.down_button);
+}
+
+inline bool operator==(const Button_t& left, const Button_t& right)
+{
+    return fieldsOf(left) == fieldsOf(right);
+}
+
+inline void PrintTo(const Button_t& key, std::ostream* out)
+{
+    *out << testing::PrintToString(fieldsOf(key));
+}
+
+} // namespace velmora::browser::vkb
 
 // Small layouts with a place for every kind of key.
 

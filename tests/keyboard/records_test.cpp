@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "steps.h"
+#include "layout_sample.h"
 
 namespace
 {
@@ -30,7 +30,7 @@ static_assert(std::is_same_v<decltype(OsButton_t::character), int32_t>);
 TEST(Records, TheirFieldsAreInTheirOrder)
 {
     const Button_t button = {"text", {1, 2, 3, 4}, 5, true, false, 6, 7, 8, 9, 10, 11};
-    EXPECT_EQ(steps::fieldsOf(button),
+    EXPECT_EQ(fieldsOf(button),
               std::make_tuple("text", 1, 2, 3, 4, 5, true, false, 6, 7, 8, 9, 10, 11));
     const OsButton_t result = {1, 2, 3, "text"};
     EXPECT_EQ(std::tie(result.keyCode, result.modifier, result.character, result.text),

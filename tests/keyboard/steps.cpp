@@ -1,7 +1,5 @@
 #include "steps.h"
 
-#include <algorithm>
-
 #include <gtest/gtest.h>
 
 #include "log_capture.h"
@@ -42,56 +40,14 @@ Steps parser(const std::string& function, const std::string& message)
     return logged("Language_Parser.cpp", function, message, kTrace);
 }
 
-Steps catalogueNotRead()
-{
-    return parser("ParseLayout", "called\n");
-}
-
-Steps catalogueRead()
-{
-    return catalogueNotRead() + parser("ParseLayout", "Layout Parse Successfully !\n");
-}
-
-Steps keyMapNotRead()
-{
-    return parser("ParseCurrentLayoutKeyMaps", "called\n");
-}
-
-Steps keyMapRead()
-{
-    return keyMapNotRead() +
-           parser("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n");
-}
-
 Steps layoutChosen(const std::string& name)
 {
     return parser("onLayoutchanged", "Current Layout is :" + name + " \n");
 }
 
-namespace
-{
-
-std::string lineAt(const test_support::Lines& lines, size_t index)
-{
-    return index < lines.size() ? lines[index] : "(nothing)";
-}
-
-} // namespace
-
 void expectTrace(const Steps& expected)
 {
-    const test_support::Lines wanted = linesOf(expected);
-    const test_support::Lines found = test_support::takeTrace();
-    const size_t common = std::min(wanted.size(), found.size());
-    const auto differing = std::mismatch(
-        wanted.begin(), wanted.begin() + static_cast<std::ptrdiff_t>(common), found.begin());
-    const size_t at = static_cast<size_t>(differing.first - wanted.begin());
-    if (at == wanted.size() && at == found.size())
-        return;
-    ADD_FAILURE() << "line " << at << " of " << wanted.size() << " differs; found " << found.size()
-                  << " lines\n  before:   " << (at > 0 ? found[at - 1] : "(start)")
-                  << "\n  expected: " << lineAt(wanted, at) << "\n  found:    " << lineAt(found, at)
-                  << "\n  then:     " << lineAt(found, at + 1);
+    EXPECT_EQ(test_support::text(test_support::takeTrace()), test_support::text(linesOf(expected)));
 }
 
 } // namespace steps

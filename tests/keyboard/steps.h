@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "keyboard_types.h"
@@ -41,22 +40,16 @@ Steps logged(const std::string& file, const std::string& function, const std::st
 
 // Log lines of the parser.
 Steps parser(const std::string& function, const std::string& message);
-Steps catalogueNotRead();
-Steps catalogueRead();
-Steps keyMapNotRead();
-Steps keyMapRead();
+inline const Steps kCatalogueNotRead = parser("ParseLayout", "called\n");
+inline const Steps kCatalogueRead =
+    kCatalogueNotRead + parser("ParseLayout", "Layout Parse Successfully !\n");
+inline const Steps kKeyMapNotRead = parser("ParseCurrentLayoutKeyMaps", "called\n");
+inline const Steps kKeyMapRead =
+    kKeyMapNotRead +
+    parser("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n");
 Steps layoutChosen(const std::string& name);
 
-// All that a key holds, to be compared.
-inline auto fieldsOf(const vkb::Button_t& key)
-{
-    return std::make_tuple(key.text, key.rect.positionX, key.rect.positionY, key.rect.width,
-                           key.rect.height, key.id, key.isSpecial, key.isLanguage, key.keyCode,
-                           key.character, key.left_button, key.right_button, key.up_button,
-                           key.down_button);
-}
-
-// Takes the trace and compares it; tells the first line that differs.
+// Takes the trace and compares it.
 void expectTrace(const Steps& expected);
 
 } // namespace steps

@@ -1,35 +1,11 @@
 #include "fatal_trap.h"
 
-#include <cstdlib>
-
 #include <dlfcn.h>
-
-namespace test_support
-{
-
-namespace
-{
-
-int trapsSet = 0;
-
-} // namespace
-
-FatalTrap::FatalTrap()
-{
-    ++trapsSet;
-}
-
-FatalTrap::~FatalTrap()
-{
-    --trapsSet;
-}
-
-} // namespace test_support
 
 // A program's own definition takes the place of the shared library's.
 extern "C" DFBResult DirectFBErrorFatal(const char* msg, DFBResult result)
 {
-    if (test_support::trapsSet > 0)
+    if (test_support::FatalTrap::set > 0)
         throw test_support::FatalError{msg, result};
 
     using Function = DFBResult(const char*, DFBResult);

@@ -19,10 +19,12 @@ struct FatalError {
 class FatalTrap
 {
 public:
-    FatalTrap();
-    ~FatalTrap();
+    FatalTrap() { ++set; }
+    ~FatalTrap() { --set; }
     FatalTrap(const FatalTrap&) = delete;
     FatalTrap& operator=(const FatalTrap&) = delete;
+
+    static inline int set = 0; // how many live
 };
 
 } // namespace test_support

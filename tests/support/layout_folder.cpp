@@ -16,7 +16,6 @@ namespace
 namespace fs = std::filesystem;
 
 const char kRootVariable[] = "VKB_TEST_ROOT";
-const char kFolder[] = "/usr/local/opt/nerovista/resources/oskeyboard_config/";
 
 std::string newTemporaryFolder()
 {
@@ -101,26 +100,6 @@ LayoutFolder::~LayoutFolder()
     fs::remove_all(m_root, ignored);
 }
 
-void LayoutFolder::writeCatalogue(const std::string& json)
-{
-    writeFile(cataloguePath(), json);
-}
-
-void LayoutFolder::writeKeyMap(const std::string& layout, const std::string& json)
-{
-    writeFile(keyMapPath(layout), json);
-}
-
-void LayoutFolder::removeCatalogue()
-{
-    removeFile(cataloguePath());
-}
-
-void LayoutFolder::removeKeyMap(const std::string& layout)
-{
-    removeFile(keyMapPath(layout));
-}
-
 void LayoutFolder::removeFile(const std::string& path)
 {
     fs::remove(m_root + path);
@@ -141,16 +120,6 @@ void LayoutFolder::linkFile(const std::string& path, const std::string& target)
     const fs::path file = m_root + path;
     fs::create_directories(file.parent_path());
     fs::create_symlink(target, file);
-}
-
-std::string LayoutFolder::cataloguePath()
-{
-    return std::string(kFolder) + "Language_Name.json";
-}
-
-std::string LayoutFolder::keyMapPath(const std::string& layout)
-{
-    return std::string(kFolder) + "Language_" + layout + ".json";
 }
 
 } // namespace test_support

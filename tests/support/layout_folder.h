@@ -46,10 +46,13 @@ public:
 
     const std::string& root() const { return m_root; }
 
-    void writeCatalogue(const std::string& json);
-    void writeKeyMap(const std::string& layout, const std::string& json);
-    void removeCatalogue();
-    void removeKeyMap(const std::string& layout);
+    void writeCatalogue(const std::string& json) { writeFile(cataloguePath(), json); }
+    void writeKeyMap(const std::string& layout, const std::string& json)
+    {
+        writeFile(keyMapPath(layout), json);
+    }
+    void removeCatalogue() { removeFile(cataloguePath()); }
+    void removeKeyMap(const std::string& layout) { removeFile(keyMapPath(layout)); }
 
     // Puts a file at a fixed path, such as /usr/local/opt/font/NAME.ttf: with this text, or as a
     // link to another file.
@@ -57,8 +60,11 @@ public:
     void linkFile(const std::string& path, const std::string& target);
     void removeFile(const std::string& path);
 
-    static std::string cataloguePath();
-    static std::string keyMapPath(const std::string& layout);
+    static std::string cataloguePath() { return keyMapPath("Name"); }
+    static std::string keyMapPath(const std::string& layout)
+    {
+        return "/usr/local/opt/nerovista/resources/oskeyboard_config/Language_" + layout + ".json";
+    }
 
 private:
     std::string m_root;

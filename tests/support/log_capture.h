@@ -4,7 +4,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace test_support
@@ -30,20 +32,37 @@ std::string logTraceLine(const std::string& file, uint32_t level, const std::str
 class LogCapture
 {
 public:
-    LogCapture();
-    ~LogCapture();
+    LogCapture() { current = this; }
+    ~LogCapture() { current = nullptr; }
     LogCapture(const LogCapture&) = delete;
     LogCapture& operator=(const LogCapture&) = delete;
 
     // Lines of this level word, such as 0x5F1388, are off from now on.
-    void switchOff(uint32_t level);
-    void switchOffAll();
+    void switchOff(uint32_t level) { m_off.insert(level); }
+    void switchOffAll() { m_all_off = true; }
 
-    const std::vector<LogLine>& lines() const;
+    const std::vector<LogLine>& lines() const { return m_lines; }
 
     // How often a level was asked for, and how often the base name of a source.
-    size_t levelsAsked() const;
-    size_t baseNamesAsked() const;
+    size_t levelsAsked() const { return m_levels_asked; }
+    size_t baseNamesAsked() const { return m_base_names_asked; }
+
+    // The platform's three calls come here.
+    bool askLevel(void* record);
+    void countBaseName() { ++m_base_names_asked; }
+    // Whether the last question was answered with yes and this is the first line since.
+    bool takeLeave() { return std::exchange(m_line_allowed, false); }
+    void add(LogLine line);
+    static inline LogCapture* current = nullptr;
+
+private:
+    std::set<uint32_t> m_off;
+    bool m_all_off = false;
+    std::array<uint32_t, 3> m_record = {};
+    bool m_line_allowed = false;
+    size_t m_levels_asked = 0;
+    size_t m_base_names_asked = 0;
+    std::vector<LogLine> m_lines;
 };
 
 } // namespace test_support

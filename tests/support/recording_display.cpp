@@ -29,28 +29,10 @@ template <class Interface> struct Made {
     Object object{};
 };
 
-struct State {
-    std::map<std::string, int> numbers; // last number given to a kind of object
-    std::map<std::string, DFBResult> failingMethods;
-    size_t callsUntilFailure = 0; // 0: none is to fail
-    DFBResult failure = DFB_FAILURE;
-    int fontHeight = 37;
-    size_t liveFonts = 0;
-    size_t liveWindows = 0;
-    size_t bytesKept = 0;
-    std::string lastCall = "none";
-};
-
-State& state()
-{
-    static State current;
-    return current;
-}
-
 [[noreturn]] void stop(const std::string& why)
 {
     std::fprintf(stderr, "recording display: %s; last known call: %s\n", why.c_str(),
-                 state().lastCall.c_str());
+                 RecordingDisplay::state.lastCall.c_str());
     std::abort();
 }
 
@@ -76,7 +58,7 @@ template <class Interface> Object& objectOf(Interface* table)
 
 std::string newName(const std::string& kind)
 {
-    return kind + std::to_string(++state().numbers[kind]);
+    return kind + std::to_string(++RecordingDisplay::state.numbers[kind]);
 }
 
 std::string hex(unsigned int value)
@@ -135,7 +117,7 @@ template <class First, class... More> std::string list(const First& first, const
 template <class Interface, class... Arguments>
 DFBResult called(Interface* self, const std::string& method, const Arguments&... arguments)
 {
-    State& now = state();
+    DisplayState& now = RecordingDisplay::state;
     const std::string line = objectOf(self).name + "." + method + "(" + list(arguments...) + ")";
     record(line);
     now.lastCall = line;
@@ -153,7 +135,8 @@ template <class Interface> Made<Interface>& add(const std::string& name)
 {
     static Made<Interface>* newest = nullptr;
     newest = new Made<Interface>{newest};
-    state().bytesKept += ::malloc_usable_size(newest) + sizeof(size_t); // and the heap's own word
+    RecordingDisplay::state.bytesKept +=
+        ::malloc_usable_size(newest) + sizeof(size_t); // and the heap's own word
     Made<Interface>& one = *newest;
     refuseEverySlot(one.table);
     one.object.name = name;
@@ -197,14 +180,14 @@ DirectResult fontRelease(IDirectFBFont* self)
         stop(objectOf(self).name + " is released a second time");
     called(self, "Release");
     objectOf(self).alive = false;
-    --state().liveFonts;
+    --RecordingDisplay::state.liveFonts;
     return DR_OK;
 }
 
 IDirectFBFont* addFont()
 {
     Made<IDirectFBFont>& one = add<IDirectFBFont>(newName("font"));
-    one.object.height = state().fontHeight;
+    one.object.height = RecordingDisplay::state.fontHeight;
     one.table.GetHeight = [](auto* self, int* height) {
         const DFBResult result = called(self, "GetHeight");
         if (result == DFB_OK)
@@ -212,7 +195,7 @@ IDirectFBFont* addFont()
         return result;
     };
     one.table.Release = fontRelease;
-    ++state().liveFonts;
+    ++RecordingDisplay::state.liveFonts;
     return &one.table;
 }
 
@@ -243,11 +226,11 @@ IDirectFBWindow* addWindow(int width, int height)
         const DFBResult result = called(self, "Destroy");
         if (result == DFB_OK) {
             objectOf(self).alive = false;
-            --state().liveWindows;
+            --RecordingDisplay::state.liveWindows;
         }
         return result;
     };
-    ++state().liveWindows;
+    ++RecordingDisplay::state.liveWindows;
     return &one.table;
 }
 
@@ -327,7 +310,7 @@ IDirectFB* theDirectFB()
 
 RecordingDisplay::RecordingDisplay()
 {
-    state() = State();
+    state = DisplayState();
     takeTrace();
 }
 
@@ -339,37 +322,6 @@ IDirectFB* RecordingDisplay::dfb()
 IDirectFBSurface* RecordingDisplay::newSurface(int width, int height)
 {
     return addSurface(width, height);
-}
-
-void RecordingDisplay::setFontHeight(int pixels)
-{
-    state().fontHeight = pixels;
-}
-
-void RecordingDisplay::failCall(size_t count, DFBResult result)
-{
-    state().callsUntilFailure = count;
-    state().failure = result;
-}
-
-void RecordingDisplay::failEvery(const std::string& method, DFBResult result)
-{
-    state().failingMethods[method] = result;
-}
-
-size_t RecordingDisplay::liveFonts() const
-{
-    return state().liveFonts;
-}
-
-size_t RecordingDisplay::liveWindows() const
-{
-    return state().liveWindows;
-}
-
-size_t RecordingDisplay::bytesKept() const
-{
-    return state().bytesKept;
 }
 
 } // namespace test_support

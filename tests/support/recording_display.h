@@ -2,6 +2,7 @@
 #define TESTS_SUPPORT_RECORDING_DISPLAY_H
 
 #include <cstddef>
+#include <map>
 #include <string>
 
 #include <directfb.h>
@@ -10,6 +11,19 @@
 
 namespace test_support
 {
+
+// What the objects of one display share.
+struct DisplayState {
+    std::map<std::string, int> numbers; // last number given to a kind of object
+    std::map<std::string, DFBResult> failingMethods;
+    size_t callsUntilFailure = 0; // 0: none is to fail
+    DFBResult failure = DFB_FAILURE;
+    int fontHeight = 37;
+    size_t liveFonts = 0;
+    size_t liveWindows = 0;
+    size_t bytesKept = 0;
+    std::string lastCall = "none";
+};
 
 // A DirectFB that shows nothing: its objects are of DirectFB's own types, and each call adds a
 // line to the trace. Names in the lines: `dfb`, `layer`, and `window1`, `surface1`, `font1` in the
@@ -30,20 +44,29 @@ public:
     IDirectFBSurface* newSurface(int width, int height);
 
     // Pixels that fonts made from now on report.
-    void setFontHeight(int pixels);
+    void setFontHeight(int pixels) { state.fontHeight = pixels; }
 
     // The count-th call from now on, 1 being the next, fails with this result, once.
-    void failCall(size_t count, DFBResult result);
+    void failCall(size_t count, DFBResult result)
+    {
+        state.callsUntilFailure = count;
+        state.failure = result;
+    }
 
     // Every call of this method fails from now on, whatever object it is made on.
-    void failEvery(const std::string& method, DFBResult result);
+    void failEvery(const std::string& method, DFBResult result)
+    {
+        state.failingMethods[method] = result;
+    }
 
     // Objects made by this display and not released or destroyed.
-    size_t liveFonts() const;
-    size_t liveWindows() const;
+    size_t liveFonts() const { return state.liveFonts; }
+    size_t liveWindows() const { return state.liveWindows; }
 
     // Bytes of the heap that its objects take, the released ones too.
-    size_t bytesKept() const;
+    size_t bytesKept() const { return state.bytesKept; }
+
+    static inline DisplayState state; // of the display that was made last
 };
 
 } // namespace test_support

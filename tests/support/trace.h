@@ -17,6 +17,15 @@ void record(const std::string& line);
 // Gives the lines recorded since the last taking, and forgets them.
 Lines takeTrace();
 
+// One line each: texts of several lines are compared with a readable difference.
+inline std::string text(const Lines& lines)
+{
+    std::string whole;
+    for (const std::string& line : lines)
+        whole += line + "\n";
+    return whole;
+}
+
 // A trace without its log lines.
 Lines callsOf(const Lines& trace);
 
