@@ -2,6 +2,7 @@
 #define INPUT_METHODS_ENGINE_H
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,28 +20,40 @@ class Engine
 public:
     virtual ~Engine() = default;
 
-    // One character, UTF-8. Returns false when it is none of the language's; an engine that ends
-    // what it composes at such a character has then added that to the commit.
-    virtual bool type(const std::string& character, Answer& answer) = 0;
+    // One code point. Returns false when it is none of the language's; an engine that ends what it
+    // composes at such a character has then added that to the commit.
+    virtual bool type(uint32_t character, Answer& answer) = 0;
 
     // Takes the last letter of the preedit away. Returns false when there is none.
     virtual bool erase(Answer& answer) = 0;
 
-    // Index counts all candidates, not those of a page.
-    virtual void take(size_t index, Answer& answer) = 0;
-
-    // Commits everything as it stands, or drops it; the preedit is empty afterwards.
-    virtual void finish(Answer& answer) = 0;
+    // Drops everything: the preedit is empty afterwards.
     virtual void reset() = 0;
 
-    virtual std::string preedit() const = 0;
+    // Behind what the text holds.
+    virtual void addPreedit(std::string& text) const = 0;
+    std::string preedit() const
+    {
+        std::string text;
+        addPreedit(text);
+        return text;
+    }
 
-    // What composes this character, each a row of letters to type; the shortest first. None where
-    // the language converts.
-    virtual std::vector<std::string> spellings(const std::string&) { return {}; }
+    // Commits everything as it stands.
+    virtual void finish(Answer& answer)
+    {
+        addPreedit(answer.commit);
+        reset();
+    }
 
-    // At most count of them from this index on; fewer when there are no more.
-    virtual std::vector<std::string> candidates(size_t from, size_t count) = 0;
+    // For a language that converts: adds at most count candidates from this index on, fewer when
+    // there are no more; and takes one. Index and from count all candidates, not those of a page.
+    virtual void addCandidates(size_t /*from*/, size_t /*count*/, std::vector<std::string>&) {}
+    virtual void take(size_t /*index*/, Answer&) {}
+
+    // For one that composes: what composes this character, each a row of letters to type; the
+    // shortest first.
+    virtual std::vector<std::string> spellings(uint32_t /*character*/) { return {}; }
 };
 
 // What an adapter gets from the table of layouts and from the host.

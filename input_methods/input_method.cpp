@@ -5,47 +5,25 @@
 #include <utility>
 
 #include "engine.h"
+#include "keyboard_constants.h"
 #include "text.h"
 
 namespace input_methods
 {
 
-using velmora::browser::vkb::OsButton_t;
+using namespace velmora::browser::vkb;
 
 namespace
 {
 
-enum class KeyMeaning { Text, Back, Clear, PreviousPage, NextPage, Host };
+const size_t kFullPreedit = kMaxPreedit;
 
-struct MeaningOfCode {
-    int32_t keyCode; // the browser's key event code
-    KeyMeaning meaning;
-};
-
-// Back, Tab and Enter carry characters of their own, so their codes come first.
-const MeaningOfCode kMeanings[] = {
-    {8, KeyMeaning::Back},      {9, KeyMeaning::Host},          {12, KeyMeaning::Clear},
-    {13, KeyMeaning::Host},     {37, KeyMeaning::PreviousPage}, {38, KeyMeaning::Host},
-    {39, KeyMeaning::NextPage}, {40, KeyMeaning::Host},         {46, KeyMeaning::Host},
-};
-
-KeyMeaning meaningOf(int32_t keyCode)
+// The one character of a key; 0 for a key with none or with more.
+uint32_t characterOf(const OsButton_t& key)
 {
-    for (const MeaningOfCode& entry : kMeanings)
-        if (entry.keyCode == keyCode)
-            return entry.meaning;
-    return KeyMeaning::Text;
-}
-
-std::string textOf(const OsButton_t& key)
-{
-    return key.character > 0 ? utf8(static_cast<uint32_t>(key.character)) : key.text;
-}
-
-int digitOf(const std::string& text)
-{
-    const bool isDigit = text.size() == 1 && text[0] >= '1' && text[0] <= '9';
-    return isDigit ? text[0] - '0' : 0;
+    if (key.character > 0)
+        return static_cast<uint32_t>(key.character);
+    return firstLetterBytes(key.text) == key.text.size() ? firstLetter(key.text) : 0;
 }
 
 // How many of the candidates fit on a page; the first one always does.
@@ -73,63 +51,69 @@ InputMethod::~InputMethod() = default;
 Answer InputMethod::feed(const OsButton_t& key)
 {
     Answer answer;
-    switch (meaningOf(key.keyCode)) {
-    case KeyMeaning::Text:
-        return type(textOf(key));
-    case KeyMeaning::Back:
-        answer.used = m_engine->erase(answer);
-        if (!answer.used)
-            return handOver();
-        m_page_starts = {0};
-        return shown(std::move(answer));
-    case KeyMeaning::Clear:
-        return reset();
-    case KeyMeaning::PreviousPage:
-    case KeyMeaning::NextPage:
-        if (m_page.empty())
-            return handOver();
-        answer = page(meaningOf(key.keyCode) == KeyMeaning::NextPage ? 1 : -1);
-        answer.used = true; // also on the last page: the caret does not leave the word
-        return answer;
-    case KeyMeaning::Host:
+    // Back, Tab and Enter carry characters of their own, so their codes come first.
+    switch (key.keyCode) {
+    case KeyCodeBack:
+        erase(answer);
+        break;
+    case KeyCodeClearAll:
+        answer = reset();
+        break;
+    case KeyCodeCaretLeft:
+        turn(-1, answer);
+        break;
+    case KeyCodeCaretRight:
+        turn(1, answer);
+        break;
+    case KeyCodeTab:
+    case KeyCodeEnter:
+    case KeyCodeDelete:
+    case RemoteUp:
+    case RemoteDown:
+        handOver(answer);
+        break;
+    default:
+        type(characterOf(key), answer);
         break;
     }
-    return handOver();
+    return answer;
 }
 
-Answer InputMethod::type(const std::string& text)
+void InputMethod::type(uint32_t character, Answer& answer)
 {
-    const int digit = digitOf(text);
-    if (!m_page.empty() && (text == " " || digit != 0)) {
-        Answer answer = choose(digit == 0 ? 1 : digit);
+    const bool isDigit = character >= '1' && character <= '9';
+    if (m_page_size > 0 && (character == ' ' || isDigit)) {
+        take(isDigit ? static_cast<int>(character - '0') : 1, answer);
         answer.used = true; // also a digit without a candidate: it is no text in between
-        return answer;
+        return;
     }
-    Answer answer;
-    makeRoom(answer);
-    if (letters(text) == 1 && m_engine->type(text, answer)) {
-        answer.used = true;
-        m_page_starts = {0};
-        return shown(std::move(answer));
-    }
+    if (m_preedit_bytes >= kFullPreedit)
+        makeRoom(answer);
+    answer.used = character != 0 && m_engine->type(character, answer);
     // With nothing composed the engine may remember the letter, for a mark that follows.
-    if (letters(text) == 1 && m_engine->preedit().empty()) {
-        m_page_starts = {0};
-        return shown(answer);
-    }
-    Answer rest = handOver();
-    rest.commit.insert(0, answer.commit);
-    return rest;
+    if (answer.used || (character != 0 && m_engine->preedit().empty()))
+        showFirstPage(answer);
+    else
+        handOver(answer);
+}
+
+void InputMethod::erase(Answer& answer)
+{
+    answer.used = m_engine->erase(answer);
+    if (answer.used)
+        showFirstPage(answer);
+    else
+        handOver(answer);
 }
 
 // A preedit of the full length gives way word by word, or at once where there is nothing to choose.
 void InputMethod::makeRoom(Answer& answer)
 {
-    if (m_preedit_bytes < static_cast<size_t>(kMaxPreedit))
-        return;
     size_t before = letters(m_engine->preedit());
-    while (before >= static_cast<size_t>(kMaxPreedit)) {
-        if (!m_engine->candidates(0, 1).empty())
+    while (before >= kFullPreedit) {
+        std::vector<std::string> first;
+        m_engine->addCandidates(0, 1, first);
+        if (!first.empty())
             m_engine->take(0, answer);
         const size_t after = letters(m_engine->preedit());
         if (after >= before)
@@ -139,22 +123,27 @@ void InputMethod::makeRoom(Answer& answer)
 }
 
 // The key is none of the language's: what is composed goes into the page before it.
-Answer InputMethod::handOver()
+void InputMethod::handOver(Answer& answer)
 {
-    Answer answer = finish();
+    m_engine->finish(answer);
     answer.used = false;
-    return answer;
+    showFirstPage(answer);
 }
 
 Answer InputMethod::choose(int number)
 {
     Answer answer;
-    if (number < 1 || static_cast<size_t>(number) > m_page.size())
-        return shown(std::move(answer));
+    take(number, answer);
+    return answer;
+}
+
+void InputMethod::take(int number, Answer& answer)
+{
+    if (number < 1 || static_cast<size_t>(number) > m_page_size)
+        return show(answer);
     m_engine->take(m_page_starts.back() + static_cast<size_t>(number) - 1, answer);
     answer.used = true;
-    m_page_starts = {0};
-    return shown(std::move(answer));
+    showFirstPage(answer);
 }
 
 Answer InputMethod::page(int step)
@@ -164,10 +153,20 @@ Answer InputMethod::page(int step)
         m_page_starts.pop_back();
         answer.used = true;
     } else if (step > 0 && m_has_next) {
-        m_page_starts.push_back(m_page_starts.back() + m_page.size());
+        m_page_starts.push_back(m_page_starts.back() + m_page_size);
         answer.used = true;
     }
-    return shown(std::move(answer));
+    show(answer);
+    return answer;
+}
+
+// A caret key.
+void InputMethod::turn(int step, Answer& answer)
+{
+    if (m_page_size == 0)
+        return handOver(answer);
+    answer = page(step);
+    answer.used = true; // also on the last page: the caret does not leave the word
 }
 
 Answer InputMethod::finish()
@@ -175,15 +174,15 @@ Answer InputMethod::finish()
     Answer answer;
     m_engine->finish(answer);
     answer.used = true;
-    m_page_starts = {0};
-    return shown(std::move(answer));
+    showFirstPage(answer);
+    return answer;
 }
 
 Answer InputMethod::reset()
 {
     m_engine->reset();
     m_page_starts = {0};
-    m_page.clear();
+    m_page_size = 0;
     m_has_next = false;
     m_preedit_bytes = 0;
     return Answer();
@@ -193,11 +192,10 @@ std::string InputMethod::spell(const std::string& text)
 {
     std::string keys;
     for (size_t end = 0; end < text.size();) {
-        const size_t length = firstLetterBytes(text.substr(end));
-        const std::string character = text.substr(end, length);
-        end += length;
+        const std::string rest = text.substr(end);
+        end += firstLetterBytes(rest);
         std::string found;
-        for (const std::string& spelling : m_engine->spellings(character))
+        for (const std::string& spelling : m_engine->spellings(firstLetter(rest)))
             if (found.empty() && composes(keys + spelling, text.substr(0, end)))
                 found = spelling;
         if (found.empty())
@@ -213,9 +211,9 @@ bool InputMethod::composes(const std::string& keys, const std::string& text)
     Answer answer;
     bool isUsed = true;
     for (size_t i = 0; isUsed && i < keys.size();) {
-        const size_t length = firstLetterBytes(keys.substr(i));
-        isUsed = m_engine->type(keys.substr(i, length), answer);
-        i += length;
+        const std::string rest = keys.substr(i);
+        isUsed = m_engine->type(firstLetter(rest), answer);
+        i += firstLetterBytes(rest);
     }
     m_engine->finish(answer);
     reset();
@@ -224,27 +222,35 @@ bool InputMethod::composes(const std::string& keys, const std::string& text)
 
 bool InputMethod::isUsed(const std::string& text)
 {
+    OsButton_t key = {};
+    key.text = text;
     reset();
-    const Answer answer = type(text);
+    const Answer answer = feed(key);
     reset();
     return answer.used || !answer.commit.empty();
 }
 
-Answer InputMethod::shown(Answer answer)
+void InputMethod::showFirstPage(Answer& answer)
+{
+    m_page_starts.resize(1); // the first one starts at 0
+    show(answer);
+}
+
+void InputMethod::show(Answer& answer)
 {
     const size_t first = m_page_starts.back();
-    m_page =
-        m_engine->candidates(first, kPageCandidates + 1); // one more tells whether there are any
-    const size_t found = m_page.size();
-    m_page.resize(std::min({found, static_cast<size_t>(kPageCandidates), roomFor(m_page)}));
-    m_has_next = m_page.size() < found;
-    answer.preedit = m_engine->preedit();
+    const size_t most = kPageCandidates;
+    // One more tells whether there are any.
+    m_engine->addCandidates(first, most + 1, answer.candidates);
+    const size_t found = answer.candidates.size();
+    m_page_size = std::min({found, most, roomFor(answer.candidates)});
+    m_has_next = m_page_size < found;
+    answer.candidates.resize(m_page_size);
+    m_engine->addPreedit(answer.preedit);
     m_preedit_bytes = answer.preedit.size();
-    answer.candidates = m_page;
-    answer.chosen = m_page.empty() ? -1 : 0;
+    answer.chosen = m_page_size == 0 ? -1 : 0;
     answer.hasPrevious = first > 0;
     answer.hasNext = m_has_next;
-    return answer;
 }
 
 } // namespace input_methods

@@ -2,6 +2,7 @@
 #define INPUT_METHODS_INPUT_METHOD_H
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -68,14 +69,18 @@ public:
 
 private:
     bool composes(const std::string& keys, const std::string& text);
-    Answer shown(Answer answer);
-    Answer type(const std::string& text);
-    Answer handOver();
+    void type(uint32_t character, Answer& answer);
+    void erase(Answer& answer);
+    void take(int number, Answer& answer);
+    void turn(int step, Answer& answer);
+    void handOver(Answer& answer);
     void makeRoom(Answer& answer);
+    void show(Answer& answer);
+    void showFirstPage(Answer& answer);
 
     std::unique_ptr<Engine> m_engine;
     std::vector<size_t> m_page_starts; // of the page that is shown, and of those before it
-    std::vector<std::string> m_page;   // what is shown
+    size_t m_page_size = 0;            // candidates that are shown
     bool m_has_next = false;
     size_t m_preedit_bytes = 0;
 };

@@ -32,6 +32,14 @@ size_t letters(const std::string& utf8)
     return u8_mbsnlen(bytes(utf8), utf8.size());
 }
 
+uint32_t firstLetter(const std::string& utf8)
+{
+    ucs4_t character = 0;
+    if (!utf8.empty())
+        u8_mbtouc(&character, bytes(utf8), utf8.size());
+    return character;
+}
+
 size_t firstLetterBytes(const std::string& utf8)
 {
     ucs4_t character = 0;

@@ -14,6 +14,9 @@ std::string utf8(uint32_t character);
 // Code points.
 size_t letters(const std::string& utf8);
 
+// The first code point; 0 for an empty text.
+uint32_t firstLetter(const std::string& utf8);
+
 // Bytes of the first code point; 0 for an empty text.
 size_t firstLetterBytes(const std::string& utf8);
 

@@ -42,9 +42,10 @@ public:
 
     ~Anthy() override { anthy_release_context(m_context); }
 
-    bool type(const std::string& character, Answer&) override
+    bool type(uint32_t character, Answer&) override
     {
-        if (!(m_is_romaji ? m_reading.typeRomaji(character) : m_reading.typeKana(character)))
+        const std::string key = utf8(character);
+        if (!(m_is_romaji ? m_reading.typeRomaji(key) : m_reading.typeKana(key)))
             return false;
         m_candidates.clear();
         return true;
@@ -71,26 +72,18 @@ public:
         m_candidates.clear();
     }
 
-    void finish(Answer& answer) override
-    {
-        answer.commit += m_reading.shown();
-        reset();
-    }
-
     void reset() override
     {
         m_reading.clear();
         m_candidates.clear();
     }
 
-    std::string preedit() const override { return m_reading.shown(); }
+    void addPreedit(std::string& text) const override { text += m_reading.shown(); }
 
-    std::vector<std::string> candidates(size_t from, size_t count) override
+    void addCandidates(size_t from, size_t count, std::vector<std::string>& found) override
     {
-        std::vector<std::string> texts;
-        for (size_t i = from; i < all().size() && texts.size() < count; ++i)
-            texts.push_back(m_candidates[i].text);
-        return texts;
+        for (size_t i = from; i < all().size() && i < from + count; ++i)
+            found.push_back(m_candidates[i].text);
     }
 
 private:

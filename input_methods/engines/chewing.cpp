@@ -14,8 +14,8 @@ namespace
 {
 
 // Marks of tones, which no syllable begins with; the first tone is the space key.
-const std::map<std::string, int> kTones = {
-    {" ", ' '}, {"ˊ", '6'}, {"ˇ", '3'}, {"ˋ", '4'}, {"˙", '7'}};
+const std::map<uint32_t, int> kTones = {
+    {U' ', ' '}, {U'ˊ', '6'}, {U'ˇ', '3'}, {U'ˋ', '4'}, {U'˙', '7'}};
 
 const int kLongest = 39; // syllables that chewing holds before it commits by itself
 
@@ -32,7 +32,7 @@ public:
 
     ~Chewing() override { chewing_delete(m_context); }
 
-    bool type(const std::string& character, Answer&) override
+    bool type(uint32_t character, Answer&) override
     {
         const bool isTone = kTones.count(character) != 0;
         const auto key = m_keys.find(character);
@@ -88,15 +88,13 @@ public:
         build();
     }
 
-    std::string preedit() const override { return m_converted + m_sound; }
+    void addPreedit(std::string& text) const override { text += m_converted + m_sound; }
 
-    std::vector<std::string> candidates(size_t from, size_t count) override
+    void addCandidates(size_t from, size_t count, std::vector<std::string>& found) override
     {
-        const std::vector<std::string> all = allCandidates();
-        const size_t first = std::min(from, all.size());
-        const size_t last = std::min(first + count, all.size());
-        return {all.begin() + static_cast<std::ptrdiff_t>(first),
-                all.begin() + static_cast<std::ptrdiff_t>(last)};
+        const std::vector<std::string>& all = allCandidates();
+        for (size_t i = from; i < all.size() && i < from + count; ++i)
+            found.push_back(all[i]);
     }
 
 private:
@@ -108,7 +106,7 @@ private:
             chewing_handle_Default(m_context, key);
             const std::string sign = chewing_bopomofo_String_static(m_context);
             if (!sign.empty())
-                m_keys[sign] = key;
+                m_keys[firstLetter(sign)] = key;
             clear();
         }
     }
@@ -201,8 +199,8 @@ private:
 
     ChewingContext* m_context;
     bool m_learns;
-    std::map<std::string, int> m_keys; // of each sign
-    std::vector<int> m_typed;          // chewing's keys
+    std::map<uint32_t, int> m_keys; // of each sign
+    std::vector<int> m_typed;       // chewing's keys
     std::string m_converted;
     std::string m_sound; // of the syllable that has no tone yet
     std::vector<std::string> m_candidates;

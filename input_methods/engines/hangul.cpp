@@ -12,19 +12,16 @@ using namespace input_methods;
 namespace
 {
 
-std::string fromUcs4(const ucschar* text)
-{
-    std::string utf8Text;
-    for (; text != nullptr && *text != 0; ++text)
-        utf8Text += utf8(*text);
-    return utf8Text;
-}
+// Unicode's letters for keyboards; those inside a syllable stand elsewhere.
+const ucschar kFirstJamo = 0x3131;
+const ucschar kLastJamo = 0x318E;
 
-ucschar toUcs4(const std::string& character)
+void add(const ucschar* text, std::string& utf8Text)
 {
-    ucs4_t code = 0;
-    u8_mbtouc(&code, reinterpret_cast<const uint8_t*>(character.data()), character.size());
-    return code;
+    uint8_t bytes[6];
+    for (; *text != 0; ++text)
+        utf8Text.append(reinterpret_cast<char*>(bytes),
+                        static_cast<size_t>(u8_uctomb(bytes, *text, sizeof bytes)));
 }
 
 class Hangul : public Engine
@@ -33,35 +30,31 @@ public:
     explicit Hangul(HangulInputContext* context) : m_context(context) { learnKeys(); }
     ~Hangul() override { hangul_ic_delete(m_context); }
 
-    bool type(const std::string& character, Answer& answer) override
+    bool type(uint32_t character, Answer& answer) override
     {
-        const auto key = m_keys.find(character);
-        if (key == m_keys.end())
+        const int key = keyOf(character);
+        if (key == 0)
             return false;
-        hangul_ic_process(m_context, key->second);
-        answer.commit += fromUcs4(hangul_ic_get_commit_string(m_context));
+        hangul_ic_process(m_context, key);
+        add(hangul_ic_get_commit_string(m_context), answer.commit);
         return true;
     }
 
     bool erase(Answer&) override { return hangul_ic_backspace(m_context); }
-    void take(size_t, Answer&) override {}
-    void finish(Answer& answer) override { answer.commit += fromUcs4(hangul_ic_flush(m_context)); }
+    void finish(Answer& answer) override { add(hangul_ic_flush(m_context), answer.commit); }
     void reset() override { hangul_ic_reset(m_context); }
 
-    std::string preedit() const override
+    void addPreedit(std::string& text) const override
     {
-        return fromUcs4(hangul_ic_get_preedit_string(m_context));
+        add(hangul_ic_get_preedit_string(m_context), text);
     }
 
-    std::vector<std::string> candidates(size_t, size_t) override { return {}; }
-
-    std::vector<std::string> spellings(const std::string& character) override
+    std::vector<std::string> spellings(uint32_t character) override
     {
-        const ucschar code = toUcs4(character);
-        if (!hangul_is_syllable(code))
-            return {lettersOf(code)};
+        if (!hangul_is_syllable(character))
+            return {lettersOf(character)};
         ucschar parts[3] = {};
-        hangul_syllable_to_jamo(code, &parts[0], &parts[1], &parts[2]);
+        hangul_syllable_to_jamo(character, &parts[0], &parts[1], &parts[2]);
         std::string letters;
         for (const ucschar jamo : parts)
             letters += jamo == 0 ? "" : lettersOf(hangul_jamo_to_cjamo(jamo));
@@ -76,32 +69,40 @@ private:
     {
         for (int key = '~'; key >= '!'; --key) {
             if (hangul_ic_process(m_context, key))
-                m_keys[fromUcs4(hangul_ic_get_preedit_string(m_context))] = key;
+                setKey(*hangul_ic_get_preedit_string(m_context), key);
             hangul_ic_reset(m_context);
         }
-        m_keys.erase("");
+    }
+
+    static bool isKey(ucschar jamo) { return jamo >= kFirstJamo && jamo <= kLastJamo; }
+    int keyOf(ucschar jamo) const { return isKey(jamo) ? m_keys[jamo - kFirstJamo] : 0; }
+    void setKey(ucschar jamo, int key)
+    {
+        if (isKey(jamo))
+            m_keys[jamo - kFirstJamo] = key;
     }
 
     // A jamo that no key has is put together from two, at the end of a syllable.
     std::string lettersOf(ucschar jamo)
     {
-        std::string alone = utf8(jamo);
-        if (m_keys.count(alone) != 0)
-            return alone;
+        if (keyOf(jamo) != 0)
+            return utf8(jamo);
         if (m_pairs.empty())
             learnPairs();
-        return m_pairs[alone];
+        return m_pairs[jamo];
     }
 
     void learnPairs()
     {
-        const int initial = m_keys["ㄱ"];
-        const int vowel = m_keys["ㅏ"];
-        for (const auto& first : m_keys)
-            for (const auto& second : m_keys) {
-                learnPair({initial, first.second, second.second}, first.first + second.first);
-                learnPair({initial, vowel, first.second, second.second},
-                          first.first + second.first);
+        const int initial = keyOf(U'ㄱ');
+        const int vowel = keyOf(U'ㅏ');
+        for (ucschar first = kFirstJamo; first <= kLastJamo; ++first)
+            for (ucschar second = kFirstJamo; second <= kLastJamo; ++second) {
+                if (keyOf(first) == 0 || keyOf(second) == 0)
+                    continue;
+                const std::string pair = utf8(first) + utf8(second);
+                learnPair({initial, keyOf(first), keyOf(second)}, pair);
+                learnPair({initial, vowel, keyOf(first), keyOf(second)}, pair);
             }
     }
 
@@ -117,14 +118,14 @@ private:
         if (isOne && hangul_is_syllable(text[0]) && text[1] == 0) {
             ucschar parts[3] = {};
             hangul_syllable_to_jamo(text[0], &parts[0], &parts[1], &parts[2]);
-            m_pairs.insert({utf8(hangul_jamo_to_cjamo(parts[keys.size() == 3 ? 1 : 2])), pair});
+            m_pairs.insert({hangul_jamo_to_cjamo(parts[keys.size() == 3 ? 1 : 2]), pair});
         }
         hangul_ic_reset(m_context);
     }
 
     HangulInputContext* m_context;
-    std::map<std::string, int> m_keys;          // of each jamo
-    std::map<std::string, std::string> m_pairs; // that make a jamo
+    int m_keys[kLastJamo - kFirstJamo + 1] = {}; // of each jamo; 0 where it has none
+    std::map<ucschar, std::string> m_pairs;      // that make a jamo
 };
 
 } // namespace

@@ -125,13 +125,6 @@ const char* signOf(char letter)
     return nullptr;
 }
 
-uint32_t codeOf(const std::string& character)
-{
-    ucs4_t code = 0;
-    u8_mbtouc(&code, reinterpret_cast<const uint8_t*>(character.data()), character.size());
-    return code;
-}
-
 } // namespace
 
 bool Kana::typeRomaji(const std::string& letter)
@@ -195,7 +188,7 @@ bool Kana::typeKana(const std::string& kana)
         m_kana.replace(m_kana.size() - last, last, voiced);
         return true;
     }
-    const uint32_t code = codeOf(kana);
+    const uint32_t code = firstLetter(kana);
     const bool isKana = (code >= 0x3041 && code <= 0x309F) || code == 0x30FC ||
                         (code >= 0x3001 && code <= 0x3002) || (code >= 0x300C && code <= 0x300D) ||
                         code == 0x30FB;

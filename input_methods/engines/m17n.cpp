@@ -127,13 +127,9 @@ public:
         minput_close_im(m_method);
     }
 
-    bool type(const std::string& character, Answer& answer) override
+    bool type(uint32_t character, Answer& answer) override
     {
-        const bool used = feed(character, answer);
-        m_keys.push_back(character);
-        if (mtext_len(m_context->preedit) == 0)
-            m_keys.clear();
-        return used;
+        return press(utf8(character), answer);
     }
 
     // The tables know no Back, or delete more than a letter: what is composed is typed again
@@ -150,20 +146,12 @@ public:
             const std::vector<std::string> keys(first, m_keys.end() - 1);
             reset();
             for (const std::string& key : keys)
-                type(key, answer);
+                press(key, answer);
             return true;
         }
         reset();
         answer.commit += before.substr(0, before.size() - lastLetterBytes(before));
         return true;
-    }
-
-    void take(size_t, Answer&) override {}
-
-    void finish(Answer& answer) override
-    {
-        answer.commit += preedit();
-        reset();
     }
 
     void reset() override
@@ -174,18 +162,17 @@ public:
 
     // As the table says; or, where it says how letters are changed and not which come of it, the
     // letter with at most two more.
-    std::vector<std::string> spellings(const std::string& character) override
+    std::vector<std::string> spellings(uint32_t character) override
     {
         if (m_spellings.empty())
             readTable(m_method->language, m_method->name, m_spellings);
-        std::vector<std::string>& known = m_spellings[character];
+        std::vector<std::string>& known = m_spellings[utf8(character)];
         if (known.empty())
-            known = changedLetter(character);
+            known = changedLetter(utf8(character));
         return known;
     }
 
-    std::string preedit() const override { return fromMText(m_context->preedit); }
-    std::vector<std::string> candidates(size_t, size_t) override { return {}; }
+    void addPreedit(std::string& text) const override { text += fromMText(m_context->preedit); }
 
 private:
     // minput_reset_ic writes to freed memory once a table has handed a key on to another.
@@ -193,6 +180,15 @@ private:
     {
         minput_destroy_ic(m_context);
         m_context = minput_create_ic(m_method, nullptr);
+    }
+
+    bool press(const std::string& key, Answer& answer)
+    {
+        const bool used = feed(key, answer);
+        m_keys.push_back(key);
+        if (mtext_len(m_context->preedit) == 0)
+            m_keys.clear();
+        return used;
     }
 
     // Returns whether the key was used.

@@ -4,29 +4,21 @@
 #include "text.h"
 
 #include <unictype.h>
-#include <unistr.h>
 
 using namespace input_methods;
 
 namespace
 {
 
-bool isMark(const std::string& character)
-{
-    ucs4_t code = 0;
-    u8_mbtouc(&code, reinterpret_cast<const uint8_t*>(character.data()), character.size());
-    return uc_is_general_category(code, UC_MARK);
-}
-
 class Marks : public Engine
 {
 public:
-    bool type(const std::string& character, Answer& answer) override
+    bool type(uint32_t character, Answer& answer) override
     {
-        const bool joins = isMark(character) && !m_last.empty();
-        const std::string joined = joins ? composed(m_last + character) : "";
+        const bool joins = uc_is_general_category(character, UC_MARK) && !m_last.empty();
+        const std::string joined = joins ? composed(m_last + utf8(character)) : "";
         if (joined.empty() || letters(joined) != 1) {
-            m_last = character;
+            m_last = utf8(character);
             return false;
         }
         answer.takeBack = 1;
@@ -41,11 +33,8 @@ public:
         return false;
     }
 
-    void take(size_t, Answer&) override {}
-    void finish(Answer&) override { m_last.clear(); }
     void reset() override { m_last.clear(); }
-    std::string preedit() const override { return ""; }
-    std::vector<std::string> candidates(size_t, size_t) override { return {}; }
+    void addPreedit(std::string&) const override {}
 
 private:
     std::string m_last; // the character before the caret, as far as it is known

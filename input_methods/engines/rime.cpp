@@ -53,12 +53,11 @@ public:
         m_api->config_close(&m_schema);
     }
 
-    bool type(const std::string& character, Answer& answer) override
+    bool type(uint32_t character, Answer& answer) override
     {
-        const bool separates = character == "'" && !preedit().empty();
-        if (character.size() != 1 || !(separates || (character >= "a" && character <= "z")))
-            return false;
-        return press(character[0], answer);
+        const bool separates = character == '\'' && !preedit().empty();
+        const bool isLetter = character >= 'a' && character <= 'z';
+        return (separates || isLetter) && press(static_cast<int>(character), answer);
     }
 
     bool erase(Answer& answer) override
@@ -85,27 +84,25 @@ public:
 
     void reset() override { m_api->clear_composition(m_session); }
 
-    std::string preedit() const override
+    void addPreedit(std::string& text) const override
     {
         RIME_STRUCT(RimeContext, context);
         m_api->get_context(m_session, &context);
-        const std::string text =
-            context.composition.preedit == nullptr ? "" : context.composition.preedit;
-        m_chosen_bytes = text.empty() ? 0 : static_cast<size_t>(context.composition.sel_start);
+        const char* preedit = context.composition.preedit;
+        text += preedit == nullptr ? "" : preedit;
+        m_chosen_bytes =
+            preedit == nullptr ? 0 : static_cast<size_t>(context.composition.sel_start);
         m_api->free_context(&context);
-        return text;
     }
 
-    std::vector<std::string> candidates(size_t from, size_t count) override
+    void addCandidates(size_t from, size_t count, std::vector<std::string>& found) override
     {
-        std::vector<std::string> found;
         RimeCandidateListIterator iterator = {};
         if (!m_api->candidate_list_from_index(m_session, &iterator, static_cast<int>(from)))
-            return found;
-        while (found.size() < count && m_api->candidate_list_next(&iterator))
+            return;
+        for (; count > 0 && m_api->candidate_list_next(&iterator); --count)
             found.push_back(iterator.candidate.text);
         m_api->candidate_list_end(&iterator);
-        return found;
     }
 
 private:

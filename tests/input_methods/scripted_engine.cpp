@@ -10,11 +10,11 @@ namespace input_methods_test
 
 using input_methods::Answer;
 
-bool ScriptedEngine::type(const std::string& character, Answer&)
+bool ScriptedEngine::type(uint32_t character, Answer&)
 {
-    if (character < "a" || character > "z")
+    if (character < 'a' || character > 'z')
         return false;
-    m_preedit += character;
+    m_preedit += static_cast<char>(character);
     return true;
 }
 
@@ -32,19 +32,10 @@ void ScriptedEngine::take(size_t index, Answer& answer)
     m_preedit.erase(0, std::min(m_preedit.size(), input_methods::letters(m_all[index])));
 }
 
-void ScriptedEngine::finish(Answer& answer)
+void ScriptedEngine::addCandidates(size_t from, size_t count, std::vector<std::string>& found)
 {
-    answer.commit += m_preedit;
-    m_preedit.clear();
-}
-
-std::vector<std::string> ScriptedEngine::candidates(size_t from, size_t count)
-{
-    if (m_preedit.empty() || from >= m_all.size())
-        return {};
-    const auto first = m_all.begin() + static_cast<std::ptrdiff_t>(from);
-    const size_t length = std::min(count, m_all.size() - from);
-    return {first, first + static_cast<std::ptrdiff_t>(length)};
+    for (size_t i = from; !m_preedit.empty() && i < m_all.size() && i < from + count; ++i)
+        found.push_back(m_all[i]);
 }
 
 } // namespace input_methods_test

@@ -17,13 +17,12 @@ class ScriptedEngine : public input_methods::Engine
 public:
     explicit ScriptedEngine(std::vector<std::string> candidates) : m_all(std::move(candidates)) {}
 
-    bool type(const std::string& character, input_methods::Answer& answer) override;
+    bool type(uint32_t character, input_methods::Answer& answer) override;
     bool erase(input_methods::Answer& answer) override;
     void take(size_t index, input_methods::Answer& answer) override;
-    void finish(input_methods::Answer& answer) override;
     void reset() override { m_preedit.clear(); }
-    std::string preedit() const override { return m_preedit; }
-    std::vector<std::string> candidates(size_t from, size_t count) override;
+    void addPreedit(std::string& text) const override { text += m_preedit; }
+    void addCandidates(size_t from, size_t count, std::vector<std::string>& found) override;
 
 private:
     std::vector<std::string> m_all;
