@@ -10,6 +10,7 @@ namespace
 {
 
 anthy_context_t context = nullptr;
+std::vector<std::string> keys;
 std::string reading;
 
 std::string word(int segment, int number)
@@ -20,8 +21,9 @@ std::string word(int segment, int number)
 
 } // namespace
 
-bool start(const std::string&)
+bool start(const std::string&, const std::vector<std::string>& characters)
 {
+    keys = characters;
     anthy_conf_override("HOME", "/nonexistent");
     if (anthy_init() != 0)
         return false;
@@ -31,9 +33,9 @@ bool start(const std::string&)
     return true;
 }
 
-Shown press(const std::string& key)
+size_t press(size_t character)
 {
-    reading += key;
+    reading += keys[character];
     Shown shown = {"", reading, {}};
     anthy_conv_stat conversion = {};
     anthy_set_string(context, reading.c_str());
@@ -47,7 +49,7 @@ Shown press(const std::string& key)
     for (int number = 0; number < first.nr_candidate && shown.candidates.size() < kCandidates;
          ++number)
         shown.candidates.push_back(word(0, number));
-    return shown;
+    return shown.bytes();
 }
 
 void clear()

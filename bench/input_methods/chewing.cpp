@@ -12,6 +12,7 @@ namespace
 {
 
 ChewingContext* context = nullptr;
+std::vector<int> keys;
 const std::map<std::string, int> kKeys = {{"ㄋ", 's'}, {"ㄧ", 'u'}, {"ˇ", '3'},  {"ㄏ", 'c'},
                                           {"ㄠ", 'l'}, {"ㄇ", 'a'}, {"ㄚ", '8'}, {"˙", '7'}};
 
@@ -19,8 +20,10 @@ void ignoreLog(void*, int, const char*, ...) {}
 
 } // namespace
 
-bool start(const std::string&)
+bool start(const std::string&, const std::vector<std::string>& characters)
 {
+    for (const std::string& character : characters)
+        keys.push_back(kKeys.at(character));
     context = chewing_new2("/usr/share/libchewing", ":memory:", ignoreLog, nullptr);
     if (context == nullptr)
         return false;
@@ -28,10 +31,10 @@ bool start(const std::string&)
     return true;
 }
 
-Shown press(const std::string& key)
+size_t press(size_t character)
 {
     Shown shown;
-    chewing_handle_Default(context, kKeys.at(key));
+    chewing_handle_Default(context, keys[character]);
     shown.preedit = chewing_buffer_String_static(context);
     const std::string sound = chewing_bopomofo_String_static(context);
     if (sound.empty() && !shown.preedit.empty()) {
@@ -52,7 +55,7 @@ Shown press(const std::string& key)
         chewing_handle_End(context);
     }
     shown.preedit += sound;
-    return shown;
+    return shown.bytes();
 }
 
 void clear()

@@ -13,6 +13,7 @@ namespace
 {
 
 HangulInputContext* context = nullptr;
+std::vector<int> keys;
 const std::map<std::string, int> kKeys = {{"ㅇ", 'd'}, {"ㅏ", 'k'}, {"ㄴ", 's'}, {"ㅕ", 'u'},
                                           {"ㅎ", 'g'}, {"ㅅ", 't'}, {"ㅔ", 'p'}, {"ㅛ", 'y'}};
 
@@ -29,18 +30,21 @@ std::string fromUcs4(const ucschar* text)
 
 } // namespace
 
-bool start(const std::string&)
+bool start(const std::string&, const std::vector<std::string>& characters)
 {
+    for (const std::string& character : characters)
+        keys.push_back(kKeys.at(character));
     context = hangul_ic_new("2");
     return context != nullptr;
 }
 
-Shown press(const std::string& key)
+size_t press(size_t character)
 {
-    hangul_ic_process(context, kKeys.at(key));
-    return {fromUcs4(hangul_ic_get_commit_string(context)),
-            fromUcs4(hangul_ic_get_preedit_string(context)),
-            {}};
+    hangul_ic_process(context, keys[character]);
+    const Shown shown = {fromUcs4(hangul_ic_get_commit_string(context)),
+                         fromUcs4(hangul_ic_get_preedit_string(context)),
+                         {}};
+    return shown.bytes();
 }
 
 void clear()

@@ -21,8 +21,8 @@ struct Language {
 };
 
 const Language kLanguages[] = {
-    {"hangul", "Korean", "ㅇㅏㄴㄴㅕㅇㅎㅏㅅㅔㅇㅛ", 200},
-    {"m17n", "Vietnamese_Telex", "tieengsvieejt", 100},
+    {"hangul", "Korean", "ㅇㅏㄴㄴㅕㅇㅎㅏㅅㅔㅇㅛ", 2000},
+    {"m17n", "Vietnamese_Telex", "tieengsvieejt", 1000},
     {"rime", "Chinese_Pinyin", "zhongguoguangbodianshi", 20},
     {"rime", "Cantonese", "gwongdungwaa", 20},
     {"chewing", "Chinese_Zhuyin", "ㄋㄧˇㄏㄠˇㄇㄚ˙ㄋㄧˇㄏㄠˇ", 20},

@@ -1,8 +1,8 @@
 // Typing through our library.
 #include <cstdio>
-#include <utility>
 
 #include "input_methods.h"
+#include "text.h"
 
 #include "typing.h"
 
@@ -26,21 +26,25 @@ input_methods::InputMethods& methods()
 }
 
 input_methods::InputMethod* method = nullptr;
+std::vector<velmora::browser::vkb::OsButton_t> keys;
 
 } // namespace
 
-bool start(const std::string& layout)
+bool start(const std::string& layout, const std::vector<std::string>& characters)
 {
+    for (const std::string& character : characters) {
+        keys.emplace_back();
+        keys.back().text = character;
+        keys.back().character = static_cast<int32_t>(input_methods::firstLetter(character));
+    }
     method = methods().find(layout, input_methods::Field::Text);
     return method != nullptr;
 }
 
-Shown press(const std::string& key)
+size_t press(size_t character)
 {
-    velmora::browser::vkb::OsButton_t result = {};
-    result.text = key;
-    input_methods::Answer answer = method->feed(result);
-    return {std::move(answer.commit), std::move(answer.preedit), std::move(answer.candidates)};
+    const input_methods::Answer answer = method->feed(keys[character]);
+    return answer.commit.size() + answer.preedit.size();
 }
 
 void clear()

@@ -10,6 +10,7 @@ namespace
 {
 
 MInputContext* context = nullptr;
+std::vector<MSymbol> keys;
 
 std::string fromMText(MText* text)
 {
@@ -22,18 +23,20 @@ std::string fromMText(MText* text)
 
 } // namespace
 
-bool start(const std::string&)
+bool start(const std::string&, const std::vector<std::string>& characters)
 {
     M17N_INIT();
+    for (const std::string& character : characters)
+        keys.push_back(msymbol(character.c_str()));
     MInputMethod* method = minput_open_im(msymbol("vi"), msymbol("telex"), nullptr);
     context = method == nullptr ? nullptr : minput_create_ic(method, nullptr);
     return context != nullptr;
 }
 
-Shown press(const std::string& key)
+size_t press(size_t character)
 {
     Shown shown;
-    const MSymbol symbol = msymbol(key.c_str());
+    const MSymbol symbol = keys[character];
     if (minput_filter(context, symbol, nullptr) == 0) {
         MText* produced = mtext();
         minput_lookup(context, symbol, nullptr, produced);
@@ -41,7 +44,7 @@ Shown press(const std::string& key)
         m17n_object_unref(produced);
     }
     shown.preedit = fromMText(context->preedit);
-    return shown;
+    return shown.bytes();
 }
 
 void clear()

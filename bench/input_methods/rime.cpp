@@ -11,11 +11,14 @@ namespace
 
 RimeApi* api = nullptr;
 RimeSessionId session = 0;
+std::string keys;
 
 } // namespace
 
-bool start(const std::string& layout)
+bool start(const std::string& layout, const std::vector<std::string>& characters)
 {
+    for (const std::string& character : characters)
+        keys += character;
     RIME_STRUCT(RimeTraits, traits);
     traits.shared_data_dir = "/usr/share/rime-data";
     traits.user_data_dir = "/nonexistent";
@@ -32,10 +35,10 @@ bool start(const std::string& layout)
     return api->select_schema(session, schema) != False;
 }
 
-Shown press(const std::string& key)
+size_t press(size_t character)
 {
     Shown shown;
-    api->process_key(session, key[0], 0);
+    api->process_key(session, keys[character], 0);
     RIME_STRUCT(RimeCommit, commit);
     if (api->get_commit(session, &commit)) {
         shown.committed = commit.text;
@@ -52,7 +55,7 @@ Shown press(const std::string& key)
             shown.candidates.push_back(iterator.candidate.text);
         api->candidate_list_end(&iterator);
     }
-    return shown;
+    return shown.bytes();
 }
 
 void clear()
