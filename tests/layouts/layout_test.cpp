@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <map>
 
 #include <gmock/gmock.h>
@@ -81,6 +82,35 @@ TEST_P(Layout, HasTheDigitsAndThePunctuationOfItsLanguage)
         const bool isJoiner = isInvisible(singleCodePoint(letter));
         EXPECT_TRUE(!isJoiner || places.count(letter)) << describe(letter);
     }
+}
+
+// The keys of 0 to 9 on a face; fewer than ten if it lacks some.
+std::vector<size_t> digitKeys(const KeyMap& keyMap, const Face& face)
+{
+    std::vector<size_t> places;
+    const std::vector<Key>& keys = keysOf(keyMap, face);
+    for (char digit = '0'; digit <= '9'; ++digit)
+        for (size_t i = 0; i < keys.size(); ++i)
+            if (delivered(legendOf(keys[i], face)) == std::string(1, digit))
+                places.push_back(i);
+    return places;
+}
+
+// From 1 to 9, and 0 at either end, as computer keyboards have it; on one of the first two faces
+// where the language is written with them.
+TEST_P(Layout, HasTheDigitsInARow)
+{
+    const KeyMap keyMap = shippedKeyMap(GetParam());
+    const bool isUsual = digitsOf(languageOf(GetParam())) == usualDigits("en");
+    bool isRow = false;
+    for (const Face& face : kFaces) {
+        if (isUsual && face.symbol)
+            continue;
+        const std::vector<size_t> keys = digitKeys(keyMap, face);
+        isRow = isRow || (keys.size() == 10 && std::is_sorted(keys.begin() + 1, keys.end()) &&
+                          (keys[0] < keys[1] || keys[0] > keys[9]));
+    }
+    EXPECT_TRUE(isRow);
 }
 
 // A page that takes only digits looks at the code, from 48 for zero.

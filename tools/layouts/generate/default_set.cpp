@@ -1,6 +1,7 @@
 // Makes the default faces.
 #include "default_set.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "positions.h"
@@ -93,25 +94,41 @@ private:
         return isAsciiAlphanumeric(text) && digitValue(text) < 0 && !isLatin();
     }
 
-    // 0 to 9, on the keys where a US keyboard has them. A letter there keeps its key and leaves
-    // Shift. Other digits stand where the computer keyboard has them.
+    // 0 to 9, on the keys where a US keyboard has them: all on the first face or, where a letter
+    // has one of these keys, all on Shift, which the letter leaves. Other digits stand where the
+    // computer keyboard has them.
     void placeDigits()
     {
         if (!isAsciiAlphanumeric(m_repertoire.digits().front()))
             return;
-        for (const std::string& digit : m_repertoire.digits()) {
-            const size_t i = digitPosition(digit);
-            if (m_keys.has(digit) || i == m_keys.size())
-                continue;
-            const bool isFree = isReplaceable(i, false) || digitValue(m_keys.at(i).plain) >= 0;
-            if (isFree)
-                m_keys.setPlain(i, digit);
-            else
-                m_keys.setShifted(i, digit);
-            // A key has one code, so no two digits.
-            if (isFree && digitValue(m_keys.at(i).shifted) >= 0)
-                m_keys.setShifted(i, std::string());
-        }
+        std::vector<std::string> missing;
+        for (const std::string& digit : m_repertoire.digits())
+            if (!m_keys.has(digit))
+                missing.push_back(digit);
+        const bool arePlain =
+            std::all_of(missing.begin(), missing.end(), [&](const std::string& digit) {
+                return isFreeForDigit(digitPosition(digit));
+            });
+        for (const std::string& digit : missing)
+            placeDigit(digit, digitPosition(digit), arePlain);
+    }
+
+    bool isFreeForDigit(size_t i) const
+    {
+        return isReplaceable(i, false) || digitValue(m_keys.at(i).plain) >= 0;
+    }
+
+    // A key has one code, so no two digits.
+    void placeDigit(const std::string& digit, size_t i, bool isPlain)
+    {
+        if (digitValue(m_keys.at(i).plain) >= 0)
+            m_keys.setPlain(i, std::string());
+        if (digitValue(m_keys.at(i).shifted) >= 0)
+            m_keys.setShifted(i, std::string());
+        if (isPlain)
+            m_keys.setPlain(i, digit);
+        else
+            m_keys.setShifted(i, digit);
     }
 
     // What the computer keyboard types with its space bar stands beside ours.
