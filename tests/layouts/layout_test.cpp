@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -82,6 +83,19 @@ TEST_P(Layout, HasTheDigitsAndThePunctuationOfItsLanguage)
         const bool isJoiner = isInvisible(singleCodePoint(letter));
         EXPECT_TRUE(!isJoiner || places.count(letter)) << describe(letter);
     }
+}
+
+// It is typed too rarely to be worth a second key.
+TEST_P(Layout, HasEachJoinerOnce)
+{
+    const KeyMap keyMap = shippedKeyMap(GetParam());
+    std::set<std::string> joiners;
+    for (const Face& face : kFaces)
+        for (const Key& key : keysOf(keyMap, face)) {
+            const std::string text = delivered(legendOf(key, face));
+            EXPECT_TRUE(!isInvisible(singleCodePoint(text)) || joiners.insert(text).second)
+                << describe(text);
+        }
 }
 
 // The keys of 0 to 9 on a face; fewer than ten if it lacks some.
