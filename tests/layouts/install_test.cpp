@@ -57,6 +57,16 @@ TEST(Install, ListsJustTheseInThisOrder)
         IsEmpty());
 }
 
+TEST(Install, SaysWhichFolderCannotBeMade)
+{
+    TemporaryFolder folder;
+    std::ofstream(folder.path("file")) << "text";
+    const std::string below = folder.path("file/set");
+    EXPECT_THAT([&] { installSet(pick({"English"}), below); },
+                ThrowsMessage<std::runtime_error>(
+                    below + ": cannot be made: Not a directory; choose another folder"));
+}
+
 TEST(Install, ReplacesTheOldSetAndLeavesOtherFilesAlone)
 {
     TemporaryFolder folder;

@@ -77,6 +77,15 @@ TEST(Lookup, ALanguageInSeveralScriptsIsTheFirstUnlessTheScriptIsNamed)
     EXPECT_EQ(meant("uzbek cyrillic"), "Uzbek_Cyrillic");
 }
 
+// ICU guesses English for a text that is no locale.
+TEST(Lookup, TakesAWordThatIsNoLocaleForNone)
+{
+    for (const char* word : {"plattdeutsch", "schweizerdeutsch", "русски", ""})
+        EXPECT_EQ(layoutForLocale(languages(), word), nullptr) << word;
+    EXPECT_THAT([] { meant("русски"); },
+                ThrowsMessage<std::runtime_error>("русски: no such layout; did you mean Russian"));
+}
+
 TEST(Lookup, SuggestsTheNearestNames)
 {
     EXPECT_THAT([] { meant("Frensh"); },

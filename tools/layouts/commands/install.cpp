@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <map>
 #include <stdexcept>
+#include <system_error>
 
 #include "catalogue.h"
 #include "json_file.h"
@@ -52,7 +53,11 @@ LayoutSet selectLayouts(const LayoutSet& shipped, const std::vector<std::string>
 
 void installSet(const LayoutSet& set, const std::string& folder)
 {
-    fs::create_directories(folder);
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error)
+        throw std::runtime_error(folder + ": cannot be made: " + error.message() +
+                                 "; choose another folder");
     std::map<std::string, std::string> temporaries; // by the file whose place each takes
     try {
         for (const auto& file : set) {

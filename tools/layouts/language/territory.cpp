@@ -72,6 +72,9 @@ bool isFormOf(const icu::Locale& form, const std::string& country)
 
 const Language* layoutForLocale(const std::vector<Language>& languages, const std::string& locale)
 {
+    // For a text that is no locale ICU would guess English.
+    if (*icu::Locale::createCanonical(locale.c_str()).getLanguage() == '\0')
+        return nullptr;
     const icu::Locale wanted = withLikelyScript(locale);
     const Language* best = nullptr;
     for (const Language& language : languages) {
