@@ -62,6 +62,11 @@ struct EngineSettings {
     std::string dataFolder;     // our own tables, such as those for m17n
     std::string engineData;     // where packages have their data: /usr/share
     std::string learningFolder; // for this engine alone, exists and can be written; empty: none
+
+    bool learns() const { return !learningFolder.empty(); }
+
+    // For engines that ask for a folder in any case: where nothing is learned there is none.
+    std::string userFolder() const { return learns() ? learningFolder : "/nonexistent"; }
 };
 
 // The one function of an engine's module, a shared library. Returns null, with a line that says

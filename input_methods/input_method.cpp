@@ -191,12 +191,12 @@ Answer InputMethod::reset()
 std::string InputMethod::spell(const std::string& text)
 {
     std::string keys;
-    for (size_t end = 0; end < text.size();) {
-        const std::string rest = text.substr(end);
-        end += firstLetterBytes(rest);
+    std::string composed;
+    for (const char32_t character : characters(text)) {
+        composed += utf8(character);
         std::string found;
-        for (const std::string& spelling : m_engine->spellings(firstLetter(rest)))
-            if (found.empty() && composes(keys + spelling, text.substr(0, end)))
+        for (const std::string& spelling : m_engine->spellings(character))
+            if (found.empty() && composes(keys + spelling, composed))
                 found = spelling;
         if (found.empty())
             return "";
@@ -210,11 +210,8 @@ bool InputMethod::composes(const std::string& keys, const std::string& text)
     reset();
     Answer answer;
     bool isUsed = true;
-    for (size_t i = 0; isUsed && i < keys.size();) {
-        const std::string rest = keys.substr(i);
-        isUsed = m_engine->type(firstLetter(rest), answer);
-        i += firstLetterBytes(rest);
-    }
+    for (const char32_t key : characters(keys))
+        isUsed = isUsed && m_engine->type(key, answer);
     m_engine->finish(answer);
     reset();
     return isUsed && answer.takeBack == 0 && answer.commit == text;

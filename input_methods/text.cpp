@@ -32,6 +32,14 @@ size_t letters(const std::string& utf8)
     return u8_mbsnlen(bytes(utf8), utf8.size());
 }
 
+std::u32string characters(const std::string& utf8)
+{
+    size_t length = 0;
+    const std::unique_ptr<uint32_t, decltype(&std::free)> result(
+        u8_to_u32(bytes(utf8), utf8.size(), nullptr, &length), &std::free);
+    return result ? std::u32string(result.get(), result.get() + length) : U"";
+}
+
 uint32_t firstLetter(const std::string& utf8)
 {
     ucs4_t character = 0;

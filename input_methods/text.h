@@ -14,6 +14,9 @@ std::string utf8(uint32_t character);
 // Code points.
 size_t letters(const std::string& utf8);
 
+// Its code points; none when it is not UTF-8.
+std::u32string characters(const std::string& utf8);
+
 // The first code point; 0 for an empty text.
 uint32_t firstLetter(const std::string& utf8);
 

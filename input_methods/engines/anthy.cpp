@@ -1,11 +1,9 @@
 // Japanese by anthy: kana become words. The scheme is "romaji" for Latin letters, "kana" for keys
 // that carry kana.
-#include <algorithm>
-
 #include <anthy/anthy.h>
 
-#include "engine.h"
 #include "kana.h"
+#include "listing_engine.h"
 #include "text.h"
 #include "whole_data.h"
 
@@ -14,8 +12,8 @@ using namespace input_methods;
 namespace
 {
 
-const char kNoFolder[] = "/nonexistent";
 const size_t kWhole = static_cast<size_t>(-1);
+const int kNoWord = -1;         // the number of kana, which are no word of anthy's
 const int kWordsBeforeKana = 5; // candidates, so that both kana are on the first page
 
 bool startLibrary(const EngineSettings& settings)
@@ -24,15 +22,14 @@ bool startLibrary(const EngineSettings& settings)
     if (isStarted)
         return true;
     const std::string data = settings.engineData + "/anthy";
-    const std::string home = settings.learningFolder.empty() ? kNoFolder : settings.learningFolder;
-    anthy_conf_override("HOME", home.c_str());
+    anthy_conf_override("HOME", settings.userFolder().c_str());
     anthy_conf_override("ANTHYDIR", (data + "/").c_str());
     anthy_conf_override("DIC_FILE", (data + "/anthy.dic").c_str());
     isStarted = isWholeAnthy(data + "/anthy.dic") && anthy_init() == 0;
     return isStarted;
 }
 
-class Anthy : public Engine
+class Anthy : public ListingEngine
 {
 public:
     Anthy(anthy_context_t context, bool isRomaji, bool learns)
@@ -47,57 +44,28 @@ public:
         const std::string key = utf8(character);
         if (!(m_is_romaji ? m_reading.typeRomaji(key) : m_reading.typeKana(key)))
             return false;
-        m_candidates.clear();
+        forgetList();
         return true;
     }
 
     bool erase(Answer&) override
     {
-        m_candidates.clear();
+        forgetList();
         return m_reading.erase();
-    }
-
-    void take(size_t index, Answer& answer) override
-    {
-        if (index >= all().size())
-            return;
-        const Candidate candidate = m_candidates[index];
-        if (m_learns)
-            learn(candidate);
-        answer.commit += candidate.text;
-        if (candidate.kana == kWhole)
-            m_reading.clear();
-        else
-            m_reading.drop(candidate.kana);
-        m_candidates.clear();
     }
 
     void reset() override
     {
         m_reading.clear();
-        m_candidates.clear();
+        forgetList();
     }
 
     void addPreedit(std::string& text) const override { text += m_reading.shown(); }
 
-    void addCandidates(size_t from, size_t count, std::vector<std::string>& found) override
-    {
-        for (size_t i = from; i < all().size() && i < from + count; ++i)
-            found.push_back(m_candidates[i].text);
-    }
-
 private:
-    struct Candidate {
-        std::string text;
-        size_t kana; // so many of the reading, from its beginning; or kWhole
-        int number;  // anthy's, of the first segment; -1 for those that are not its
-    };
-
     // The whole reading in anthy's best words, words for its beginning, and both kana.
-    const std::vector<Candidate>& all()
+    void list() override
     {
-        if (!m_candidates.empty() || preedit().empty())
-            return m_candidates;
         const std::string reading = m_reading.kana();
         anthy_conv_stat conversion = {};
         if (!reading.empty() && anthy_set_string(m_context, reading.c_str()) == 0)
@@ -105,32 +73,41 @@ private:
         std::string best;
         for (int segment = 0; segment < conversion.nr_segment; ++segment)
             best += word(segment, 0);
-        add({best + m_reading.rest(), kWhole, 0});
+        offer({best + m_reading.rest(), kWhole, 0});
         anthy_segment_stat first = {};
         if (conversion.nr_segment > 0)
             anthy_get_segment_stat(m_context, 0, &first);
         for (int number = 0; number < first.nr_candidate; ++number) {
             if (number == kWordsBeforeKana)
-                addKana(reading);
-            add({word(0, number), static_cast<size_t>(first.seg_len), number});
+                offerKana(reading);
+            offer({word(0, number), static_cast<size_t>(first.seg_len), number});
         }
-        addKana(reading);
-        return m_candidates;
+        offerKana(reading);
     }
 
-    void addKana(const std::string& reading)
+    void offerKana(const std::string& reading)
     {
-        add({reading + m_reading.rest(), kWhole, -1});
-        add({katakana(reading) + m_reading.rest(), kWhole, -1});
+        offer({reading + m_reading.rest(), kWhole, kNoWord});
+        offer({katakana(reading) + m_reading.rest(), kWhole, kNoWord});
     }
 
-    void add(const Candidate& candidate)
+    void use(const Candidate& candidate) override
     {
-        const bool isKnown =
-            std::any_of(m_candidates.begin(), m_candidates.end(),
-                        [&](const Candidate& known) { return known.text == candidate.text; });
-        if (!isKnown && !candidate.text.empty())
-            m_candidates.push_back(candidate);
+        if (m_learns && candidate.number != kNoWord)
+            learn(candidate.number);
+        if (candidate.length == kWhole)
+            m_reading.clear();
+        else
+            m_reading.drop(candidate.length);
+    }
+
+    // anthy learns when all segments are committed.
+    void learn(int number)
+    {
+        anthy_conv_stat conversion = {};
+        anthy_get_stat(m_context, &conversion);
+        for (int segment = 0; segment < conversion.nr_segment; ++segment)
+            anthy_commit_segment(m_context, segment, segment == 0 ? number : 0);
     }
 
     std::string word(int segment, int number)
@@ -144,20 +121,10 @@ private:
         return text;
     }
 
-    // anthy learns when all segments are committed.
-    void learn(const Candidate& candidate)
-    {
-        anthy_conv_stat conversion = {};
-        anthy_get_stat(m_context, &conversion);
-        for (int segment = 0; segment < conversion.nr_segment && candidate.number >= 0; ++segment)
-            anthy_commit_segment(m_context, segment, segment == 0 ? candidate.number : 0);
-    }
-
     anthy_context_t m_context;
     bool m_is_romaji;
     bool m_learns;
     Kana m_reading;
-    std::vector<Candidate> m_candidates;
 };
 
 } // namespace
@@ -172,5 +139,5 @@ Engine* VKB_MAKE_ENGINE(const EngineSettings& settings, std::string& problem)
     }
     anthy_context_set_encoding(context, ANTHY_UTF8_ENCODING);
     anthy_set_reconversion_mode(context, ANTHY_RECONVERT_DISABLE);
-    return new Anthy(context, settings.scheme == "romaji", !settings.learningFolder.empty());
+    return new Anthy(context, settings.scheme == "romaji", settings.learns());
 }

@@ -242,13 +242,9 @@ void Kana::clear()
 std::string katakana(const std::string& hiragana)
 {
     std::string text;
-    const uint8_t* bytes = reinterpret_cast<const uint8_t*>(hiragana.data());
-    for (size_t from = 0; from < hiragana.size();) {
-        ucs4_t code = 0;
-        const int length = u8_mbtouc(&code, bytes + from, hiragana.size() - from);
+    for (const char32_t code : characters(hiragana)) {
         const bool isHiragana = code >= kFirstHiragana && code <= kLastHiragana;
         text += utf8(isHiragana ? code + kToKatakana : code);
-        from += static_cast<size_t>(length);
     }
     return text;
 }

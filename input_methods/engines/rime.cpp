@@ -4,40 +4,12 @@
 #include <rime_api.h>
 
 #include "engine.h"
-#include "whole_data.h"
+#include "rime_schema.h"
 
 using namespace input_methods;
 
 namespace
 {
-
-// rime opens its user dictionaries below this folder; none is opened where nothing is learned.
-const char kNoFolder[] = "/nonexistent";
-const int kFatalOnly = 3; // it calls missing key bindings, which no host needs, an error
-
-// The process's own: rime keeps one set of folders for all its sessions. They are never taken
-// down: rime does so by itself when the process ends.
-RimeApi* library(const EngineSettings& settings)
-{
-    static RimeApi* api = nullptr;
-    if (api != nullptr)
-        return api;
-    static const std::string shared = settings.engineData + "/rime-data";
-    static const std::string user =
-        settings.learningFolder.empty() ? kNoFolder : settings.learningFolder;
-    RIME_STRUCT(RimeTraits, traits);
-    traits.shared_data_dir = shared.c_str();
-    traits.user_data_dir = user.c_str();
-    traits.distribution_name = traits.distribution_code_name = "keyboard";
-    traits.distribution_version = "1";
-    traits.app_name = "rime.keyboard";
-    traits.min_log_level = kFatalOnly;
-    traits.log_dir = ""; // standard error
-    api = rime_get_api();
-    api->setup(&traits);
-    api->initialize(&traits);
-    return api;
-}
 
 class Rime : public Engine
 {
@@ -128,48 +100,15 @@ private:
     mutable size_t m_chosen_bytes = 0; // of the preedit, at its beginning
 };
 
-// Only the spelling itself is wanted: dictionaries of strokes and others that a schema also reads
-// cost memory. The schema stays open, as rime shares it with the session only as long.
-void simplify(RimeApi* api, RimeConfig& schema, bool learns)
-{
-    api->config_clear(&schema, "engine/translators");
-    api->config_create_list(&schema, "engine/translators");
-    api->config_set_string(&schema, "engine/translators/@next", "script_translator");
-    if (!learns)
-        api->config_set_bool(&schema, "translator/enable_user_dict", False);
-}
-
-// A schema that names no file of its own has that of its dictionary.
-std::string fileOf(RimeApi* api, RimeConfig& schema, const char* key)
-{
-    const char* name = api->config_get_cstring(&schema, key);
-    if (name == nullptr)
-        name = api->config_get_cstring(&schema, "translator/dictionary");
-    return name == nullptr ? "" : name;
-}
-
 } // namespace
 
 Engine* VKB_MAKE_ENGINE(const EngineSettings& settings, std::string& problem)
 {
-    RimeApi* api = library(settings);
-    const char* name = settings.scheme.c_str();
+    RimeApi* api = startRime(settings);
     RimeConfig schema = {};
-    if (!api->schema_open(name, &schema) ||
-        api->config_get_cstring(&schema, "schema/schema_id") == nullptr) {
-        problem = "rime has no schema '" + settings.scheme + "' in " + api->get_shared_data_dir();
+    if (!openSchema(api, settings, schema, problem))
         return nullptr;
-    }
-    const std::string data = std::string(api->get_shared_data_dir()) + "/build/";
-    if (!isWholeRimeTable(data + fileOf(api, schema, "translator/dictionary") + ".table.bin") ||
-        !isWholeRimePrism(data + fileOf(api, schema, "translator/prism") + ".prism.bin")) {
-        api->config_close(&schema);
-        problem = std::string("rime cannot read the dictionary of '") + name + "'; expected its " +
-                  "whole .table.bin and .prism.bin in " + data;
-        return nullptr;
-    }
-    simplify(api, schema, !settings.learningFolder.empty());
     const RimeSessionId session = api->create_session();
-    api->select_schema(session, name);
+    api->select_schema(session, settings.scheme.c_str());
     return new Rime(api, schema, session);
 }
