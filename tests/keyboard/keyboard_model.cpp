@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 
+#include "layout_sample.h"
+
 void KeyboardModel::start()
 {
     if (m_started) {
@@ -30,7 +32,7 @@ void KeyboardModel::show()
 {
     if (!m_has_renderer)
         return;
-    moveFocusTo(m_focus.key.id);
+    moveFocusTo(m_focus.id);
     m_shown = true;
 }
 
@@ -53,9 +55,10 @@ int KeyboardModel::key(int code)
         return 2;
     if (code == 13)
         return press();
-    const Key& from = m_focus.key;
-    const std::map<int, int> neighbours = {
-        {37, from.left}, {38, from.up}, {39, from.right}, {40, from.down}};
+    const std::map<int, int> neighbours = {{37, m_focus.left_button},
+                                           {38, m_focus.up_button},
+                                           {39, m_focus.right_button},
+                                           {40, m_focus.down_button}};
     if (neighbours.count(code) == 0)
         return 2;
     moveFocusTo(neighbours.at(code));
@@ -77,21 +80,14 @@ void KeyboardModel::nextLayout()
 void KeyboardModel::loadKeys()
 {
     const LayoutKeys& layout = (*m_layouts)[m_layout];
-    m_keys.clear();
-    for (const Key& key : m_alt ? layout.symbols : layout.defaults) {
-        if (m_shift == Shift::Off)
-            m_keys.push_back({key.text, key.character, key});
-        else
-            m_keys.push_back({key.shiftText, key.shiftCharacter, key});
-        if (m_keys.back().text == "NULL")
-            m_keys.back().text = "";
-    }
+    m_keys = sample::buttons(sample::allKindsCatalogue(), m_alt ? layout.symbols : layout.defaults,
+                             m_shift != Shift::Off);
 }
 
 void KeyboardModel::reload()
 {
     loadKeys();
-    moveFocusTo(m_focus.key.id);
+    moveFocusTo(m_focus.id);
 }
 
 void KeyboardModel::moveFocusTo(int position)
@@ -103,21 +99,20 @@ void KeyboardModel::moveFocusTo(int position)
 void KeyboardModel::unlock(const char* text)
 {
     m_locks.erase(std::remove_if(m_locks.begin(), m_locks.end(),
-                                 [=](const Face& lock) { return lock.text == text; }),
+                                 [=](const Key& lock) { return lock.text == text; }),
                   m_locks.end());
 }
 
 void KeyboardModel::takeResult()
 {
-    m_result = {m_focus.key.keyCode, m_shift == Shift::Off ? 0 : 2, m_focus.character,
-                m_focus.text};
+    m_result = {m_focus.keyCode, m_shift == Shift::Off ? 0 : 2, m_focus.character, m_focus.text};
 }
 
 int KeyboardModel::press()
 {
-    if (m_focus.key.isSpecial)
+    if (m_focus.isSpecial)
         return pressSpecial();
-    if (m_focus.key.keyCode < 0)
+    if (m_focus.keyCode < 0)
         return 0;
     takeResult();
     if (m_shift == Shift::Once) {
@@ -161,7 +156,7 @@ int KeyboardModel::pressSpecial()
         takeResult();
         return 1;
     }
-    if (!m_focus.key.isLanguage)
+    if (!m_focus.isLanguage)
         return 2;
     nextLayout();
     reload();

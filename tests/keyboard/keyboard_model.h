@@ -5,21 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "keyboard_types.h"
 #include "layout_folder.h"
 
-using test_support::Key;
-
-// A layout's key sets as its file gives them; a shifted face is made from the same Key.
+// A layout's key sets as its file gives them; a shifted key is made from the same Key.
 struct LayoutKeys {
-    std::vector<Key> defaults;
-    std::vector<Key> symbols;
-};
-
-// One face of a key as the keyboard shows it.
-struct Face {
-    std::string text;
-    int character;
-    Key key;
+    std::vector<test_support::Key> defaults;
+    std::vector<test_support::Key> symbols;
 };
 
 // What a keyboard is to do, written from its state tables and sharing no code with it: which
@@ -27,14 +19,11 @@ struct Face {
 class KeyboardModel
 {
 public:
-    explicit KeyboardModel(const std::vector<LayoutKeys>& layouts) : m_layouts(&layouts) {}
+    using Key = velmora::browser::vkb::Button_t;
+    using Result = velmora::browser::vkb::OsButton_t;
 
-    struct Result {
-        int keyCode = 0;
-        int modifier = 0;
-        int character = 0;
-        std::string text;
-    };
+    // The layouts of the second sample's catalogue.
+    explicit KeyboardModel(const std::vector<LayoutKeys>& layouts) : m_layouts(&layouts) {}
 
     void start();
     void cancel();
@@ -50,9 +39,9 @@ public:
     bool hasRenderer() const { return m_has_renderer; }
     bool everStarted() const { return m_ever_started; }
     const Result& result() const { return m_result; }
-    const Face& focus() const { return m_focus; }
-    const std::vector<Face>& keys() const { return m_keys; }
-    const std::vector<Face>& locks() const { return m_locks; }
+    const Key& focus() const { return m_focus; }
+    const std::vector<Key>& keys() const { return m_keys; }
+    const std::vector<Key>& locks() const { return m_locks; }
 
 private:
     enum class Shift { Off, Once, Locked };
@@ -73,10 +62,10 @@ private:
     size_t m_layout = 0;
     Shift m_shift = Shift::Off;
     bool m_alt = false;
-    Face m_focus = {};
-    std::vector<Face> m_keys;
-    std::vector<Face> m_locks;
-    Result m_result;
+    Key m_focus = {};
+    std::vector<Key> m_keys;
+    std::vector<Key> m_locks;
+    Result m_result = {};
 };
 
 #endif

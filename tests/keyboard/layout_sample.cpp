@@ -36,43 +36,31 @@ Catalogue allKindsCatalogue()
     return catalogue;
 }
 
-namespace
-{
-
-// One row of a key's own facts; its neighbours follow from its place.
-struct Kind {
-    const char* text;
-    bool isSpecial;
-    bool isLanguage;
-    int keyCode;
-    int character;
-    const char* shiftText;
-    int shiftCharacter;
-};
-
-std::vector<Key> inOneRow(const std::vector<Kind>& kinds)
+std::vector<Key> inRows(const std::vector<Kind>& kinds)
 {
     std::vector<Key> keys;
     const int count = static_cast<int>(kinds.size());
     for (int i = 0; i < count; ++i) {
         const Kind& kind = kinds[static_cast<size_t>(i)];
-        // Left of the first key, right of the last and up from the upper row there is none.
         keys.push_back({i, kind.text, kind.isSpecial, kind.isLanguage, kind.keyCode, kind.character,
                         i - 1, i + 1, i - 4, i + 4, kind.shiftText, kind.shiftCharacter});
     }
     return keys;
 }
 
+namespace
+{
+
 std::vector<Key> allKinds(const Kind& letter, const std::string& layout)
 {
-    return inOneRow({letter,
-                     {"Shift", true, false, 16, 0, "Shift", 0},
-                     {"Alt", true, false, 18, 0, "Alt", 0},
-                     {layout.c_str(), true, true, 0, 0, layout.c_str(), 0},
-                     {"ClearAll", true, false, 46, 127, "ClearAll", 127},
-                     {"Hide", true, false, 27, 0, "Hide", 0},
-                     {"Fn", true, false, 99, 0, "Fn", 0},
-                     {"mute", false, false, -1, 0, "MUTE", 0}});
+    return inRows({letter,
+                   {"Shift", true, false, 16, 0, "Shift", 0},
+                   {"Alt", true, false, 18, 0, "Alt", 0},
+                   {layout.c_str(), true, true, 0, 0, layout.c_str(), 0},
+                   {"ClearAll", true, false, 46, 127, "ClearAll", 127},
+                   {"Hide", true, false, 27, 0, "Hide", 0},
+                   {"Fn", true, false, 99, 0, "Fn", 0},
+                   {"mute", false, false, -1, 0, "MUTE", 0}});
 }
 
 int16_t lowBits(int value)

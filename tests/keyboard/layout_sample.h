@@ -44,6 +44,19 @@ test_support::Catalogue twoKeyCatalogue();
 std::vector<test_support::Key> twoDefaultKeys();
 std::vector<test_support::Key> twoSymbolKeys();
 
+// A key's own facts. Its neighbours follow from its place: beside it, and four keys before and
+// behind it, whether there is a key or not.
+struct Kind {
+    const char* text;
+    bool isSpecial;
+    bool isLanguage;
+    int keyCode;
+    int character;
+    const char* shiftText;
+    int shiftCharacter;
+};
+std::vector<test_support::Key> inRows(const std::vector<Kind>& kinds);
+
 // Places of the keys of the second sample. Its layouts are "English", "German" and "Greek".
 enum Place { Letter, Shift, Alt, Language, ClearAll, Hide, Unknown, Mute };
 const int kKeys = 8;

@@ -4,17 +4,13 @@
 #include <vector>
 
 #include "keyboard_model.h"
-#include "keyboard_types.h"
 
 // Three small layouts with every kind of key, among them the odd ones: keys that yield nothing,
 // an unknown special key, the lower-case names of the special keys, neighbours that are not
 // there, and symbol sets shorter than the default sets.
 std::vector<LayoutKeys> soakLayouts();
 
-// Writes them, and a catalogue for them.
+// Writes them with the catalogue of the second sample.
 void writeLayouts(test_support::LayoutFolder& folder, const std::vector<LayoutKeys>& layouts);
-
-// The rectangle of the key at a position, in pixels.
-velmora::browser::vkb::Rect_t soakRect(int position);
 
 #endif

@@ -13,6 +13,7 @@
 #include "drawn_keyboard.h"
 #include "keyboard_core.h"
 #include "keyboard_model.h"
+#include "layout_sample.h"
 #include "recording_display.h"
 #include "soak_layouts.h"
 #include "trace.h"
@@ -37,10 +38,10 @@ long setting(const char* variable, long otherwise)
 
 const int kRemoteKeys[] = {13, 13, 13, 37, 38, 39, 39, 39, 40, 12, 0, -1, 41};
 
-Lines labels(const std::vector<Face>& keys)
+Lines labels(const std::vector<Button_t>& keys)
 {
     Lines texts;
-    for (const Face& key : keys)
+    for (const Button_t& key : keys)
         texts.push_back(key.text);
     return texts;
 }
@@ -110,12 +111,9 @@ public:
         ASSERT_EQ(std::tie(result.keyCode, result.modifier, result.character, result.text),
                   std::tie(expected.keyCode, expected.modifier, expected.character, expected.text));
         // A position outside every set leaves the focus as it is and tells it.
-        const Button_t focus = m_core->getTargetButtonByButtonId(-1);
-        const Face& face = m_model.focus();
-        ASSERT_EQ(std::tie(focus.text, focus.id, focus.keyCode, focus.character),
-                  std::tie(face.text, face.key.id, face.key.keyCode, face.character));
-        ASSERT_EQ(m_core->getWidth(), m_model.hasRenderer() ? 100 : 805);
-        ASSERT_EQ(m_core->getHeight(), m_model.hasRenderer() ? 44 : 255);
+        ASSERT_EQ(m_core->getTargetButtonByButtonId(-1), m_model.focus());
+        ASSERT_EQ(m_core->getWidth(), m_model.hasRenderer() ? 260 : 805);
+        ASSERT_EQ(m_core->getHeight(), m_model.hasRenderer() ? 118 : 255);
     }
 
     // The keys, the sunken keys and the frame of the last picture drawn.
@@ -133,7 +131,7 @@ public:
         ASSERT_EQ(drawn.keys, labels(m_model.keys()));
         ASSERT_EQ(drawn.sunken, labels(m_model.locks()));
         const Rect_t& frame = drawn.frame;
-        const Rect_t rect = soakRect(m_model.focus().key.id);
+        const Rect_t& rect = m_model.focus().rect;
         ASSERT_EQ(std::tie(frame.positionX, frame.positionY, frame.width, frame.height),
                   std::tie(rect.positionX, rect.positionY, rect.width, rect.height));
     }
