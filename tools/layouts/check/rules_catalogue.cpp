@@ -165,8 +165,8 @@ void checkGrid(const Catalogue& catalogue, int screenWidth, int screenHeight, Fi
         return;
     grid.checkLast();
     grid.checkOverlaps();
-    const int64_t roomX = int64_t(screenWidth) - kWindowX;
-    const int64_t roomY = int64_t(screenHeight) - kWindowY;
+    const int64_t roomX = std::max(int64_t(0), int64_t(screenWidth) - kWindowX);
+    const int64_t roomY = std::max(int64_t(0), int64_t(screenHeight) - kWindowY);
     if (grid.width() > roomX || grid.height() > roomY)
         findings.push_back({kCatalogueName, "Rect",
                             "a keyboard of " + size(grid.width(), grid.height()) + " pixels",
