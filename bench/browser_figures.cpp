@@ -34,7 +34,7 @@ using namespace host;
 const int kProcesses = 5; // of each kind, for what happens once in a process
 const int kPresses = 60;
 const int kShows = 10;
-const int kIdleSeconds = 4;
+const int kIdleSeconds = 10;
 const unsigned kLongestRun = 120; // seconds, and a process that waits in vain ends
 
 // A caret that does not blink before the idle part, so that a picture is the answer to a press, and
