@@ -12,7 +12,7 @@
 
 #include <time.h>
 
-#include "../process_memory.h"
+#include "process_memory.h"
 #include "typing.h"
 
 namespace
