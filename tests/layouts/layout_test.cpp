@@ -98,6 +98,20 @@ TEST_P(Layout, HasEachJoinerOnce)
         }
 }
 
+// Or an ending of web addresses, which the key shows.
+TEST_P(Layout, TypesOneLetterWithAKey)
+{
+    const KeyMap keyMap = shippedKeyMap(GetParam());
+    for (const Face& face : kFaces)
+        for (const Key& key : keysOf(keyMap, face)) {
+            const std::string text = delivered(legendOf(key, face));
+            const std::vector<char32_t> parts = codePoints(text);
+            const bool isEnding = text == ".com" || text == ".org";
+            for (size_t i = 1; i < parts.size() && !isEnding && !key.isSpecial; ++i)
+                EXPECT_TRUE(isMark(fromCodePoint(parts[i]))) << text;
+        }
+}
+
 // The keys of 0 to 9 on a face; fewer than ten if it lacks some.
 std::vector<size_t> digitKeys(const KeyMap& keyMap, const Face& face)
 {

@@ -74,7 +74,9 @@ std::string Repertoire::inLowerCase(const std::string& text) const
 
 KeyTexts Repertoire::withUpperCase(const std::string& letter) const
 {
-    return {letter, upperCase(letter, m_locale)};
+    const std::string upper = upperCase(letter, m_locale);
+    const bool isOne = singleCodePoint(letter) == 0 || singleCodePoint(upper) != 0;
+    return {letter, isOne ? upper : std::string()};
 }
 
 std::vector<KeyTexts> Repertoire::withUpperCases(const std::vector<std::string>& letters) const

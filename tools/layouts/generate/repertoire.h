@@ -46,6 +46,7 @@ public:
     bool uses(const std::string& character) const { return m_used.count(character) != 0; }
 
     std::string inLowerCase(const std::string& text) const;
+    // None for a letter of which two would become, as ß.
     KeyTexts withUpperCase(const std::string& letter) const;
 
 private:
