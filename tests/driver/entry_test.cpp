@@ -8,11 +8,8 @@
 #include "row.h"
 
 using namespace transcript;
-using test_process::Process;
-using test_process::Result;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::Not;
+using namespace test_process;
+using namespace testing;
 
 namespace
 {
@@ -20,9 +17,9 @@ namespace
 const int kExitOfMinusOne = 255;
 
 // A display that is not told to be quiet says that it starts.
-test_process::Command talkingDriver(const TestPlace& place, const Lines& words)
+Command talkingDriver(const TestPlace& place, const Lines& words)
 {
-    test_process::Command command = driverCommand(place, words);
+    Command command = driverCommand(place, words);
     command.environment["DFBARGS"] = "system=dummy,mode=1920x1080,no-cursor";
     return command;
 }
@@ -30,7 +27,7 @@ test_process::Command talkingDriver(const TestPlace& place, const Lines& words)
 Result runTalking(const Lines& words)
 {
     const TestPlace place;
-    return test_process::run(talkingDriver(place, words));
+    return run(talkingDriver(place, words));
 }
 
 Lines traceOf(const std::string& output)
@@ -69,7 +66,7 @@ const Refused kRefused[] = {
     {"LoneKbui", {"kbui"}, head(2, 61, "kbui") + uiUsage()},
 };
 
-using EntryUsage = testing::TestWithParam<Refused>;
+using EntryUsage = TestWithParam<Refused>;
 
 TEST_P(EntryUsage, IsPrintedWithoutTouchingTheDisplay)
 {
@@ -79,8 +76,7 @@ TEST_P(EntryUsage, IsPrintedWithoutTouchingTheDisplay)
     EXPECT_EQ(result.exitStatus, kExitOfMinusOne);
 }
 
-INSTANTIATE_TEST_SUITE_P(Arguments, EntryUsage, testing::ValuesIn(kRefused),
-                         test_support::RowName());
+INSTANTIATE_TEST_SUITE_P(Arguments, EntryUsage, ValuesIn(kRefused), test_support::RowName());
 
 TEST(Entry, UnknownModeOpensTheDisplayAndRunsNoTest)
 {
@@ -97,7 +93,7 @@ TEST(Entry, UnknownModeOpensTheDisplayAndRunsNoTest)
 TEST(Entry, WindowIsOpenedStepByStepThenClosed)
 {
     TestPlace place;
-    const Result result = test_process::run(driverCommandTraced(place, {"xyz"}));
+    const Result result = run(driverCommandTraced(place, {"xyz"}));
     EXPECT_THAT(traceOf(result.out),
                 ElementsAre("dfb DirectFBInit 2", "dfb DirectFBInit left 2", "dfb DirectFBCreate",
                             "dfb GetDisplayLayer 0", "dfb SetCooperativeLevel 2",
@@ -114,7 +110,7 @@ TEST(Entry, WaitsForOneCharacterBeforeItReleasesTheDisplay)
     TestPlace place;
     Process driver(driverCommandTraced(place, {"xyz"}));
     ASSERT_TRUE(driver.waitForOutput("dfb RaiseToTop\n"));
-    EXPECT_FALSE(driver.waitForOutput("dfb layer Release\n", 1, test_process::Milliseconds(300)));
+    EXPECT_FALSE(driver.waitForOutput("dfb layer Release\n", 1, Milliseconds(300)));
     ASSERT_TRUE(driver.write("\n"));
     EXPECT_TRUE(driver.waitForOutput("dfb dfb Release\n"));
     ASSERT_TRUE(driver.waitForEnd());
@@ -125,11 +121,10 @@ TEST(Entry, DirectFBOptionsCountAsArguments)
 {
     TestPlace place;
     // Three arguments for the choice of the mode, two of them left once DirectFB took its own.
-    const Result result = test_process::run(driverCommandTraced(place, {"kb", "--dfb:no-cursor"}));
-    EXPECT_THAT(reduce(result.out), testing::Contains(mainLine(56, "argc:3")));
-    EXPECT_THAT(reduce(result.out), testing::Contains(mainLine(73, "mod:kb")));
-    EXPECT_THAT(reduce(result.out),
-                testing::Contains(kbLine(307, "kb_test", "cmd:--dfb:no-cursor,param:")));
+    const Result result = run(driverCommandTraced(place, {"kb", "--dfb:no-cursor"}));
+    EXPECT_THAT(reduce(result.out), Contains(mainLine(56, "argc:3")));
+    EXPECT_THAT(reduce(result.out), Contains(mainLine(73, "mod:kb")));
+    EXPECT_THAT(reduce(result.out), Contains(kbLine(307, "kb_test", "cmd:--dfb:no-cursor,param:")));
     EXPECT_THAT(result.out, HasSubstr("dfb DirectFBInit 3\ndfb DirectFBInit left 2\n"));
     EXPECT_EQ(result.exitStatus, 0);
 }
@@ -156,14 +151,13 @@ const DisplayCall kDisplayCalls[] = {
     {"RaiseToTop1", "RaiseToTop", 1, "window->RaiseToTop(window)"},
 };
 
-using EntryFailure = testing::TestWithParam<DisplayCall>;
+using EntryFailure = TestWithParam<DisplayCall>;
 
 TEST_P(EntryFailure, EndsTheProcessWithTheCallsText)
 {
     const DisplayCall& call = GetParam();
     TestPlace place;
-    const Result result =
-        test_process::run(driverCommandTraced(place, {"kbui", "show"}, call.call, call.number));
+    const Result result = run(driverCommandTraced(place, {"kbui", "show"}, call.call, call.number));
 
     const std::string line = std::string("directfb do: '") + call.text + "' failed!\n";
     EXPECT_EQ(result.err.find(line), 0u) << result.err;
@@ -176,5 +170,4 @@ TEST_P(EntryFailure, EndsTheProcessWithTheCallsText)
     EXPECT_NE(result.exitStatus, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Calls, EntryFailure, testing::ValuesIn(kDisplayCalls),
-                         test_support::RowName());
+INSTANTIATE_TEST_SUITE_P(Calls, EntryFailure, ValuesIn(kDisplayCalls), test_support::RowName());

@@ -65,14 +65,4 @@ TEST_F(CoreLayouts, AnEmptyNameInTheCatalogueShowsTheUnnamedKeyMap)
     EXPECT_EQ(m_core->getTargetButtonByButtonId(Language).text, "Unnamed");
 }
 
-TEST_F(CoreLayouts, WithoutARendererEnterLeavesTheKeyboardNotStarted)
-{
-    startWithoutRenderer();
-    m_core->enter();
-    expectTrace(namesRead(3) + layoutChange("English") + core("updateKeyMap", kNoUi, kError) +
-                core("enter", kNoUi, kError));
-    EXPECT_FALSE(m_core->isKeyBoardEnable());
-    EXPECT_FALSE(m_core->isShow());
-}
-
 } // namespace

@@ -11,11 +11,7 @@ namespace
 using namespace test_support;
 using namespace velmora::browser::vkb;
 using namespace steps;
-using testing::AllOf;
-using testing::Contains;
-using testing::ExitedWithCode;
-using testing::HasSubstr;
-using testing::Not;
+using namespace testing;
 
 using CoreWindow = CoreTest;
 

@@ -12,9 +12,7 @@ namespace
 
 using namespace test_support;
 using namespace velmora::browser::vkb;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
+using namespace testing;
 
 static_assert(LogError == 0x5F03E8 && LogResult == 0x5F0BB8);
 static_assert(LogTrace == 0x5F0FA0 && LogDetail == 0x5F1388);

@@ -18,14 +18,8 @@
 #include "soak_layouts.h"
 #include "trace.h"
 
-using test_support::DrawnKeyboard;
-using test_support::drawnKeyboard;
-using test_support::Lines;
-using test_support::RecordingDisplay;
-using velmora::browser::vkb::Button_t;
-using velmora::browser::vkb::KeyBoardCore;
-using velmora::browser::vkb::OsButton_t;
-using velmora::browser::vkb::Rect_t;
+using namespace test_support;
+using namespace velmora::browser::vkb;
 
 namespace
 {
@@ -175,9 +169,9 @@ public:
             for (const auto& pair : m_pairs)
                 pair->act(kActions[Cancel], 0);
         }
-        test_support::takeTrace();
+        takeTrace();
         acting.act(*action, code);
-        const Lines trace = test_support::takeTrace();
+        const Lines trace = takeTrace();
         if (!testing::Test::HasFatalFailure())
             acting.checkState();
         if (!testing::Test::HasFatalFailure() && action != &kActions[ReplaceLock])
@@ -194,7 +188,7 @@ private:
         return *action;
     }
 
-    test_support::LayoutFolder m_folder;
+    LayoutFolder m_folder;
     const std::vector<LayoutKeys> m_layouts;
     std::mt19937 m_random;
     std::vector<std::unique_ptr<Pair>> m_pairs;

@@ -25,7 +25,7 @@ const char* const kPassedOn[] = {
     "PATH",         "HOME",         "TMPDIR",       "GCOV_PREFIX", "GCOV_PREFIX_STRIP",
     "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"};
 
-const Milliseconds kPollStep{20};
+const int kPollStep = 20; // milliseconds
 
 struct Pipe {
     int ends[2];
@@ -171,28 +171,32 @@ void Process::closeInput()
     close(m_input);
 }
 
-// Returns false when there is nothing left to collect.
-bool Process::collect(Milliseconds longest)
+void Process::collect()
 {
-    if (m_output < 0 && m_error < 0)
-        return false;
-
     pollfd descriptors[] = {{m_output, POLLIN, 0}, {m_error, POLLIN, 0}};
-    if (::poll(descriptors, 2, static_cast<int>(longest.count())) <= 0)
-        return true;
+    // With both outputs closed, the end itself is only a moment away.
+    if (::poll(descriptors, 2, isClosed() ? 1 : kPollStep) <= 0)
+        return;
     if (descriptors[0].revents != 0)
         take(m_output, m_out);
     if (descriptors[1].revents != 0)
         take(m_error, m_err);
-    return true;
+}
+
+bool Process::hasEnded()
+{
+    if (!m_ended && isClosed())
+        m_ended = ::waitpid(m_pid, &m_wait_status, WNOHANG) == m_pid;
+    return m_ended;
 }
 
 bool Process::waitUntil(const std::function<bool()>& done, Milliseconds deadline)
 {
     const auto end = std::chrono::steady_clock::now() + deadline;
     while (!done()) {
-        if (std::chrono::steady_clock::now() >= end || !collect(kPollStep))
+        if (hasEnded() || std::chrono::steady_clock::now() >= end)
             return false;
+        collect();
     }
     return true;
 }
@@ -202,26 +206,9 @@ bool Process::waitForOutput(const std::string& text, int times, Milliseconds dea
     return waitUntil([&] { return countOf(text, m_out) >= times; }, deadline);
 }
 
-bool Process::reap()
-{
-    if (!m_ended)
-        m_ended = ::waitpid(m_pid, &m_wait_status, WNOHANG) == m_pid;
-    return m_ended;
-}
-
 bool Process::waitForEnd(Milliseconds deadline)
 {
-    const auto end = std::chrono::steady_clock::now() + deadline;
-    for (;;) {
-        const bool more = collect(kPollStep);
-        if (!more && reap())
-            return true;
-        if (std::chrono::steady_clock::now() >= end)
-            return false;
-        // Both outputs are closed, and the end itself is only a moment away.
-        if (!more)
-            ::poll(nullptr, 0, 1);
-    }
+    return waitUntil([this] { return hasEnded(); }, deadline);
 }
 
 void Process::kill(int signal)

@@ -39,7 +39,7 @@ public:
     void closeInput();
 
     // Collects output until done says so. Returns false when the deadline passed, or the program
-    // closed its output, before that.
+    // ended, before that.
     bool waitUntil(const std::function<bool()>& done, Milliseconds deadline = kDeadline);
     bool waitForOutput(const std::string& text, int times = 1, Milliseconds deadline = kDeadline);
 
@@ -58,8 +58,9 @@ public:
     int signal() const;
 
 private:
-    bool collect(Milliseconds longest);
-    bool reap();
+    bool isClosed() const { return m_output < 0 && m_error < 0; }
+    bool hasEnded();
+    void collect();
 
     pid_t m_pid = -1;
     bool m_ended = false;
