@@ -75,10 +75,18 @@ Command driverCommandTraced(const TestPlace& place, const Lines& arguments,
     return command;
 }
 
-Result runDriver(const Lines& arguments, const std::string& input)
+TEST_P(DriverRun, PrintsTheseLines)
+{
+    expectRun(GetParam());
+}
+
+void expectRun(const Run& run)
 {
     const TestPlace place;
-    return test_process::run(driverCommand(place, arguments), input);
+    Command command = driverCommand(place, run.arguments);
+    if (!run.level.empty())
+        command.environment["CSP_DEBUG_LEVEL"] = run.level;
+    expectRun(test_process::run(command, run.input), run.expected, run.error);
 }
 
 void expectRun(const Result& result, const Lines& expected, const std::string& error)

@@ -6,6 +6,7 @@
 
 #include "layout_folder.h"
 #include "process.h"
+#include "row.h"
 #include "transcript.h"
 
 // A place of its own for one test: what the driver sees at the fixed paths. At first the test
@@ -39,8 +40,20 @@ test_process::Command driverCommandTraced(const TestPlace& place,
                                           const transcript::Lines& arguments,
                                           const std::string& failing_call = "", int number = 1);
 
-// Runs it, in a place of its own.
-test_process::Result runDriver(const transcript::Lines& arguments, const std::string& input = "");
+// A run in a place of its own: what is typed, and what it prints, reduced. It ends well, or by an
+// exception with this text.
+struct Run : test_support::Row {
+    transcript::Lines arguments;
+    std::string input;
+    transcript::Lines expected;
+    std::string error = "";
+    std::string level = ""; // of the log; empty: its default
+};
+
+// A suite for tables of runs.
+using DriverRun = testing::TestWithParam<Run>;
+
+void expectRun(const Run& run);
 
 // The run printed these lines, reduced, and ended well; or with this error, by an exception.
 void expectRun(const test_process::Result& result, const transcript::Lines& expected,

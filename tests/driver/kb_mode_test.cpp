@@ -8,12 +8,10 @@
 #include <gmock/gmock.h>
 
 #include "driver_run.h"
-#include "row.h"
 
 using namespace transcript;
 using test_process::Process;
 using test_process::Result;
-using test_support::Row;
 using test_support::RowName;
 using testing::HasSubstr;
 
@@ -132,110 +130,105 @@ Lines done(const std::string& name, const std::string& parameter, const Lines& s
 const char kNoNumber[] = "invalid_argument";
 const char kOutOfRange[] = "out_of_range";
 
-struct Script : Row {
-    const char* command;
-    const char* parameter;
-    Lines steps;
-    int milliseconds; // not of a command that ends the process
-    const char* error = "";
-};
-
 const Lines kShiftOn = 3 * move(Down) + probeShift(0);
 const Lines kAltOn = 2 * move(Down) + probeAlt(0);
 const Lines kShiftLocked = kShiftOn + Lines{"sleep 3"} + probeShift(1) + Lines{"sleep 1"};
 const Lines kHide = Lines{"hide"} + press(Ok) + Lines{kbLine(295, "kb_test_hide", "Hide VKB")};
 
-const Script kScripts[] = {
-    {"Left", "left", "2", 2 * move(Left) + probeResult("Oned14", '/'), 2000},
-    {"Right", "right", "5", 5 * move(Right) + probeResult("Oned5", '&'), 2500},
-    {"Up", "up", "6", 6 * move(Up) + probeResult("Oned64", 'a'), 4000},
-    {"Down", "down", "6", 6 * move(Down) + probeResult("Oned16", '1'), 4000},
-    {"LoopLeft", "loop-left", "", 111 * move(Left) + probeLanguage("Two"), 55500},
-    {"LoopRight", "loop-right", "", 111 * move(Right) + probeResult("Oned15", '0'), 55500},
-    {"LoopUp", "loop-up", "", 111 * move(Up) + probeResult("Oned64", 'a'), 55500},
-    {"LoopDown", "loop-down", "", 111 * move(Down) + probeResult("Oned16", '1'), 55500},
-    {"Shift", "shift", "", kShiftOn + Lines{"sleep 5"} + probeShift(1), 6500},
-    {"ShiftRight", "shift-right", "2", kShiftOn + 2 * move(Right) + probeResult("OneD50", 'S'),
-     2500},
-    {"ShiftLock", "shift-lock", "2", kShiftLocked + 2 * move(Right) + probeResult("OneD50", 'S'),
-     6500},
-    {"Alt", "alt", "", kAltOn + Lines{"sleep 5"} + probeAlt(1), 7000},
-    // The symbol set's key codes are above 255 here: the probe shows their low 8 bits.
-    {"AltRight", "alt-right", "2", kAltOn + 2 * move(Right) + probeResult("Ones34", 256 + 'C'),
-     3000},
-    {"AltShift", "alt-shift", "", kAltOn + Lines{"usleep 500000"} + press(Down) + probeShift(0),
-     1500},
-    {"Language", "language", "3",
-     press(Right) + probeLanguage("Two") + Lines{"sleep 5"} + probeLanguage("One") +
-         Lines{"sleep 5"} + probeLanguage("Two") + Lines{"sleep 5"},
-     16000},
-    {"Clear", "clear", "", press(Down) + 13 * move(Right) + probeResult("Oned29", '>'), 6500},
-    {"ClearAll", "clear-all", "", 2 * move(Right) + probeResult("ClearAll", '#'), 2000},
-    {"Submit", "submit", "", 2 * move(Down) + 13 * move(Right) + probeResult("Oned45", 'N'), 7500},
-    {"Space", "space", "", 3 * move(Right) + 4 * move(Down) + probeResult("Oned67", 'd'), 3500},
-    {"Show", "show", "",
-     3 * move(Right) + probeResult("Oned3", '$') + Lines{"hide", "sleep 2", "show"} +
-         probeResult("Oned3", '$'),
-     3500},
-    {"Hide", "hide", "", kHide, 1000},
-    {"GetKey", "getkey", "", kProbeHide, 1000},
-    // Counts.
-    {"ZeroMakesNoMoveAndProbes", "left", "0", kProbeHide, 1000},
-    {"NegativeMakesNoMoveAndProbes", "left", "-2", kProbeHide, 1000},
-    {"ZeroStepsWithShift", "shift-right", "0", kShiftOn + probeShift(1), 1500},
-    {"NegativeStepsWithAlt", "alt-right", "-1", kAltOn + probeAlt(1), 2000},
-    {"ZeroLanguages", "language", "0", press(Right), 1000},
-    {"TextBehindTheNumberIsIgnored", "left", "3abc", 3 * move(Left) + probeResult("Oned13", '.'),
-     1500},
-    {"SecondNumberIsIgnored", "right", "3 2", 3 * move(Right) + probeResult("Oned3", '$'), 1500},
-    {"LeadingWhiteSpaceAndSignAreTaken", "right", "\t +3",
-     3 * move(Right) + probeResult("Oned3", '$'), 1500},
-    // A count that is no int ends the process where it is first needed: the keys before it have
-    // been sent. An empty one of "language" is looked at behind the first pass.
-    {"LeftAWord", "left", "abc", {}, 0, kNoNumber},
-    {"RightAWord", "right", "abc", {}, 0, kNoNumber},
-    {"UpAWord", "up", "abc", {}, 0, kNoNumber},
-    {"DownAWord", "down", "abc", {}, 0, kNoNumber},
-    {"ShiftRightAWord", "shift-right", "abc", kShiftOn, 0, kNoNumber},
-    {"ShiftLockAWord", "shift-lock", "abc", kShiftLocked, 0, kNoNumber},
-    {"AltRightAWord", "alt-right", "abc", kAltOn, 0, kNoNumber},
-    {"LanguageAWord", "language", "abc", press(Right), 0, kNoNumber},
-    {"LanguageNothing", "language", "", press(Right) + probeLanguage("Two"), 0, kNoNumber},
-    {"LeftNothing", "left", "", {}, 0, kNoNumber},
-    {"LeftBlanks", "left", "   ", {}, 0, kNoNumber},
-    {"LeftASign", "left", "-", {}, 0, kNoNumber},
-    {"LeftANumberBehindAWord", "left", "x3", {}, 0, kNoNumber},
-    {"LeftAboveTheHighest", "left", "2147483648", {}, 0, kOutOfRange},
-    {"LeftBelowTheLowest", "left", "-2147483649", {}, 0, kOutOfRange},
-    {"LeftFarAbove", "left", "99999999999999999999", {}, 0, kOutOfRange},
-};
-
-using KbCommand = testing::TestWithParam<Script>;
-
-TEST_P(KbCommand, SendsItsKeysAndTellsItsTime)
+Run script(const char* name, const std::string& command, const std::string& parameter,
+           const Lines& steps, int milliseconds)
 {
-    const Script& script = GetParam();
-    const bool isDone = script.error[0] == '\0';
-    expectRun(runDriver({"kb", script.command, script.parameter}),
-              start(script.command, script.parameter) +
-                  (isDone
-                       ? done(script.command, script.parameter, script.steps, script.milliseconds)
-                       : ended(script.command, script.parameter, script.steps)),
-              script.error);
+    const Lines did = done(command, parameter, steps, milliseconds);
+    const Lines words = {"kb", command, parameter};
+    return {name, words, "", start(command, parameter) + did};
 }
 
-INSTANTIATE_TEST_SUITE_P(Scripts, KbCommand, testing::ValuesIn(kScripts), RowName());
+Run failing(const char* name, const std::string& command, const std::string& parameter,
+            const Lines& steps, const char* error = kNoNumber)
+{
+    const Lines did = ended(command, parameter, steps);
+    const Lines words = {"kb", command, parameter};
+    return {name, words, "", start(command, parameter) + did, error};
+}
+
+const Run kScripts[] = {
+    script("Left", "left", "2", 2 * move(Left) + probeResult("Oned14", '/'), 2000),
+    script("Right", "right", "5", 5 * move(Right) + probeResult("Oned5", '&'), 2500),
+    script("Up", "up", "6", 6 * move(Up) + probeResult("Oned64", 'a'), 4000),
+    script("Down", "down", "6", 6 * move(Down) + probeResult("Oned16", '1'), 4000),
+    script("LoopLeft", "loop-left", "", 111 * move(Left) + probeLanguage("Two"), 55500),
+    script("LoopRight", "loop-right", "", 111 * move(Right) + probeResult("Oned15", '0'), 55500),
+    script("LoopUp", "loop-up", "", 111 * move(Up) + probeResult("Oned64", 'a'), 55500),
+    script("LoopDown", "loop-down", "", 111 * move(Down) + probeResult("Oned16", '1'), 55500),
+    script("Shift", "shift", "", kShiftOn + Lines{"sleep 5"} + probeShift(1), 6500),
+    script("ShiftRight", "shift-right", "2",
+           kShiftOn + 2 * move(Right) + probeResult("OneD50", 'S'), 2500),
+    script("ShiftLock", "shift-lock", "2",
+           kShiftLocked + 2 * move(Right) + probeResult("OneD50", 'S'), 6500),
+    script("Alt", "alt", "", kAltOn + Lines{"sleep 5"} + probeAlt(1), 7000),
+    // The symbol set's key codes are above 255 here: the probe shows their low 8 bits.
+    script("AltRight", "alt-right", "2",
+           kAltOn + 2 * move(Right) + probeResult("Ones34", 256 + 'C'), 3000),
+    script("AltShift", "alt-shift", "",
+           kAltOn + Lines{"usleep 500000"} + press(Down) + probeShift(0), 1500),
+    script("Language", "language", "3",
+           press(Right) + probeLanguage("Two") + Lines{"sleep 5"} + probeLanguage("One") +
+               Lines{"sleep 5"} + probeLanguage("Two") + Lines{"sleep 5"},
+           16000),
+    script("Clear", "clear", "", press(Down) + 13 * move(Right) + probeResult("Oned29", '>'), 6500),
+    script("ClearAll", "clear-all", "", 2 * move(Right) + probeResult("ClearAll", '#'), 2000),
+    script("Submit", "submit", "", 2 * move(Down) + 13 * move(Right) + probeResult("Oned45", 'N'),
+           7500),
+    script("Space", "space", "", 3 * move(Right) + 4 * move(Down) + probeResult("Oned67", 'd'),
+           3500),
+    script("Show", "show", "",
+           3 * move(Right) + probeResult("Oned3", '$') + Lines{"hide", "sleep 2", "show"} +
+               probeResult("Oned3", '$'),
+           3500),
+    script("Hide", "hide", "", kHide, 1000),
+    script("GetKey", "getkey", "", kProbeHide, 1000),
+    // Counts.
+    script("ZeroMakesNoMoveAndProbes", "left", "0", kProbeHide, 1000),
+    script("NegativeMakesNoMoveAndProbes", "left", "-2", kProbeHide, 1000),
+    script("ZeroStepsWithShift", "shift-right", "0", kShiftOn + probeShift(1), 1500),
+    script("NegativeStepsWithAlt", "alt-right", "-1", kAltOn + probeAlt(1), 2000),
+    script("ZeroLanguages", "language", "0", press(Right), 1000),
+    script("TextBehindTheNumberIsIgnored", "left", "3abc",
+           3 * move(Left) + probeResult("Oned13", '.'), 1500),
+    script("SecondNumberIsIgnored", "right", "3 2", 3 * move(Right) + probeResult("Oned3", '$'),
+           1500),
+    script("LeadingWhiteSpaceAndSignAreTaken", "right", "\t +3",
+           3 * move(Right) + probeResult("Oned3", '$'), 1500),
+    // A count that is no int ends the process where it is first needed: the keys before it have
+    // been sent. An empty one of "language" is looked at behind the first pass.
+    failing("LeftAWord", "left", "abc", {}),
+    failing("RightAWord", "right", "abc", {}),
+    failing("UpAWord", "up", "abc", {}),
+    failing("DownAWord", "down", "abc", {}),
+    failing("ShiftRightAWord", "shift-right", "abc", kShiftOn),
+    failing("ShiftLockAWord", "shift-lock", "abc", kShiftLocked),
+    failing("AltRightAWord", "alt-right", "abc", kAltOn),
+    failing("LanguageAWord", "language", "abc", press(Right)),
+    failing("LanguageNothing", "language", "", press(Right) + probeLanguage("Two")),
+    failing("LeftNothing", "left", "", {}),
+    failing("LeftBlanks", "left", "   ", {}),
+    failing("LeftASign", "left", "-", {}),
+    failing("LeftANumberBehindAWord", "left", "x3", {}),
+    failing("LeftAboveTheHighest", "left", "2147483648", {}, kOutOfRange),
+    failing("LeftBelowTheLowest", "left", "-2147483649", {}, kOutOfRange),
+    failing("LeftFarAbove", "left", "99999999999999999999", {}, kOutOfRange),
+    {"ThreeArgumentsHaveAnEmptyParameter",
+     {"kb", "getkey"},
+     "",
+     start("getkey", "", 3) + done("getkey", "", kProbeHide, 1000)},
+};
+
+INSTANTIATE_TEST_SUITE_P(KbCommand, DriverRun, testing::ValuesIn(kScripts), RowName());
 
 TEST(Kb, UnknownCommandDoesNothing)
 {
     for (const std::string command : {"", "Left", "left ", "lef", "quit", "more "})
-        expectRun(runDriver({"kb", command, "3"}), start(command, "3"));
-}
-
-TEST(Kb, CommandWithThreeArgumentsHasAnEmptyParameter)
-{
-    expectRun(runDriver({"kb", "getkey"}),
-              start("getkey", "", 3) + done("getkey", "", kProbeHide, 1000));
+        expectRun({"", {"kb", command, "3"}, "", start(command, "3")});
 }
 
 TEST(Kb, TakesItsPausesInRealTime)
@@ -302,73 +295,60 @@ Lines getKey(const Lines& probe)
     return pass("getkey", "null", done("getkey", "", probe, 1000));
 }
 
-// Lines that are typed, and behind them "quit" with a blank and this.
-struct Session : Row {
-    const char* input;
-    Lines passes;
-    const char* behindQuit = "";
-};
-
-const Session kSessions[] = {
-    {"QuitWithABlankEndsIt", "", {}},
-    {"QuitWithTextBehindEndsIt", "", {}, "now please"},
-    {"QuitAloneDoesNotEndIt", "quit\n", pass("", "null")},
-    {"CommandThatOnlyContainsQuitDoesNotEndIt", "quits\nxquit \nQuit x\n",
-     pass("quits", "null") + pass("xquit", " ") + pass("Quit", "x")},
-    {"LineWithoutBlankSetsOnlyTheCommand", "hide\n", pass("hide", "null", kHidden)},
-    {"ParameterOfOnePassIsForgottenInTheNext", "left 3\nunknown\n",
-     pass("left", "3", kLeft3) + pass("unknown", "null")},
-    {"SeveralBlanksBeforeTheParameterAreSkipped", "left     3\n", pass("left", "3", kLeft3)},
-    {"InnerAndTrailingBlanksOfTheParameterAreKept", "right 2 3\nunknown  a  b  \n",
-     pass("right", "2 3",
-          done("right", "2 3", 2 * move(Right) + probeResult("ClearAll", '#'), 2000)) +
-         pass("unknown", "a  b  ")},
-    {"LineThatStartsWithABlankHasAnEmptyCommand", " left 3\n", pass("", "left 3")},
-    {"RestOfOnlyBlanksIsTheParameter", "unknown   \n", pass("unknown", "   ")},
-    {"TabIsNoBlank", "left\t3\nquit\t\n", pass("left\t3", "null") + pass("quit\t", "null"), "\t"},
-    {"EmptyLineRunsNothing", "\n", pass("", "null")},
-    {"MoreIsNoCommandOfTheLoop", "more\n", pass("more", "null")},
-    {"HideThenGetKeyAnswersTwo", "hide\ngetkey\n",
-     pass("hide", "null", kHidden) + getKey(probeAnswer(2))},
-    // Focus, Shift and the shown layout are those that the last command left.
-    {"CommandsStartFromTheStateOfTheLast", "right 3\ngetkey\nshift-right 1\ngetkey\n",
-     pass("right", "3", done("right", "3", 3 * move(Right) + probeResult("Oned3", '$'), 1500)) +
-         getKey(probeResult("Oned3", '$')) +
-         pass("shift-right", "1",
-              done("shift-right", "1",
-                   3 * move(Down) + probeResult("Oned51", 'T') + move(Right) +
-                       probeResult("Oned52", 'U'),
-                   3000)) +
-         getKey(probeResult("Oned52", 'U'))},
-};
-
+const Lines kMore = {"kb", "more"};
 const Lines kLoopStart = start("more", "", 3) + Lines{"usage 329"};
 
-using KbLoop = testing::TestWithParam<Session>;
-
-TEST_P(KbLoop, AnswersEachLine)
+// Lines that are typed, and behind them "quit" with a blank and this.
+Run session(const char* name, const std::string& input, const Lines& passes,
+            const std::string& behind = "")
 {
-    const std::string behind = GetParam().behindQuit;
-    expectRun(runDriver({"kb", "more"}, GetParam().input + ("quit " + behind) + "\n"),
-              kLoopStart + GetParam().passes + lastPass("quit", behind.empty() ? " " : behind));
+    return {name, kMore, input + "quit " + behind + "\n",
+            kLoopStart + passes + lastPass("quit", behind.empty() ? " " : behind)};
 }
 
-INSTANTIATE_TEST_SUITE_P(Sessions, KbLoop, testing::ValuesIn(kSessions), RowName());
+const Run kSessions[] = {
+    session("QuitWithABlankEndsIt", "", {}),
+    session("QuitWithTextBehindEndsIt", "", {}, "now please"),
+    session("QuitAloneDoesNotEndIt", "quit\n", pass("", "null")),
+    session("CommandThatOnlyContainsQuitDoesNotEndIt", "quits\nxquit \nQuit x\n",
+            pass("quits", "null") + pass("xquit", " ") + pass("Quit", "x")),
+    session("LineWithoutBlankSetsOnlyTheCommand", "hide\n", pass("hide", "null", kHidden)),
+    session("ParameterOfOnePassIsForgottenInTheNext", "left 3\nunknown\n",
+            pass("left", "3", kLeft3) + pass("unknown", "null")),
+    session("SeveralBlanksBeforeTheParameterAreSkipped", "left     3\n", pass("left", "3", kLeft3)),
+    session("InnerAndTrailingBlanksOfTheParameterAreKept", "right 2 3\nunknown  a  b  \n",
+            pass("right", "2 3",
+                 done("right", "2 3", 2 * move(Right) + probeResult("ClearAll", '#'), 2000)) +
+                pass("unknown", "a  b  ")),
+    session("LineThatStartsWithABlankHasAnEmptyCommand", " left 3\n", pass("", "left 3")),
+    session("RestOfOnlyBlanksIsTheParameter", "unknown   \n", pass("unknown", "   ")),
+    session("TabIsNoBlank", "left\t3\nquit\t\n", pass("left\t3", "null") + pass("quit\t", "null"),
+            "\t"),
+    session("EmptyLineRunsNothing", "\n", pass("", "null")),
+    session("MoreIsNoCommandOfTheLoop", "more\n", pass("more", "null")),
+    session("HideThenGetKeyAnswersTwo", "hide\ngetkey\n",
+            pass("hide", "null", kHidden) + getKey(probeAnswer(2))),
+    // Focus, Shift and the shown layout are those that the last command left.
+    session(
+        "CommandsStartFromTheStateOfTheLast", "right 3\ngetkey\nshift-right 1\ngetkey\n",
+        pass("right", "3", done("right", "3", 3 * move(Right) + probeResult("Oned3", '$'), 1500)) +
+            getKey(probeResult("Oned3", '$')) +
+            pass("shift-right", "1",
+                 done("shift-right", "1",
+                      3 * move(Down) + probeResult("Oned51", 'T') + move(Right) +
+                          probeResult("Oned52", 'U'),
+                      3000)) +
+            getKey(probeResult("Oned52", 'U'))),
+    {"ParameterOfTheCommandLineIsIgnored",
+     {"kb", "more", "7"},
+     "unknown\nquit \n",
+     start("more", "7") + Lines{"usage 329"} + pass("unknown", "null") + lastPass("quit", " ")},
+    {"CountThatIsNoNumberEndsTheProcess", kMore, "left 3\nleft\nquit \n",
+     kLoopStart + pass("left", "3", kLeft3) + lastPass("left", "null") + ended("left", "", {}),
+     kNoNumber},
+};
 
-TEST(KbLoopEnd, ParameterOfTheCommandLineIsIgnored)
-{
-    expectRun(runDriver({"kb", "more", "7"}, "unknown\nquit \n"),
-              start("more", "7") + Lines{"usage 329"} + pass("unknown", "null") +
-                  lastPass("quit", " "));
-}
-
-TEST(KbLoopEnd, CountThatIsNoNumberEndsTheProcess)
-{
-    expectRun(runDriver({"kb", "more"}, "left 3\nleft\nquit \n"),
-              kLoopStart + pass("left", "3", kLeft3) + lastPass("left", "null") +
-                  ended("left", "", {}),
-              "invalid_argument");
-}
+INSTANTIATE_TEST_SUITE_P(KbLoop, DriverRun, testing::ValuesIn(kSessions), RowName());
 
 TEST(KbLoopEnd, EndOfInputKeepsPrompting)
 {

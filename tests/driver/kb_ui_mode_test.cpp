@@ -7,11 +7,9 @@
 #include <gmock/gmock.h>
 
 #include "driver_run.h"
-#include "row.h"
 
 using namespace transcript;
 using test_process::Result;
-using test_support::Row;
 using test_support::RowName;
 using testing::HasSubstr;
 using testing::Not;
@@ -163,81 +161,67 @@ test_process::Command uiCommand(const TestPlace& place, Detail detail, const Lin
     return command;
 }
 
-Result runUi(Detail detail, const Lines& arguments, const std::string& input = "")
-{
-    const TestPlace place;
-    return test_process::run(uiCommand(place, detail, arguments), input);
-}
-
 const char kNoNumber[] = "invalid_argument";
 
-struct Script : Row {
-    Detail detail;
-    const char* command;
-    const char* parameter;
-    Lines steps;
-    const char* error = "";
-};
+std::string level(Detail detail)
+{
+    return detail == On ? "5000" : "";
+}
 
-const Script kScripts[] = {
-    {"Draw", On, "draw", "", done("draw", {"called"}, draw(On))},
+Run script(const char* name, Detail detail, const std::string& command,
+           const std::string& parameter, const Lines& steps, const char* error = "")
+{
+    const Lines words = {"kbui", command, parameter};
+    return {name, words, "", start(command, parameter) + steps, error, level(detail)};
+}
+
+const Run kScripts[] = {
+    script("Draw", On, "draw", "", done("draw", {"called"}, draw(On))),
     // Nothing is painted yet, so there is nothing to hide.
-    {"Hide", On, "hide", "", done("hide", {"called"}, kHideHidden)},
-    {"Show", On, "show", "", done("show", {"called"}, show(On))},
-    {"LoopShowHide", On, "loop-showhide", "3",
-     done("loop-showhide", {"param:3"}, 3 * showHide(On), 300)},
-    {"LoopDraw", On, "loop-draw", "2", done("loop-draw", {"param:2"}, 2 * draw(On))},
-    {"LoopFocus", On, "loop-focus", "1", loopFocus("1", 1, focusPass(On), 3800)},
-    {"Press", On, "press", "",
-     done("press", {},
-          setFocus(On) + paintedKey(kPressedKey) + Lines{"sleep 1"} + paintedKey(kPressedKey) +
-              setFocus(On),
-          2000)},
-    {"Lock", On, "lock", "", done("lock", {}, kLock)},
+    script("Hide", On, "hide", "", done("hide", {"called"}, kHideHidden)),
+    script("Show", On, "show", "", done("show", {"called"}, show(On))),
+    script("LoopShowHide", On, "loop-showhide", "3",
+           done("loop-showhide", {"param:3"}, 3 * showHide(On), 300)),
+    script("LoopDraw", On, "loop-draw", "2", done("loop-draw", {"param:2"}, 2 * draw(On))),
+    script("LoopFocus", On, "loop-focus", "1", loopFocus("1", 1, focusPass(On), 3800)),
+    script("Press", On, "press", "",
+           done("press", {},
+                setFocus(On) + paintedKey(kPressedKey) + Lines{"sleep 1"} +
+                    paintedKey(kPressedKey) + setFocus(On),
+                2000)),
+    script("Lock", On, "lock", "", done("lock", {}, kLock)),
     // Counts.
-    {"LoopDrawWithZeroDrawsNothing", On, "loop-draw", "0", loopDraw(0)},
-    {"LoopShowHideWithANegativeCountDrawsNothing", On, "loop-showhide", "-3",
-     done("loop-showhide", {"param:-3"}, {}, 1000)},
-    {"LoopDrawHasNoUpperBound", Off, "loop-draw", "60", loopDraw(60)},
-    {"EmptyParameterMeansFive", Off, "loop-draw", "", loopDraw(5)},
-    {"EmptyParameterMeansFivePasses", Off, "loop-focus", "",
-     loopFocus("", 5, 5 * focusPass(Off), 20000)},
-    {"LoopFocusAboveFiftyRunsFiftyPasses", Off, "loop-focus", "80",
-     loopFocus("80", 80, 50 * focusPass(Off), 191000)},
-    {"LoopFocusBelowZeroRunsFiftyPasses", Off, "loop-focus", "-1",
-     loopFocus("-1", -1, 50 * focusPass(Off), 191000)},
-    {"LoopFocusWithZeroRunsNoPass", On, "loop-focus", "0", loopFocus("0", 0, {}, 1000)},
-    {"TextBehindTheNumberIsIgnored", Off, "loop-focus", " 2 passes",
-     loopFocus(" 2 passes", 2, 2 * focusPass(Off), 7600)},
-    {"AWordEndsTheProcess", Off, "loop-draw", "abc", {"clock"}, kNoNumber},
-    {"BlanksEndTheProcess", Off, "loop-draw", "   ", {"clock"}, kNoNumber},
-    {"ASignEndsTheProcess", Off, "loop-draw", "-", {"clock"}, kNoNumber},
-    {"AboveTheHighestIntEndsTheProcess", Off, "loop-focus", "2147483648",
-     ended("loop-focus", {"param:2147483648"}), "out_of_range"},
+    script("LoopDrawWithZeroDrawsNothing", On, "loop-draw", "0", loopDraw(0)),
+    script("LoopShowHideWithANegativeCountDrawsNothing", On, "loop-showhide", "-3",
+           done("loop-showhide", {"param:-3"}, {}, 1000)),
+    script("LoopDrawHasNoUpperBound", Off, "loop-draw", "60", loopDraw(60)),
+    script("EmptyParameterMeansFive", Off, "loop-draw", "", loopDraw(5)),
+    script("EmptyParameterMeansFivePasses", Off, "loop-focus", "",
+           loopFocus("", 5, 5 * focusPass(Off), 20000)),
+    script("LoopFocusAboveFiftyRunsFiftyPasses", Off, "loop-focus", "80",
+           loopFocus("80", 80, 50 * focusPass(Off), 191000)),
+    script("LoopFocusBelowZeroRunsFiftyPasses", Off, "loop-focus", "-1",
+           loopFocus("-1", -1, 50 * focusPass(Off), 191000)),
+    script("LoopFocusWithZeroRunsNoPass", On, "loop-focus", "0", loopFocus("0", 0, {}, 1000)),
+    script("TextBehindTheNumberIsIgnored", Off, "loop-focus", " 2 passes",
+           loopFocus(" 2 passes", 2, 2 * focusPass(Off), 7600)),
+    script("AWordEndsTheProcess", Off, "loop-draw", "abc", {"clock"}, kNoNumber),
+    script("BlanksEndTheProcess", Off, "loop-draw", "   ", {"clock"}, kNoNumber),
+    script("ASignEndsTheProcess", Off, "loop-draw", "-", {"clock"}, kNoNumber),
+    script("AboveTheHighestIntEndsTheProcess", Off, "loop-focus", "2147483648",
+           ended("loop-focus", {"param:2147483648"}), "out_of_range"),
+    {"ThreeArgumentsHaveAnEmptyParameter",
+     {"kbui", "loop-showhide"},
+     "",
+     start("loop-showhide", "", 3) + done("loop-showhide", {"param:5"}, 5 * showHide(Off), 500)},
 };
 
-using KbUiCommand = testing::TestWithParam<Script>;
-
-TEST_P(KbUiCommand, AsksTheRendererAndTellsItsTime)
-{
-    const Script& script = GetParam();
-    expectRun(runUi(script.detail, {script.command, script.parameter}),
-              start(script.command, script.parameter) + script.steps, script.error);
-}
-
-INSTANTIATE_TEST_SUITE_P(Scripts, KbUiCommand, testing::ValuesIn(kScripts), RowName());
-
-TEST(KbUi, CommandWithThreeArgumentsHasAnEmptyParameter)
-{
-    expectRun(runUi(Off, {"loop-showhide"}),
-              start("loop-showhide", "", 3) +
-                  done("loop-showhide", {"param:5"}, 5 * showHide(Off), 500));
-}
+INSTANTIATE_TEST_SUITE_P(KbUiCommand, DriverRun, testing::ValuesIn(kScripts), RowName());
 
 TEST(KbUi, UnknownCommandDoesNothing)
 {
     for (const std::string command : {"", "Draw", "draw ", "left", "quit"})
-        expectRun(runUi(On, {command, "3"}), start(command, "3"));
+        expectRun({"", {"kbui", command, "3"}, "", start(command, "3"), "", level(On)});
 }
 
 // Without its font the renderer paints no key; a frame and a repaint of none are all there is.
@@ -273,6 +257,7 @@ TEST(KbUiWithoutAFont, PressEndsTheProcessThroughItsText)
 const std::string kUsage = kbUiLine(
     "kb_ui_test", "usage:\t =>cmd:[show|hide|draw | loop-showhide |loop-draw | loop-focus ] ");
 const std::string kPrompt = kbUiLine("get_inputs", "=>pls input cmd  [parames]");
+const Lines kMore = {"kbui", "more"};
 const Lines kLoopStart = start("more", "", 3) + Lines{kUsage};
 
 // The pass that ends the loop: prompt and echo.
@@ -290,74 +275,56 @@ Lines pass(const std::string& command, const std::string& parameter, const Lines
 }
 
 // Lines that are typed, and behind them "quit".
-struct Session : Row {
-    Detail detail;
-    const char* input;
-    Lines passes;
-};
-
-const Session kSessions[] = {
-    {"QuitAloneEndsIt", Off, "", {}},
-    {"QuitInTheParameterDoesNotEndIt", Off, "unknown quit\n quit\nQUIT\n",
-     pass("unknown", "quit") + pass("", "quit") + pass("QUIT", "null")},
-    {"ShowTwicePaintsOnce", On, "show\nshow\n",
-     pass("show", "null", done("show", {"called"}, show(On))) +
-         pass("show", "null", done("show", {"called"}, {"ui show called "}))},
-    {"HideAfterDrawClearsTheWindowOnce", On, "draw\nhide\nhide\n",
-     pass("draw", "null", done("draw", {"called"}, draw(On))) +
-         pass("hide", "null", done("hide", {"called"}, kHide)) +
-         pass("hide", "null", done("hide", {"called"}, kHideHidden))},
-    {"LockedKeyStaysSunkenInEveryStepOfLoopFocus", On, "lock\nloop-focus 1\n",
-     pass("lock", "null", done("lock", {}, kLock)) +
-         pass("loop-focus", "1", loopFocus("1", 1, focusPass(On, {kLockedKey}), 3800))},
-    {"SeveralBlanksBeforeTheParameterAreSkipped", Off, "loop-draw    7\n",
-     pass("loop-draw", "7", loopDraw(7))},
-    {"InnerAndTrailingBlanksOfTheParameterAreKept", Off, "unknown  a  b  \nunknown   \n",
-     pass("unknown", "a  b  ") + pass("unknown", "   ")},
-    {"ParameterOfOnePassIsForgottenInTheNext", Off, "loop-draw 2\nloop-draw\n",
-     pass("loop-draw", "2", loopDraw(2)) + pass("loop-draw", "null", loopDraw(5))},
-    {"UnknownCommandIsEchoedAndIgnored", Off, "left 3\nmore\n",
-     pass("left", "3") + pass("more", "null")},
-    {"EmptyLineIsEchoedAndRunsNothing", Off, "\n draw\n", pass("", "null") + pass("", "draw")},
-};
-
-using KbUiLoop = testing::TestWithParam<Session>;
-
-TEST_P(KbUiLoop, AnswersEachLine)
+Run session(const char* name, Detail detail, const std::string& input, const Lines& passes)
 {
-    const Session& session = GetParam();
-    expectRun(runUi(session.detail, {"more"}, session.input + std::string("quit\n")),
-              kLoopStart + session.passes + kQuit);
+    return {name, kMore, input + "quit\n", kLoopStart + passes + kQuit, "", level(detail)};
 }
 
-INSTANTIATE_TEST_SUITE_P(Sessions, KbUiLoop, testing::ValuesIn(kSessions), RowName());
+const Run kSessions[] = {
+    session("QuitAloneEndsIt", Off, "", {}),
+    session("QuitInTheParameterDoesNotEndIt", Off, "unknown quit\n quit\nQUIT\n",
+            pass("unknown", "quit") + pass("", "quit") + pass("QUIT", "null")),
+    session("ShowTwicePaintsOnce", On, "show\nshow\n",
+            pass("show", "null", done("show", {"called"}, show(On))) +
+                pass("show", "null", done("show", {"called"}, {"ui show called "}))),
+    session("HideAfterDrawClearsTheWindowOnce", On, "draw\nhide\nhide\n",
+            pass("draw", "null", done("draw", {"called"}, draw(On))) +
+                pass("hide", "null", done("hide", {"called"}, kHide)) +
+                pass("hide", "null", done("hide", {"called"}, kHideHidden))),
+    session("LockedKeyStaysSunkenInEveryStepOfLoopFocus", On, "lock\nloop-focus 1\n",
+            pass("lock", "null", done("lock", {}, kLock)) +
+                pass("loop-focus", "1", loopFocus("1", 1, focusPass(On, {kLockedKey}), 3800))),
+    session("SeveralBlanksBeforeTheParameterAreSkipped", Off, "loop-draw    7\n",
+            pass("loop-draw", "7", loopDraw(7))),
+    session("InnerAndTrailingBlanksOfTheParameterAreKept", Off, "unknown  a  b  \nunknown   \n",
+            pass("unknown", "a  b  ") + pass("unknown", "   ")),
+    session("ParameterOfOnePassIsForgottenInTheNext", Off, "loop-draw 2\nloop-draw\n",
+            pass("loop-draw", "2", loopDraw(2)) + pass("loop-draw", "null", loopDraw(5))),
+    session("UnknownCommandIsEchoedAndIgnored", Off, "left 3\nmore\n",
+            pass("left", "3") + pass("more", "null")),
+    session("EmptyLineIsEchoedAndRunsNothing", Off, "\n draw\n",
+            pass("", "null") + pass("", "draw")),
+    {"CommandThatContainsQuitEndsIt", kMore, "xquity 3\n", kLoopStart + lastPass("xquity", "3")},
+    {"QuitWithABlankEndsIt", kMore, "quit \n", kLoopStart + lastPass("quit", " ")},
+    // A count of nothing but blanks is a parameter, and no number.
+    {"BlankCountEndsTheProcess", kMore, "loop-draw  \nquit\n",
+     kLoopStart + lastPass("loop-draw", "  ") + Lines{"clock"}, kNoNumber},
+    {"ParameterOfTheCommandLineIsIgnored",
+     {"kbui", "more", "2"},
+     "loop-draw\nquit\n",
+     start("more", "2") + Lines{kUsage} + pass("loop-draw", "null", loopDraw(5)) + kQuit},
+};
 
-TEST(KbUiLoopEnd, CommandThatContainsQuitEndsIt)
-{
-    expectRun(runUi(Off, {"more"}, "xquity 3\n"), kLoopStart + lastPass("xquity", "3"));
-    expectRun(runUi(Off, {"more"}, "quit \n"), kLoopStart + lastPass("quit", " "));
-}
+INSTANTIATE_TEST_SUITE_P(KbUiLoop, DriverRun, testing::ValuesIn(kSessions), RowName());
 
 TEST(KbUiLoopEnd, UsageIsFollowedByAnEmptyLine)
 {
-    const Result result = runUi(Off, {"more"}, "unknown\nquit\n");
+    const TestPlace place;
+    const Result result = test_process::run(uiCommand(place, Off, {"more"}), "unknown\nquit\n");
     EXPECT_EQ(test_process::countOf("kb_ui_test(): usage:\t =>cmd:[show|hide|draw | "
                                     "loop-showhide |loop-draw | loop-focus ] \n\n[B-LOG]",
                                     result.out),
               2);
-}
-
-// A count of nothing but blanks is a parameter, and no number.
-TEST(KbUiLoopEnd, BlankCountEndsTheProcess)
-{
-    expectRun(runUi(Off, {"more"}, "loop-draw  \nquit\n"),
-              kLoopStart + lastPass("loop-draw", "  ") + Lines{"clock"}, kNoNumber);
-}
-
-TEST(KbUiLoopEnd, ParameterOfTheCommandLineIsIgnored)
-{
-    expectRun(runUi(Off, {"more", "2"}, "loop-draw\nquit\n"),
-              start("more", "2") + Lines{kUsage} + pass("loop-draw", "null", loopDraw(5)) + kQuit);
 }
 
 TEST(KbUiLoopEnd, EndOfInputKeepsPrompting)
