@@ -31,14 +31,14 @@ const Row kRows[] = {
 
 const std::map<std::string, std::string>& bases()
 {
-    static const std::map<std::string, std::string> table = [] {
+    static const std::map<std::string, std::string> kTable = [] {
         std::map<std::string, std::string> bases;
         for (const Row& row : kRows)
             for (const char32_t derived : codePoints(row.derived))
                 bases.emplace(fromCodePoint(derived), row.base);
         return bases;
     }();
-    return table;
+    return kTable;
 }
 
 } // namespace

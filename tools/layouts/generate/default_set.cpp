@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string_view>
 
 #include "positions.h"
 #include "repertoire.h"
@@ -27,7 +28,12 @@ constexpr double kFrequent = 0.015;
 constexpr double kShiftPresses = 6;
 
 // They stay, wanted for addresses and ordinary text in every language.
-const std::set<std::string> kKept = {".", ",", "-", "@"};
+constexpr std::string_view kKept = ".,-@";
+
+bool isKept(const std::string& text)
+{
+    return text.size() == 1 && kKept.find(text) != std::string_view::npos;
+}
 
 class DefaultSet
 {
@@ -174,7 +180,7 @@ private:
         const std::string& text = shifted ? m_keys.at(i).shifted : m_keys.at(i).plain;
         if (text.empty())
             return true;
-        if (kKept.count(text) || isAsciiAlphanumeric(text) || m_repertoire.share(text) > 0)
+        if (isKept(text) || isAsciiAlphanumeric(text) || m_repertoire.share(text) > 0)
             return false;
         const bool isDigit = digitValue(text) >= 0 && m_repertoire.uses(text);
         return !isDigit && !m_repertoire.isLetter(text) &&

@@ -13,7 +13,7 @@ Repertoire::Repertoire(const Language& language)
     : m_name(language.name), m_locale(language.icuName),
       m_letters(withUpperCases(mainLetters(language))),
       m_foreign(withUpperCases(auxiliaryLetters(language))), m_digits(digitsOf(language)),
-      m_nativeDigits(nativeDigitsOf(language))
+      m_native_digits(nativeDigitsOf(language))
 {
     for (const std::string& mark : punctuationOf(language))
         if (isSign(mark))
@@ -26,7 +26,7 @@ Repertoire::Repertoire(const Language& language)
     for (const KeyTexts& letter : characters(m_foreign))
         add({letter.plain, letter.shifted}, m_used);
     add(m_digits, m_used);
-    add(m_nativeDigits, m_used);
+    add(m_native_digits, m_used);
     add(m_punctuation, m_used);
     countWords(wordsOf(language));
 }
@@ -53,11 +53,11 @@ void Repertoire::countWords(const std::vector<std::string>& words)
     }
     for (auto& share : m_shares) {
         share.second /= total;
-        m_byUse.push_back(share.first);
+        m_by_use.push_back(share.first);
         m_used.insert(share.first);
     }
     std::stable_sort(
-        m_byUse.begin(), m_byUse.end(),
+        m_by_use.begin(), m_by_use.end(),
         [&](const std::string& a, const std::string& b) { return share(a) > share(b); });
 }
 

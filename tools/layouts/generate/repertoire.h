@@ -32,12 +32,12 @@ public:
                                      bool decomposed = false) const;
 
     // The characters of running text, the most frequent first, and of 1 how much of it each is.
-    const std::vector<std::string>& byUse() const { return m_byUse; }
+    const std::vector<std::string>& byUse() const { return m_by_use; }
     double share(const std::string& character) const;
 
     // From zero to nine.
     const std::vector<std::string>& digits() const { return m_digits; }
-    const std::vector<std::string>& nativeDigits() const { return m_nativeDigits; }
+    const std::vector<std::string>& nativeDigits() const { return m_native_digits; }
     const std::vector<std::string>& punctuation() const { return m_punctuation; }
 
     // Whether the character is of the alphabet, in either case or as a mark of its letters, and
@@ -59,9 +59,9 @@ private:
     std::vector<KeyTexts> m_letters;
     std::vector<KeyTexts> m_foreign;
     std::map<std::string, double> m_shares;
-    std::vector<std::string> m_byUse;
+    std::vector<std::string> m_by_use;
     std::vector<std::string> m_digits;
-    std::vector<std::string> m_nativeDigits;
+    std::vector<std::string> m_native_digits;
     std::vector<std::string> m_punctuation;
     std::set<std::string> m_alphabet;
     std::set<std::string> m_used;
