@@ -141,6 +141,17 @@ TEST_P(Layout, HasTheDigitsInARow)
     EXPECT_TRUE(isRow);
 }
 
+// Web addresses are what people type most. Dzongkha and Khmer leave too few keys for the full stop,
+// which they do not end sentences with.
+TEST_P(Layout, HasTheSignsOfAddressesOnTheFirstFace)
+{
+    const std::map<std::string, Place> places = placesOf(shippedKeyMap(GetParam()));
+    for (const char* sign : {"@", "/", "."}) {
+        const bool hasNoPlace = *sign == '.' && (GetParam() == "Dzongkha" || GetParam() == "Khmer");
+        EXPECT_EQ(places.at(sign).face == kFaces, !hasNoPlace) << sign;
+    }
+}
+
 // A page that takes only digits looks at the code, from 48 for zero.
 TEST_P(Layout, GivesDigitsTheirCode)
 {

@@ -13,7 +13,7 @@ namespace
 
 // What goes on keys that the language leaves free, the most wanted first. Web addresses are
 // what people type here.
-const char* const kWebPlain[] = {"@", "/",  "_",  ":", "?", "!", "&", "#", "-", ".", ",",
+const char* const kWebPlain[] = {"@", "/",  "_",  ":", "?", ".", "!", "-", "&", "#", ",",
                                  "'", "\"", "=",  "+", "*", "%", "(", ")", ";", "$", "~",
                                  "^", "|",  "\\", "<", ">", "[", "]", "{", "}", "`"};
 const char* const kWebShifted[] = {"€", "£", "$", "¥", "§", "°", "«", "»",
