@@ -4,7 +4,7 @@
 #include <m17n.h>
 
 #include "engine.h"
-#include "m17n_spelling.h"
+#include "m17n_tables.h"
 #include "text.h"
 
 using namespace input_methods;
@@ -29,9 +29,8 @@ bool startLibrary(const std::string& dataFolder)
 class M17n : public Engine
 {
 public:
-    explicit M17n(MInputMethod* method)
-        : m_method(method), m_context(minput_create_ic(method, nullptr)),
-          m_spelling(method->language, method->name)
+    M17n(MInputMethod* method, const TableName& table)
+        : m_method(method), m_context(minput_create_ic(method, nullptr)), m_spelling(table)
     {
     }
 
@@ -89,7 +88,8 @@ public:
     void addPreedit(std::string& text) const override { text += fromMText(m_context->preedit); }
 
 private:
-    // minput_reset_ic writes to freed memory once a table has handed a key on to another.
+    // minput_reset_ic writes to freed memory once a table has handed a key on to another. The
+    // price: a context that ends within a word loses the few bytes that it has saved of it.
     void startContext()
     {
         minput_destroy_ic(m_context);
@@ -135,11 +135,14 @@ Engine* VKB_MAKE_ENGINE(const EngineSettings& settings, std::string& problem)
     const size_t blank = settings.scheme.find(' ');
     const std::string language = settings.scheme.substr(0, blank);
     const std::string name = blank == std::string::npos ? "" : settings.scheme.substr(blank + 1);
-    MInputMethod* method =
-        minput_open_im(msymbol(language.c_str()), msymbol(name.c_str()), nullptr);
+    const TableName table = {msymbol(language.c_str()), msymbol(name.c_str()), Mnil};
+    std::string missing = missingTable({Mt, Mnil, msymbol("global")}); // that all methods need
+    if (missing.empty())
+        missing = missingTable(table);
+    MInputMethod* method = missing.empty() ? minput_open_im(table[0], table[1], nullptr) : nullptr;
     if (method != nullptr)
-        return new M17n(method);
-    problem = "m17n has no table " + language + "-" + name +
+        return new M17n(method, table);
+    problem = "m17n has no table " + (missing.empty() ? language + "-" + name : missing) +
               ".mim, neither in /usr/share/m17n nor in " + settings.dataFolder;
     return nullptr;
 }

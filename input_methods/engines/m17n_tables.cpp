@@ -1,5 +1,5 @@
-// Reads m17n's tables the other way round: from a character to its keys.
-#include "m17n_spelling.h"
+// Reads m17n's tables: what they need, and from a character back to its keys.
+#include "m17n_tables.h"
 
 #include <cctype>
 #include <cstdlib>
@@ -57,33 +57,60 @@ template <typename Take> void forEachList(MPlist* list, const Take& take)
             take(static_cast<MPlist*>(mplist_value(list)));
 }
 
-// All rules of a table, and of those that it includes.
-void readTable(MSymbol language, MSymbol name, Spellings& spellings)
+// Calls back for each part of a table that has this name.
+template <typename Take> void forEachPart(MPlist* table, const char* name, const Take& take)
 {
-    MDatabase* database = mdatabase_find(msymbol("input-method"), language, name, Mnil);
-    MPlist* table = database == nullptr ? nullptr : static_cast<MPlist*>(mdatabase_load(database));
-    if (table == nullptr)
-        return;
     forEachList(table, [&](MPlist* part) {
-        if (isSymbol(part, "map"))
-            forEachList(part, [&](MPlist* map) {
-                forEachList(map, [&](MPlist* rule) { readRule(rule, spellings); });
-            });
-        if (!isSymbol(part, "include"))
+        if (isSymbol(part, name))
+            take(part);
+    });
+}
+
+// Null where m17n has none.
+MPlist* load(const TableName& table)
+{
+    MDatabase* database = mdatabase_find(msymbol("input-method"), table[0], table[1], table[2]);
+    return database == nullptr ? nullptr : static_cast<MPlist*>(mdatabase_load(database));
+}
+
+// Calls back with the name of each table that this one includes.
+template <typename Take> void forEachInclude(MPlist* table, const Take& take)
+{
+    forEachPart(table, "include", [&](MPlist* part) {
+        MPlist* names = mplist_next(part);
+        if (names == nullptr || mplist_key(names) != Mplist)
             return;
-        MPlist* other = mplist_next(part);
-        if (other == nullptr || mplist_key(other) != Mplist)
-            return;
-        MPlist* names = static_cast<MPlist*>(mplist_value(other));
-        MSymbol tags[2] = {Mnil, Mnil};
-        for (MSymbol& tag : tags)
+        TableName included = {Mnil, Mnil, Mnil};
+        names = static_cast<MPlist*>(mplist_value(names));
+        for (MSymbol& name : included)
             if (names != nullptr && mplist_key(names) == Msymbol) {
-                tag = static_cast<MSymbol>(mplist_value(names));
+                name = static_cast<MSymbol>(mplist_value(names));
                 names = mplist_next(names);
             }
-        readTable(tags[0], tags[1], spellings);
+        take(included);
     });
+}
+
+// All rules of a table, and of those that it includes.
+void readTable(const TableName& name, Spellings& spellings)
+{
+    MPlist* table = load(name);
+    if (table == nullptr)
+        return;
+    forEachPart(table, "map", [&](MPlist* part) {
+        forEachList(part, [&](MPlist* map) {
+            forEachList(map, [&](MPlist* rule) { readRule(rule, spellings); });
+        });
+    });
+    forEachInclude(table, [&](const TableName& included) { readTable(included, spellings); });
     m17n_object_unref(table);
+}
+
+std::string fileName(const TableName& table)
+{
+    if (table[2] != Mnil)
+        return msymbol_name(table[2]);
+    return std::string(msymbol_name(table[0])) + "-" + msymbol_name(table[1]);
 }
 
 // The character without its marks; empty for one that is no Latin letter.
@@ -118,11 +145,25 @@ std::vector<std::string> changedLetter(const std::string& character,
 
 } // namespace
 
+std::string missingTable(const TableName& name)
+{
+    MPlist* table = load(name);
+    if (table == nullptr)
+        return fileName(name);
+    std::string missing;
+    forEachInclude(table, [&](const TableName& included) {
+        if (missing.empty())
+            missing = missingTable(included);
+    });
+    m17n_object_unref(table);
+    return missing;
+}
+
 std::vector<std::string> M17nSpelling::of(const std::string& character,
                                           const std::function<bool(const std::string&)>& gives)
 {
     if (m_known.empty())
-        readTable(m_language, m_table, m_known);
+        readTable(m_table, m_known);
     std::vector<std::string>& known = m_known[character];
     if (known.empty())
         known = changedLetter(character, gives);

@@ -1,6 +1,7 @@
-#ifndef INPUT_METHODS_ENGINES_M17N_SPELLING_H
-#define INPUT_METHODS_ENGINES_M17N_SPELLING_H
+#ifndef INPUT_METHODS_ENGINES_M17N_TABLES_H
+#define INPUT_METHODS_ENGINES_M17N_TABLES_H
 
+#include <array>
 #include <functional>
 #include <map>
 #include <string>
@@ -13,11 +14,18 @@ namespace input_methods
 
 std::string fromMText(MText* text); // UTF-8
 
+// A table by m17n's own names: language, name, and one more where these are not enough, or Mnil.
+using TableName = std::array<MSymbol, 3>;
+
+// The first table that this one needs, itself too, and that m17n has not, such as "am-sera"; empty
+// when it has all. Without one that it includes m17n would compose in part, or crash.
+std::string missingTable(const TableName& table);
+
 // Which letters compose a character by one of m17n's tables.
 class M17nSpelling
 {
 public:
-    M17nSpelling(MSymbol language, MSymbol table) : m_language(language), m_table(table) {}
+    explicit M17nSpelling(const TableName& table) : m_table(table) {}
 
     // As the table says, the shortest first; or, where it says how letters are changed and not
     // which come of it, the letter with at most two more: gives says whether letters compose the
@@ -26,8 +34,7 @@ public:
                                 const std::function<bool(const std::string&)>& gives);
 
 private:
-    MSymbol m_language;
-    MSymbol m_table;
+    TableName m_table;
     std::map<std::string, std::vector<std::string>> m_known; // by character, once one was asked for
 };
 

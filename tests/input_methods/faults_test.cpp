@@ -54,6 +54,28 @@ protected:
         test_process::Command command;
         command.words = {INPUT_METHOD, layout, "--data", DATA_FOLDER};
         command.words.insert(command.words.end(), more.begin(), more.end());
+        command.environment["HOME"] = m_folder;
+        return test_process::run(command, input);
+    }
+
+    // The folder is a disk of the test's own, of 64 KiB, that only the program sees; commands run
+    // in it before. The exit status is 77 where the system forbids that.
+    test_process::Result tryOnDisk(const fs::path& disk, const std::string& commands,
+                                   const std::string& layout, const std::string& input)
+    {
+        test_process::Command command;
+        command.words = {"unshare",
+                         "--user",
+                         "--map-current-user",
+                         "--keep-caps",
+                         "--mount",
+                         "bash",
+                         "-c",
+                         "mount -t tmpfs -o size=64k tmpfs '" + disk.string() + "' && cd '" +
+                             disk.string() + "' || exit 77; " + commands +
+                             " exec '" INPUT_METHOD "' " + layout +
+                             " --data '" DATA_FOLDER "' --learn ."};
+        command.forTarget = false;
         return test_process::run(command, input);
     }
 
@@ -172,6 +194,41 @@ TEST_F(Faults, DataThatCannotBeReadIsNamed)
     }
 }
 
+struct Tables {
+    const char* layout;
+    const char* there; // of /usr/share/m17n
+    const char* missing;
+};
+
+const Tables kTables[] = {
+    {"Amharic", "am-sera.mim", "global.mim"},
+    {"Yi", "am-sera.mim", "global.mim"},
+    {"Amharic", "global.mim", "am-sera.mim"},
+    {"Tigrinya", "global.mim", "am-sera.mim"},
+    {"Vietnamese_Telex", "global.mim", "vi-telex.mim"},
+    {"Vietnamese_Telex", "global.mim vi-telex.mim", "vi-base.mim"},
+};
+
+// m17n's tables lie where it was built for: there a disk of the test's own hides them.
+TEST_F(Faults, MissingTablesOfAPackageAreNamed)
+{
+    const fs::path packaged = "/usr/share/m17n";
+    fs::copy(packaged, folder());
+    for (const Tables& tables : kTables) {
+        const std::string files = "(cd '" + folder().string() + "' && cp " + tables.there + " " +
+                                  packaged.string() + ");";
+        const test_process::Result result = tryOnDisk(packaged, files, tables.layout, "selam\n");
+        if (result.exitStatus == 77)
+            GTEST_SKIP() << "this system forbids a process its own disk";
+        EXPECT_EQ(result.exitStatus, 2)
+            << tables.layout << " signal " << result.signal << result.out;
+        EXPECT_THAT(result.err,
+                    HasSubstr(std::string(tables.layout) + ": no input method: m17n has no table " +
+                              tables.missing));
+        EXPECT_THAT(result.err, HasSubstr("install libm17n-0 m17n-db"));
+    }
+}
+
 // A table of ours that is broken in any way types the letters themselves, or is named.
 TEST_F(Faults, ATableThatIsCutOffLeavesTheLetters)
 {
@@ -205,7 +262,6 @@ TEST_F(Faults, AFolderThatCannotBeWrittenIsNotLearnedIn)
     }
 }
 
-// The disk is one of the test's own, of 64 KiB; only the program sees it.
 struct Disk {
     const char* name;
     const char* command; // in the folder in which is learned
@@ -228,20 +284,8 @@ TEST_P(FaultsOfADisk, LeaveWhatWasTyped)
     for (const char* layout : {"Chinese_Pinyin", "Chinese_Zhuyin", "Japanese"}) {
         const std::string keys = std::string(layout) == "Chinese_Zhuyin" ? "ㄋㄧˇ" : "nihon";
         const test_process::Result before = tryOut(layout, keys + "<1>\n");
-        test_process::Command command;
-        command.words = {"unshare",
-                         "--user",
-                         "--map-current-user",
-                         "--keep-caps",
-                         "--mount",
-                         "bash",
-                         "-c",
-                         "mount -t tmpfs -o size=64k tmpfs '" + folder().string() + "' && cd '" +
-                             folder().string() + "' || exit 77; " + GetParam().command +
-                             " exec '" INPUT_METHOD "' " + layout +
-                             " --data '" DATA_FOLDER "' --learn ."};
-        command.forTarget = false;
-        const test_process::Result result = test_process::run(command, keys + "<1>\n");
+        const test_process::Result result =
+            tryOnDisk(folder(), GetParam().command, layout, keys + "<1>\n");
         if (result.exitStatus == 77)
             GTEST_SKIP() << "this system forbids a process its own disk";
         EXPECT_EQ(result.exitStatus, 0) << layout << result.signal << result.err;
