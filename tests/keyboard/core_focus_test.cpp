@@ -21,7 +21,8 @@ protected:
     // English's key at this place has these neighbours.
     Keys startWithNeighbours(int place, int left, int right, int up, int down)
     {
-        Key key = allKindsDefaultKeys("English")[static_cast<size_t>(place)];
+        std::vector<Key> keys = allKindsDefaultKeys("English");
+        Key& key = keys[static_cast<size_t>(place)];
         key.left = left;
         key.right = right;
         key.up = up;
@@ -29,14 +30,7 @@ protected:
         writeEnglish(place, key);
         start();
         focus(place);
-
-        Keys shown = keys();
-        Button_t& changed = shown[static_cast<size_t>(place)];
-        changed.left_button = left;
-        changed.right_button = right;
-        changed.up_button = up;
-        changed.down_button = down;
-        return shown;
+        return buttons(allKindsCatalogue(), keys, false);
     }
 
     // The key at place 4 says that it is at place 1.

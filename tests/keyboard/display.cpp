@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+#include <gmock/gmock.h>
+
 namespace
 {
 
@@ -90,4 +92,12 @@ test_support::Picture shownOn(IDirectFBSurface* surface)
                     row * sizeof(uint32_t));
     require(surface->Unlock(surface), "Unlock");
     return picture;
+}
+
+void expectShown(const char* picture, IDirectFBSurface* surface)
+{
+    if (picture == nullptr)
+        EXPECT_THAT(shownOn(surface).pixels, testing::Each(0u));
+    else
+        EXPECT_PICTURE(picture, shownOn(surface));
 }

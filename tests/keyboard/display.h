@@ -30,4 +30,7 @@ void prepareDisplay();
 // What the surface shows: its front buffer.
 test_support::Picture shownOn(IDirectFBSurface* surface);
 
+// It shows the expected picture of this name; null: it is transparent.
+void expectShown(const char* picture, IDirectFBSurface* surface);
+
 #endif

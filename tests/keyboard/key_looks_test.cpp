@@ -1,8 +1,6 @@
 // Every look of single keys, on a small window: three keys in a row, the last higher and wider
 // than the others.
 
-#include <gmock/gmock.h>
-
 #include "display.h"
 #include "renderer_acts.h"
 #include "row.h"
@@ -67,7 +65,7 @@ TEST_P(KeyLooks, Picture)
     Panel panel;
     ASSERT_TRUE(panel.load());
     doAll(GetParam().acts, panel);
-    EXPECT_PICTURE(GetParam().picture, shownOn(panel.surface));
+    expectShown(GetParam().picture, panel.surface);
 }
 
 INSTANTIATE_TEST_SUITE_P(Paintings, KeyLooks, testing::ValuesIn(kPaintings), RowName());
@@ -78,9 +76,9 @@ TEST(KeyLook, WithoutAFontTheFocusDrawsItsFrameAlone)
     panel.font = "/no/such/font.ttf";
     EXPECT_FALSE(panel.load());
     focus(0)(panel);
-    EXPECT_PICTURE("frame-alone", shownOn(panel.surface));
+    expectShown("frame-alone", panel.surface);
     lock({kShift})(panel);
-    EXPECT_PICTURE("panel", shownOn(panel.surface)) << "the other buffer comes to the front";
+    expectShown("panel", panel.surface); // the other buffer comes to the front
 }
 
 } // namespace

@@ -33,27 +33,18 @@ struct Choice : Row {
     Keys keys;
 };
 
+// A key of one cell and a special one of two, beside each other.
+Keys example(const char* text, int keyCode, int character, const char* special, bool isSpecial)
+{
+    return {{text, {4, 4, 60, 50}, 0, false, false, keyCode, character, 1, 1, 0, 0},
+            {special, {68, 4, 124, 50}, 1, isSpecial, false, 0, 0, 0, 0, 1, 1}};
+}
+
 const Choice kChoices[] = {
-    {"Default",
-     false,
-     false,
-     {{"a", {4, 4, 60, 50}, 0, false, false, 65, 97, 1, 1, 0, 0},
-      {"Shift", {68, 4, 124, 50}, 1, true, false, 0, 0, 0, 0, 1, 1}}},
-    {"DefaultShift",
-     true,
-     false,
-     {{"A", {4, 4, 60, 50}, 0, false, false, 65, 65, 1, 1, 0, 0},
-      {"", {68, 4, 124, 50}, 1, true, false, 0, 0, 0, 0, 1, 1}}},
-    {"Symbol",
-     false,
-     true,
-     {{"1", {4, 4, 60, 50}, 0, false, false, 49, 49, 1, 1, 0, 0},
-      {"", {68, 4, 124, 50}, 1, false, false, 0, 0, 0, 0, 1, 1}}},
-    {"SymbolShift",
-     true,
-     true,
-     {{"!", {4, 4, 60, 50}, 0, false, false, 49, 33, 1, 1, 0, 0},
-      {"", {68, 4, 124, 50}, 1, false, false, 0, 0, 0, 0, 1, 1}}},
+    {"Default", false, false, example("a", 65, 97, "Shift", true)},
+    {"DefaultShift", true, false, example("A", 65, 65, "", true)},
+    {"Symbol", false, true, example("1", 49, 49, "", false)},
+    {"SymbolShift", true, true, example("!", 49, 33, "", false)},
 };
 
 class KeyMapTest : public testing::Test

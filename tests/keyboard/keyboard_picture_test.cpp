@@ -3,8 +3,6 @@
 #include <cstdlib>
 #include <string>
 
-#include <gmock/gmock.h>
-
 #include "display.h"
 #include "keyboard_core.h"
 #include "layout_folder.h"
@@ -59,10 +57,7 @@ TEST_P(KeyboardPicture, Shows)
         else
             core.onKeyEvent(key == 'o' ? 13 : key == 'r' ? 39 : 40);
     }
-    if (GetParam().picture == nullptr)
-        EXPECT_THAT(shownOn(window).pixels, testing::Each(0u));
-    else
-        EXPECT_PICTURE(GetParam().picture, shownOn(window));
+    expectShown(GetParam().picture, window);
 }
 
 INSTANTIATE_TEST_SUITE_P(Keys, KeyboardPicture, testing::ValuesIn(kPresses), RowName());

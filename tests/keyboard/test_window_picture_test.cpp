@@ -3,8 +3,6 @@
 
 #include <cstdlib>
 
-#include <gmock/gmock.h>
-
 #include "display.h"
 #include "kb_ui_test.h"
 #include "layout_folder.h"
@@ -37,10 +35,7 @@ TEST_P(TestWindowPicture, Shows)
     prepareDisplay();
     initDFB(0, nullptr, {100, 100, 800, 600});
     EXPECT_EQ(kb_ui_test(GetParam().command, GetParam().parameter), 0);
-    if (GetParam().picture == nullptr)
-        EXPECT_THAT(shownOn(surface).pixels, testing::Each(0u));
-    else
-        EXPECT_PICTURE(GetParam().picture, shownOn(surface));
+    expectShown(GetParam().picture, surface);
 }
 
 INSTANTIATE_TEST_SUITE_P(Commands, TestWindowPicture, testing::ValuesIn(kCommands),

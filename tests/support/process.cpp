@@ -11,7 +11,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace test_process
@@ -219,16 +218,6 @@ void Process::kill(int signal)
     while (::waitpid(m_pid, &m_wait_status, 0) < 0 && errno == EINTR) {
     }
     m_ended = true;
-}
-
-int Process::exitStatus() const
-{
-    return m_ended && WIFEXITED(m_wait_status) ? WEXITSTATUS(m_wait_status) : -1;
-}
-
-int Process::signal() const
-{
-    return m_ended && WIFSIGNALED(m_wait_status) ? WTERMSIG(m_wait_status) : 0;
 }
 
 Result run(const Command& command, const std::string& input, Milliseconds deadline)

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include <sys/types.h>
+#include <sys/wait.h>
 
 namespace test_process
 {
@@ -53,9 +53,15 @@ public:
     const std::string& err() const { return m_err; }
 
     // After the end: the exit status, or -1 when a signal ended the program.
-    int exitStatus() const;
+    int exitStatus() const
+    {
+        return m_ended && WIFEXITED(m_wait_status) ? WEXITSTATUS(m_wait_status) : -1;
+    }
     // After the end: the signal that ended the program, or 0.
-    int signal() const;
+    int signal() const
+    {
+        return m_ended && WIFSIGNALED(m_wait_status) ? WTERMSIG(m_wait_status) : 0;
+    }
 
 private:
     bool isClosed() const { return m_output < 0 && m_error < 0; }
