@@ -194,7 +194,7 @@ bool Process::waitUntil(const std::function<bool()>& done, Milliseconds deadline
     const auto end = std::chrono::steady_clock::now() + deadline;
     while (!done()) {
         if (hasEnded() || std::chrono::steady_clock::now() >= end)
-            return false;
+            return done(); // it may have been its end that was waited for
         collect();
     }
     return true;
