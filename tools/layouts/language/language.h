@@ -9,14 +9,14 @@ namespace layouts
 
 // One line of the language table.
 struct Language {
-    std::string icuName;      // "sr_Latn"
-    std::string name;         // as the catalogue and the file name have it
-    std::string label;        // on the language key
-    std::string xkbLayout;    // in the keyboard database
-    std::string xkbVariant;   // or empty
-    std::string font;         // a font file that has all labels of the layout
-    std::string letters;      // "[a-zß]", for a language that the locale data lacks; else empty
-    std::string ownName = ""; // for a language or layout that the locale data cannot name; or empty
+    std::string icuName;        // "sr_Latn"
+    std::string name;           // as the catalogue and the file name have it
+    std::string label;          // on the language key
+    std::string xkbLayout;      // in the keyboard database
+    std::string xkbVariant;     // or empty
+    std::string font;           // a font file that has all labels of the layout
+    std::string letters;        // "[a-zß]", for a language that the locale data lacks; else empty
+    std::string ownName = "";   // where the locale data has none of its own; or empty
     std::string xkbFolder = ""; // of keyboards that the database lacks, beside the table; or empty
     std::string place = "";     // file and line of the table, for messages
 };
