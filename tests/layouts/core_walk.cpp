@@ -72,7 +72,7 @@ std::string eventOf(const test_support::LogLine& line)
 
 } // namespace
 
-CoreWalk::CoreWalk(const std::string& layout) : m_keyMap(shippedKeyMap(layout))
+CoreWalk::CoreWalk(const std::string& layout) : m_key_map(shippedKeyMap(layout))
 {
     Catalogue catalogue = shippedCatalogue();
     catalogue.names = {layout, layout == "English" ? "German" : "English"};
@@ -106,7 +106,7 @@ std::string CoreWalk::type(const std::vector<Place>& keys)
 
 void CoreWalk::changeFace(const Face& face)
 {
-    const std::vector<Key>& keys = m_keyMap.defaults;
+    const std::vector<Key>& keys = m_key_map.defaults;
     if (m_alt != face.symbol) {
         moveTo(specialKey(keys, "Alt"));
         press(kOk);
@@ -121,7 +121,7 @@ void CoreWalk::changeFace(const Face& face)
 
 void CoreWalk::moveTo(size_t key)
 {
-    const std::vector<Key>& keys = m_alt ? m_keyMap.symbols : m_keyMap.defaults;
+    const std::vector<Key>& keys = m_alt ? m_key_map.symbols : m_key_map.defaults;
     for (const int move : wayBetween(keys, m_focus, key))
         press(move);
     m_focus = key;

@@ -33,7 +33,7 @@ private:
 
     test_support::LayoutFolder m_folder;
     test_support::RecordingDisplay m_display;
-    layouts::KeyMap m_keyMap;
+    layouts::KeyMap m_key_map;
     std::unique_ptr<velmora::browser::vkb::KeyBoardCore> m_core;
     size_t m_focus = 0;
     bool m_shift = false;
