@@ -125,6 +125,14 @@ const char* signOf(char letter)
     return nullptr;
 }
 
+// Of a katakana; every other character is its own.
+uint32_t hiragana(uint32_t code)
+{
+    const bool isKatakana =
+        code >= kFirstHiragana + kToKatakana && code <= kLastHiragana + kToKatakana;
+    return isKatakana ? code - kToKatakana : code;
+}
+
 } // namespace
 
 bool Kana::typeRomaji(const std::string& letter)
@@ -188,12 +196,12 @@ bool Kana::typeKana(const std::string& kana)
         m_kana.replace(m_kana.size() - last, last, voiced);
         return true;
     }
-    const uint32_t code = firstLetter(kana);
+    const uint32_t code = hiragana(firstLetter(kana));
     const bool isKana = (code >= 0x3041 && code <= 0x309F) || code == 0x30FC ||
                         (code >= 0x3001 && code <= 0x3002) || (code >= 0x300C && code <= 0x300D) ||
                         code == 0x30FB;
     if (isKana)
-        m_kana += kana;
+        m_kana += utf8(code);
     return isKana;
 }
 

@@ -13,7 +13,8 @@ class Kana
 public:
     // Both return false, and change nothing, for a character that is no part of a reading.
     bool typeRomaji(const std::string& letter);
-    bool typeKana(const std::string& kana); // also a voice mark for the kana before it
+    bool
+    typeKana(const std::string& kana); // of both kinds; also a voice mark for the one before it
 
     bool erase();
 

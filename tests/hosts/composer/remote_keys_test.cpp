@@ -195,6 +195,49 @@ TEST_F(RemoteKeys, TypeJapanese)
     EXPECT_EQ(text(), "日本");
 }
 
+struct Word {
+    const char* layout;
+    std::vector<std::string> keys; // by their labels
+    const char* text;
+};
+
+std::ostream& operator<<(std::ostream& stream, const Word& word)
+{
+    return stream << word.layout;
+}
+
+// What stands on a layout's keys must be what its engine takes.
+const Word kWords[] = {
+    {"Amharic", {"s", "e", "l", "a", "m"}, "ሰላም"},
+    {"Cantonese", {"n", "e", "i", "h", "o", "u", " "}, "你好"},
+    {"Cherokee", {"t", "s", "a", "l", "a", "g", "i"}, "ᏣᎳᎩ"},
+    {"Chinese_Traditional_Pinyin", {"d", "i", "a", "n", "s", "h", "i", " "}, "電視"},
+    {"Chinese_Zhuyin", {"ㄋ", "ㄧ", "ˇ", "ㄏ", "ㄠ", "ˇ", " "}, "你好"},
+    {"Japanese_Kana", {"ニ", "ホ", "ン", "コ", "゛", " "}, "日本語"},
+    {"Tigrinya", {"s", "e", "l", "a", "m"}, "ሰላም"},
+    {"Vai", {"v", "a", "i"}, "ꕙꔤ"},
+    {"Vietnamese_Telex", {"t", "i", "e", "e", "n", "g", "s"}, "tiếng"},
+    {"Yi", {"n", "u", "o"}, "ꆈ"},
+};
+
+class RemoteKeysOfALayout : public RemoteKeys, public testing::WithParamInterface<Word>
+{
+};
+
+TEST_P(RemoteKeysOfALayout, TypeAWord)
+{
+    start({GetParam().layout});
+    keys(GetParam().keys);
+    EXPECT_TRUE(key("Enter").submits());
+    EXPECT_EQ(text(), GetParam().text);
+    EXPECT_TRUE(lines().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(, RemoteKeysOfALayout, testing::ValuesIn(kWords),
+                         [](const testing::TestParamInfo<Word>& word) {
+                             return word.param.layout;
+                         });
+
 TEST_F(RemoteKeys, DigitsOfRemoteAndLayoutChoose)
 {
     start({"Chinese_Pinyin"}, kManyCandidates);
