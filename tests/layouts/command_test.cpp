@@ -35,8 +35,8 @@ Outcome call(const std::string& arguments)
 // A folder with the files of a set of bad_and_odd_sets.txt.
 std::string bad(const std::string& name)
 {
-    static const TemporaryFolder parent;
-    const std::string folder = parent.path(name);
+    static const TemporaryFolder kParent;
+    std::string folder = kParent.path(name);
     std::filesystem::create_directories(folder);
     for (const CheckedSet& set : readCheckedSets())
         for (const auto& file : set.files)

@@ -21,8 +21,8 @@ namespace
 
 const std::vector<CheckedSet>& sets()
 {
-    static const std::vector<CheckedSet> all = readCheckedSets();
-    return all;
+    static const std::vector<CheckedSet> kAll = readCheckedSets();
+    return kAll;
 }
 
 std::vector<std::string> findingsOf(const CheckedSet& set)

@@ -33,8 +33,8 @@ std::vector<std::string> shippedLayouts()
 
 const std::vector<Language>& languages()
 {
-    static const std::vector<Language> table = readLanguages(resource("languages.tsv"));
-    return table;
+    static const std::vector<Language> kTable = readLanguages(resource("languages.tsv"));
+    return kTable;
 }
 
 const Language& languageOf(const std::string& layout)
