@@ -43,6 +43,12 @@ std::string chosenFolder(const std::string& wanted)
     return isThere ? television : folderOfThisLibrary() + "/" + VKB_INSTALLED_INPUT_METHODS;
 }
 
+std::string wrongLine(const std::string& file, int number, const std::string& line)
+{
+    return file + ":" + std::to_string(number) + ": found '" + line +
+           "', expected layout, engine, scheme, learns and packages with tabs between";
+}
+
 } // namespace
 
 InputMethods::InputMethods(Settings settings) : m_settings(std::move(settings))
@@ -63,8 +69,7 @@ InputMethods::InputMethods(Settings settings) : m_settings(std::move(settings))
         if (readEntry(line, entry))
             m_table.push_back(entry);
         else if (!line.empty() && line[0] != '#')
-            report(name + ":" + std::to_string(number) + ": found '" + line +
-                   "', expected layout, engine, scheme, learns and packages with tabs between");
+            report(wrongLine(name, number, line));
     }
 }
 
@@ -136,7 +141,7 @@ std::string InputMethods::learningFolder(const LayoutEngine& entry) const
 
 std::string InputMethods::makeLearningFolder(const LayoutEngine& entry) const
 {
-    const std::string folder = learningFolder(entry);
+    std::string folder = learningFolder(entry);
     if (folder.empty())
         return "";
     const bool made = ::mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST;

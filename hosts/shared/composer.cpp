@@ -37,7 +37,7 @@ Composed Composer::setLayout(const std::string& layout)
 {
     if (layout == m_layout)
         return Composed();
-    const Composed last = finish();
+    Composed last = finish();
     m_layout = layout;
     m_method = m_methods.find(m_layout, m_field);
     return last;
@@ -60,7 +60,7 @@ Composed Composer::choose(int number)
 
 Composed Composer::take(Answer answer)
 {
-    const Composed composed = {answer.used, answer.takeBack, std::move(answer.commit)};
+    Composed composed = {answer.used, answer.takeBack, std::move(answer.commit)};
     m_shown = std::move(answer);
     if (!offers()) {
         m_focus = CandidateBar::kNoFocus;

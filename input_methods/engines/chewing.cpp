@@ -14,7 +14,7 @@ namespace
 const int kLongest = 39; // syllables that chewing holds before it commits by itself
 const int kWhole = -1;   // the number of the whole conversion
 
-void ignoreLog(void*, int, const char*, ...) {}
+void ignoreLog(void*, int, const char*, ...) {} // NOLINT(cert-dcl50-cpp): the type chewing calls
 
 class Chewing : public ListingEngine
 {

@@ -79,7 +79,7 @@ public:
     std::vector<std::string> spellings(uint32_t character) override
     {
         const std::string composed = utf8(character);
-        const std::vector<std::string> found = m_spelling.of(
+        std::vector<std::string> found = m_spelling.of(
             composed, [&](const std::string& keys) { return gives(characters(keys), composed); });
         reset();
         return found;

@@ -38,11 +38,11 @@ RimeApi* startRime(const EngineSettings& settings)
     static RimeApi* api = nullptr;
     if (api != nullptr)
         return api;
-    static const std::string shared = settings.engineData + "/rime-data";
-    static const std::string user = settings.userFolder();
+    static const std::string kShared = settings.engineData + "/rime-data";
+    static const std::string kUser = settings.userFolder();
     RIME_STRUCT(RimeTraits, traits);
-    traits.shared_data_dir = shared.c_str();
-    traits.user_data_dir = user.c_str();
+    traits.shared_data_dir = kShared.c_str();
+    traits.user_data_dir = kUser.c_str();
     traits.distribution_name = traits.distribution_code_name = "keyboard";
     traits.distribution_version = "1";
     traits.app_name = "rime.keyboard";

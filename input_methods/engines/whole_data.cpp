@@ -109,7 +109,7 @@ bool isWholeRimePrism(const std::string& file)
     const size_t spellingBytes = 12;
     const Bytes bytes(file, Order::Little);
     const size_t spellings = bytes.target(list);
-    size_t end = bytes.target(array) + bytes.number(arraySize) * 4;
+    size_t end = bytes.target(array) + size_t{bytes.number(arraySize)} * 4;
     const size_t count = bytes.number(spellings);
     for (size_t i = 0; i < count && end <= bytes.size(); ++i) {
         const size_t entry = spellings + 4 + 8 * i;

@@ -23,7 +23,7 @@ constexpr size_t kLongestValue = 60;
 
 std::string shown(const Json::Value& value)
 {
-    const std::string text = quoted(value);
+    std::string text = quoted(value);
     if (text.size() <= kLongestValue)
         return text;
     return value.isArray() ? "a list" : value.isObject() ? "an object" : "a long text";

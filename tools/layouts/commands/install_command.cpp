@@ -81,6 +81,7 @@ std::vector<std::string> fontNames(const Resources& resources)
     for (const Language& language : readLanguages(resources.table()))
         ++uses[language.font];
     std::vector<std::string> names;
+    names.reserve(uses.size());
     for (const auto& use : uses)
         names.push_back(use.first);
     std::stable_sort(names.begin(), names.end(),
@@ -120,6 +121,7 @@ void tellFont(const Resources& resources, const LayoutSet& set)
     for (const Finding& finding : fewest)
         ++byFile[finding.file];
     std::vector<std::string> lacking;
+    lacking.reserve(byFile.size());
     for (const auto& file : byFile)
         lacking.push_back(file.first + " " + std::to_string(file.second));
     std::printf("No font of the language table shows all labels. The nearest is %s; faults: %s\n",

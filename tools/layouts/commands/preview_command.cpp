@@ -28,13 +28,16 @@ void run(const Resources& resources, const Arguments& arguments)
 {
     const std::string folder = arguments.from.empty() ? resources.folder() : arguments.from;
     const std::vector<Language> languages = readLanguages(resources.table());
-    const Language* language = findLanguage(languages, arguments.name);
-    if (language == nullptr && arguments.font.empty())
-        throw std::runtime_error(arguments.name + ": not in " + resources.table() +
-                                 ", so its font is not known; give --font");
+    std::string font = arguments.font;
+    if (font.empty()) {
+        const Language* language = findLanguage(languages, arguments.name);
+        if (language == nullptr)
+            throw std::runtime_error(arguments.name + ": not in " + resources.table() +
+                                     ", so its font is not known; give --font");
+        font = language->font;
+    }
     writePreview(readKeyMap(keyMapFile(folder, arguments.name)),
-                 readCatalogue(catalogueFile(folder)),
-                 findFontFile(arguments.font.empty() ? language->font : arguments.font),
+                 readCatalogue(catalogueFile(folder)), findFontFile(font),
                  arguments.output.empty() ? arguments.name + ".png" : arguments.output);
 }
 

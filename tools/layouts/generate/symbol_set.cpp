@@ -95,9 +95,9 @@ public:
     // On the keys where a US keyboard has 0 to 9, as a key has one code for all digits.
     void placeDigits()
     {
-        std::vector<std::string> ascii;
-        for (int digit = 0; digit < 10; ++digit)
-            ascii.push_back(std::to_string(digit));
+        std::vector<std::string> ascii(10);
+        for (size_t digit = 0; digit < ascii.size(); ++digit)
+            ascii[digit] = std::to_string(digit);
         for (const auto& digits : {ascii, m_repertoire.digits(), m_repertoire.nativeDigits()})
             for (const std::string& digit : digits)
                 if (isMissing(digit))
