@@ -16,10 +16,10 @@ namespace velmora::browser::vkb
 // All that a key holds; keys are compared by it.
 inline auto fieldsOf(const Button_t& key)
 {
-    return std::make_tuple(key.text, key.rect.positionX, key.rect.positionY, key.rect.width,
-                           key.rect.height, key.id, key.isSpecial, key.isLanguage, key.keyCode,
-                           key.character, key.left_button, key.right_button, key.up_button,
-                           key.down_button);
+    return std::tie(key.text, key.rect.positionX, key.rect.positionY, key.rect.width,
+                    key.rect.height, key.id, key.isSpecial, key.isLanguage, key.keyCode,
+                    key.character, key.left_button, key.right_button, key.up_button,
+                    key.down_button);
 }
 
 inline bool operator==(const Button_t& left, const Button_t& right)
