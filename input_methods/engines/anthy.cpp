@@ -73,22 +73,28 @@ private:
         std::string best;
         for (int segment = 0; segment < conversion.nr_segment; ++segment)
             best += word(segment, 0);
-        offer({best + m_reading.rest(), kWhole, 0});
+        offerNew({best + m_reading.rest(), kWhole, 0});
         anthy_segment_stat first = {};
         if (conversion.nr_segment > 0)
             anthy_get_segment_stat(m_context, 0, &first);
         for (int number = 0; number < first.nr_candidate; ++number) {
             if (number == kWordsBeforeKana)
                 offerKana(reading);
-            offer({word(0, number), static_cast<size_t>(first.seg_len), number});
+            offerNew({word(0, number), static_cast<size_t>(first.seg_len), number});
         }
         offerKana(reading);
     }
 
+    void offerNew(const Candidate& candidate)
+    {
+        if (!candidate.text.empty() && !isOffered(candidate.text))
+            offer(candidate);
+    }
+
     void offerKana(const std::string& reading)
     {
-        offer({reading + m_reading.rest(), kWhole, kNoWord});
-        offer({katakana(reading) + m_reading.rest(), kWhole, kNoWord});
+        offerNew({reading + m_reading.rest(), kWhole, kNoWord});
+        offerNew({katakana(reading) + m_reading.rest(), kWhole, kNoWord});
     }
 
     void use(const Candidate& candidate) override

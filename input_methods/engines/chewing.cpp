@@ -67,7 +67,8 @@ private:
             return;
         offer({whole, letters(whole), kWhole});
         forEachWord([&](const std::string& word, int) {
-            offer({word, letters(word), 0});
+            if (word != whole)
+                offer({word, letters(word), 0});
             return true;
         });
     }

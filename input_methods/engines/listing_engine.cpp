@@ -2,6 +2,7 @@
 #include "listing_engine.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace input_methods
 {
@@ -23,13 +24,15 @@ void ListingEngine::take(size_t index, Answer& answer)
     forgetList();
 }
 
-void ListingEngine::offer(const Candidate& candidate)
+void ListingEngine::offer(Candidate candidate)
 {
-    const bool isKnown = std::any_of(m_all.begin(), m_all.end(), [&](const Candidate& known) {
-        return known.text == candidate.text;
-    });
-    if (!isKnown && !candidate.text.empty())
-        m_all.push_back(candidate);
+    m_all.push_back(std::move(candidate));
+}
+
+bool ListingEngine::isOffered(const std::string& text) const
+{
+    return std::any_of(m_all.begin(), m_all.end(),
+                       [&](const Candidate& known) { return known.text == text; });
 }
 
 const std::vector<ListingEngine::Candidate>& ListingEngine::all()

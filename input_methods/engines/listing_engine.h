@@ -29,8 +29,9 @@ protected:
     // A candidate goes into the page: learns it, and drops what it stands for.
     virtual void use(const Candidate& candidate) = 0;
 
-    // One that is empty, or that was offered before, is not listed.
-    void offer(const Candidate& candidate);
+    // No text twice: isOffered looks through all that were offered since the last change.
+    void offer(Candidate candidate);
+    bool isOffered(const std::string& text) const;
 
     // What is composed has changed.
     void forgetList() { m_all.clear(); }

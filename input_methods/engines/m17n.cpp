@@ -44,7 +44,7 @@ public:
     {
         const bool used = press(character, answer);
         m_keys.push_back(character);
-        if (preedit().empty())
+        if (mtext_len(m_context->preedit) == 0)
             m_keys.clear();
         return used;
     }
