@@ -9,7 +9,6 @@
 #include "planner.h"
 #include "program.h"
 #include "screen.h"
-#include "standard_streams.h"
 #include "untypable.h"
 
 #include "form.h"
@@ -63,8 +62,6 @@ Form::Progress serve(const Screen& screen, Form& form)
 
 int run(const Options& options)
 {
-    if (!startedWithOutput())
-        return fail("standard output: is closed, expected a place for the text");
     if (!options.log.empty() && !openLog(options.log))
         return fail(options.log + ": cannot be opened for the log");
     const std::string font = chooseFont();

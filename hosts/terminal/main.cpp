@@ -69,7 +69,7 @@ std::string whyNotShown(int terminal, const Options& options)
 // The terminal that keys come from, to draw on; -1 when standard input is none.
 int openTerminal()
 {
-    const char* name = startedWithInput() ? ::ttyname(STDIN_FILENO) : nullptr;
+    const char* name = program::startedWithInput() ? ::ttyname(STDIN_FILENO) : nullptr;
     return name == nullptr ? -1 : ::open(name, O_RDWR | O_NOCTTY | O_CLOEXEC);
 }
 
@@ -108,8 +108,6 @@ Outcome typeOnTerminal(const Options& options, const Plan& plan, int terminal,
 
 int run(const Options& options)
 {
-    if (!startedWithOutput())
-        return fail("standard output: is closed, expected a place for the text");
     if (!options.log.empty() && !openLog(options.log))
         return fail(options.log + ": cannot be opened for the log: " + std::strerror(errno));
 

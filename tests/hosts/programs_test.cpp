@@ -1,4 +1,5 @@
-// What all our programs have in common: faults in the options, --help, --version, a full output.
+// What all our programs have in common: faults in the options, --help, --version, an output that is
+// full or closed.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -97,6 +98,16 @@ TEST_P(Programs, SayThatTheirOutputIsFull)
     EXPECT_EQ(result.exitStatus, 2);
     EXPECT_EQ(result.err,
               GetParam().name + std::string(": standard output: No space left on device\n"));
+}
+
+// A library may have opened something else in the closed descriptor, which then gets the text.
+TEST_P(Programs, RefuseAClosedOutput)
+{
+    const test_process::Result result = run("--version >&-");
+    EXPECT_EQ(result.exitStatus, 2);
+    EXPECT_EQ(result.err,
+              GetParam().name +
+                  std::string(": standard output: is closed, expected a place for the text\n"));
 }
 
 // Engines of input methods are loaded when they are used; a program that never does so never pays.

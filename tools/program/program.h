@@ -11,6 +11,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include "standard_streams.h"
+
 namespace program
 {
 
@@ -37,10 +39,13 @@ inline int flushOutput(const std::string& name, int status)
 
 // Reads the command line into the application, which has a name, and gets --version. Returns the
 // exit status where the program ends with it: 0 after --help and --version, kCannotRun after a
-// fault that it has told. Other exceptions than CLI11's are the caller's.
+// fault that it has told, or with standard output closed. Other exceptions than CLI11's are the
+// caller's.
 inline std::optional<int> readOptions(CLI::App& app, int argc, char** argv)
 {
     const std::string name = app.get_name();
+    if (!startedWithOutput())
+        return fail(name, "standard output: is closed, expected a place for the text");
     app.set_version_flag("--version", name + " " VKB_VERSION, "Print the version and exit");
     try {
         app.parse(argc, argv);

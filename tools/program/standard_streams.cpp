@@ -22,7 +22,7 @@ __attribute__((section(".preinit_array"), used)) void (*const kLookFirst)() = lo
 
 } // namespace
 
-namespace host
+namespace program
 {
 
 bool startedWithInput()
@@ -35,4 +35,4 @@ bool startedWithOutput()
     return output_was_open;
 }
 
-} // namespace host
+} // namespace program

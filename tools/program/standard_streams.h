@@ -1,13 +1,13 @@
-#ifndef HOSTS_SHARED_STANDARD_STREAMS_H
-#define HOSTS_SHARED_STANDARD_STREAMS_H
+#ifndef TOOLS_PROGRAM_STANDARD_STREAMS_H
+#define TOOLS_PROGRAM_STANDARD_STREAMS_H
 
-namespace host
+namespace program
 {
 
 // Whether standard input and standard output were open when the program started.
 bool startedWithInput();
 bool startedWithOutput();
 
-} // namespace host
+} // namespace program
 
 #endif
