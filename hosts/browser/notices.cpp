@@ -12,7 +12,7 @@ namespace
 std::string escaped(const std::string& text)
 {
     char* markup = g_markup_escape_text(text.c_str(), -1);
-    const std::string copy = markup;
+    std::string copy = markup;
     g_free(markup);
     return copy;
 }

@@ -202,7 +202,8 @@ std::vector<std::string> Panel::wrapped(const std::string& text) const
         std::istringstream words(line);
         std::string row;
         for (std::string word; words >> word;) {
-            const std::string longer = row.empty() ? word : row + " " + word;
+            std::string longer = row;
+            longer.append(row.empty() ? "" : " ").append(word);
             if (row.empty() || widthOf(longer) <= kWidth - 2 * kInset) {
                 row = longer;
                 continue;

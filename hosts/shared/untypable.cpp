@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <string_view>
 
 #include <unistr.h>
 
@@ -21,8 +22,8 @@ using namespace velmora::browser::vkb;
 namespace
 {
 
-const std::string kPrefix = "Language_";
-const std::string kSuffix = ".json";
+constexpr std::string_view kPrefix = "Language_";
+constexpr std::string_view kSuffix = ".json";
 
 // All layouts that came with this program, and what is typed before and behind their names to
 // choose some.

@@ -1,7 +1,8 @@
 // Reads a terminal's bytes: keys, typed characters, answers to questions.
 #include "key_parser.h"
 
-#include <cstdio>
+#include <charconv>
+#include <string_view>
 
 #include <unistr.h>
 
@@ -47,22 +48,39 @@ void addAttributes(const std::string& parameters, std::vector<Input>& inputs)
                             (parameters + ";").find(";4;") != std::string::npos ? 1 : 0);
 }
 
+// The numbers of an answer, parted by semicolons; none when a part is no number.
+std::vector<int> numbersOf(std::string_view parameters)
+{
+    std::vector<int> numbers;
+    const char* at = parameters.data();
+    const char* const end = at + parameters.size();
+    while (true) {
+        int number = 0;
+        const auto [behind, error] = std::from_chars(at, end, number);
+        if (error != std::errc() || (behind != end && *behind != ';'))
+            return {};
+        numbers.push_back(number);
+        if (behind == end)
+            return numbers;
+        at = behind + 1;
+    }
+}
+
 // The answer to "how large may a sixel picture be?": 2, 0 for success, width, height.
 void addSixelLimit(const std::string& parameters, std::vector<Input>& inputs)
 {
-    int width = 0;
-    int height = 0;
-    if (std::sscanf(parameters.c_str(), "?2;0;%d;%d", &width, &height) == 2 && width > 0 &&
-        height > 0)
-        inputs.emplace_back(Input::SixelLimit, width, height);
+    if (parameters.rfind("?2;0;", 0) != 0)
+        return;
+    const std::vector<int> size = numbersOf(std::string_view(parameters).substr(5));
+    if (size.size() == 2 && size[0] > 0 && size[1] > 0)
+        inputs.emplace_back(Input::SixelLimit, size[0], size[1]);
 }
 
 void addCursor(const std::string& parameters, std::vector<Input>& inputs)
 {
-    int row = 0;
-    int column = 0;
-    if (std::sscanf(parameters.c_str(), "%d;%d", &row, &column) == 2)
-        inputs.emplace_back(Input::CursorAt, row, column);
+    const std::vector<int> place = numbersOf(parameters);
+    if (place.size() == 2)
+        inputs.emplace_back(Input::CursorAt, place[0], place[1]);
 }
 
 } // namespace

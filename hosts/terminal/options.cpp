@@ -1,7 +1,5 @@
 #include "options.h"
 
-#include <map>
-
 #include "program.h"
 
 namespace host
@@ -10,18 +8,23 @@ namespace host
 namespace
 {
 
-const std::map<std::string, PictureMode> kPictureModes = {
+struct ModeName {
+    const char* name;
+    PictureMode mode;
+};
+
+const ModeName kPictureModes[] = {
     {"auto", PictureMode::Auto},       {"sixel", PictureMode::Sixel}, {"kitty", PictureMode::Kitty},
     {"symbols", PictureMode::Symbols}, {"none", PictureMode::None},
 };
 
 PictureMode pictureMode(const std::string& name)
 {
-    const auto mode = kPictureModes.find(name);
-    if (mode == kPictureModes.end())
-        throw CLI::ValidationError("--picture: found " + name +
-                                   ", expected auto, sixel, kitty, symbols or none");
-    return mode->second;
+    for (const ModeName& each : kPictureModes)
+        if (name == each.name)
+            return each.mode;
+    throw CLI::ValidationError("--picture: found " + name +
+                               ", expected auto, sixel, kitty, symbols or none");
 }
 
 } // namespace

@@ -50,6 +50,7 @@ Span spanOf(int pixel, int scaledPixels, int pixels)
 std::vector<Span> spansOf(int from, int count, int scaledPixels, int pixels)
 {
     std::vector<Span> spans;
+    spans.reserve(static_cast<size_t>(count));
     for (int i = 0; i < count; ++i)
         spans.push_back(spanOf(from + i, scaledPixels, pixels));
     return spans;

@@ -79,7 +79,7 @@ std::string sixelImage(ChafaTermInfo* terminal, const Picture& picture)
     chafa_canvas_draw_all_pixels(canvas.get(), CHAFA_PIXEL_RGBA8_UNASSOCIATED, picture.rgba.data(),
                                  picture.width, picture.height, picture.width * 4);
     GString* printed = chafa_canvas_print(canvas.get(), terminal);
-    const std::string text(printed->str, printed->len);
+    std::string text(printed->str, printed->len);
     g_string_free(printed, TRUE);
     return text;
 }
