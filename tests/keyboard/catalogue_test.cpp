@@ -110,7 +110,7 @@ TEST_P(GoodCatalogue, GivesItsNamesSizeAndGrid)
 {
     m_folder.writeCatalogue(GetParam().text);
     LanguageParser parser;
-    expectTrace(kCatalogueRead + kKeyMapNotRead);
+    expectTrace(catalogueRead() + keyMapNotRead());
     EXPECT_EQ(parser.getLayoutsName(), GetParam().names);
     EXPECT_EQ(parser.keyboardWidth(), GetParam().width);
     EXPECT_EQ(parser.keyboardHeight(), GetParam().height);
@@ -134,10 +134,10 @@ TEST_F(CatalogueTest, WithoutACatalogueEveryCallTriesAgainUntilThereIsOne)
 {
     m_folder.removeCatalogue();
     LanguageParser parser;
-    expectTrace(kCatalogueNotRead + kKeyMapNotRead + kCatalogueNotRead);
+    expectTrace(catalogueNotRead() + keyMapNotRead() + catalogueNotRead());
     for (int i = 0; i < 3; ++i) {
         EXPECT_THAT(parser.getLayoutsName(), IsEmpty());
-        expectTrace(steps::parser("getLayoutsName", "called\n") + kCatalogueNotRead);
+        expectTrace(steps::parser("getLayoutsName", "called\n") + catalogueNotRead());
     }
     EXPECT_FALSE(parser.ParseLayout());
     EXPECT_EQ(parser.keyboardWidth(), 0);
@@ -146,7 +146,7 @@ TEST_F(CatalogueTest, WithoutACatalogueEveryCallTriesAgainUntilThereIsOne)
     m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
     takeTrace();
     EXPECT_THAT(parser.getLayoutsName(), ElementsAre("English"));
-    expectTrace(steps::parser("getLayoutsName", "called\n") + kCatalogueRead);
+    expectTrace(steps::parser("getLayoutsName", "called\n") + catalogueRead());
 }
 
 TEST_F(CatalogueTest, WithAnEmptyNameListEachCallReadsAgainAndTheFirstPositionsStay)
@@ -160,7 +160,7 @@ TEST_F(CatalogueTest, WithAnEmptyNameListEachCallReadsAgainAndTheFirstPositionsS
     catalogue.rects = {{7, 7, 7, 7}};
     m_folder.writeCatalogue(asJson(catalogue));
     EXPECT_THAT(parser.getLayoutsName(), IsEmpty());
-    expectTrace(steps::parser("getLayoutsName", "called\n") + kCatalogueRead);
+    expectTrace(steps::parser("getLayoutsName", "called\n") + catalogueRead());
     // Two positions of the first reading, and behind them the one of the second.
     EXPECT_EQ(rectsOfKeys(parser, 3), "4,4,60,50 68,4,124,50 452,382,444,374");
 }
@@ -183,9 +183,9 @@ TEST_P(MalformedCatalogue, LogsNoSuccessEmptiesTheNamesAndKeepsTheGridAndTheSize
     m_folder.writeCatalogue(GetParam().text);
     takeTrace();
     const LanguageParser another;
-    expectTrace(kCatalogueNotRead + kKeyMapNotRead + kCatalogueNotRead);
+    expectTrace(catalogueNotRead() + keyMapNotRead() + catalogueNotRead());
     EXPECT_FALSE(parser.ParseLayout());
-    expectTrace(kCatalogueNotRead);
+    expectTrace(catalogueNotRead());
     EXPECT_THAT(parser.getLayoutsName(), IsEmpty());
     EXPECT_EQ(parser.keyboardWidth(), 196);
     EXPECT_EQ(parser.keyboardHeight(), 58);
@@ -199,7 +199,7 @@ TEST_F(CatalogueTest, AnUnreadableCatalogueIsAsGoodAsNone)
     ::setenv("VKB_TEST_FAIL_OPEN", LayoutFolder::cataloguePath().c_str(), 1);
     LanguageParser parser;
     ::unsetenv("VKB_TEST_FAIL_OPEN");
-    expectTrace(kCatalogueNotRead + kKeyMapNotRead + kCatalogueNotRead);
+    expectTrace(catalogueNotRead() + keyMapNotRead() + catalogueNotRead());
 }
 
 // A catalogue that is JSON but holds what the JSON library cannot convert or index.
@@ -226,11 +226,11 @@ TEST_P(ImpossibleCatalogue, LetsTheLibrarysErrorThroughAfterTheSuccessLineToEver
     m_folder.writeCatalogue(GetParam().text);
     takeTrace();
     EXPECT_THROW(LanguageParser(), Json::Exception);
-    expectTrace(kCatalogueRead);
+    expectTrace(catalogueRead());
     EXPECT_THROW(parser.getLayoutsName(), Json::Exception);
-    expectTrace(steps::parser("getLayoutsName", "called\n") + kCatalogueRead);
+    expectTrace(steps::parser("getLayoutsName", "called\n") + catalogueRead());
     EXPECT_THROW(parser.onLayoutchanged(m_english), Json::Exception);
-    expectTrace(layoutChosen("English") + kKeyMapNotRead + kCatalogueRead);
+    expectTrace(layoutChosen("English") + keyMapNotRead() + catalogueRead());
     EXPECT_EQ(parser.keyboardWidth(), 0);
 }
 

@@ -35,13 +35,13 @@ protected:
     }
 
     // What a parser does that finds no catalogue: the key map's reading looks for it once more.
-    const Steps m_catalogue_missed = kCatalogueNotRead + kKeyMapNotRead + kCatalogueNotRead;
+    const Steps m_catalogue_missed = catalogueNotRead() + keyMapNotRead() + catalogueNotRead();
 
     // enter, when the list is empty with the catalogue read or not.
     static Steps noNames(bool catalogueIsRead)
     {
         return core("enter", "enter the VKB!\n\n") + parser("getLayoutsName", "called\n") +
-               (catalogueIsRead ? kCatalogueRead : kCatalogueNotRead) +
+               (catalogueIsRead ? catalogueRead() : catalogueNotRead()) +
                core("enter", "language num :0 \n") + core("enter", "Read language name error! \n");
     }
 
@@ -72,7 +72,7 @@ TEST_F(CoreBadInput, AfterAnEmptyLayoutListTheNextStartBuildsAgainInTheSameWindo
     catalogue.names.clear();
     m_folder.writeCatalogue(asJson(catalogue));
     expectNoStart(begun() + noNames(true));
-    expectStartWithGoodFiles(imeStarts(false) + kParserMade + windowShown("window1") +
+    expectStartWithGoodFiles(imeStarts(false) + parserMade() + windowShown("window1") +
                              m_renderer.construction(kWidth, kHeight) + entered("English"));
 }
 
@@ -94,7 +94,7 @@ TEST_F(CoreBadInput, AWindowThatCannotBeMadeLeavesTheKeyboardNotStarted)
 {
     m_display.failEvery("CreateWindow", DFB_NOVIDEOMEMORY);
     startNew();
-    expectTrace(imeStarts(false) + kParserMade + windowWanted(kWidth, kHeight) + namesRead(3) +
+    expectTrace(imeStarts(false) + parserMade() + windowWanted(kWidth, kHeight) + namesRead(3) +
                 layoutChange("English") + core("updateKeyMap", kNoUi, kError) +
                 core("enter", kNoUi, kError));
     expectNotStarted();
@@ -105,8 +105,8 @@ TEST_F(CoreBadInput, AMissingKeyMapStartsAKeyboardWithoutKeys)
     m_folder.removeKeyMap("English");
     startNew();
     expectTrace(begun() + namesRead(3) + core("onLayoutChanged", "language name :English \n") +
-                layoutChosen("English") + kKeyMapNotRead + parser("getKeyMap", "called\n") +
-                kKeyMapNotRead + m_renderer.setLayoutData(0, kExpectedFont, "font1") +
+                layoutChosen("English") + keyMapNotRead() + parser("getKeyMap", "called\n") +
+                keyMapNotRead() + m_renderer.setLayoutData(0, kExpectedFont, "font1") +
                 m_renderer.showHidden(m_none, m_none) +
                 m_expected.refusedFocusChange(m_none, m_none, 0, Button_t()));
     EXPECT_TRUE(m_core->isKeyBoardEnable());
@@ -118,7 +118,7 @@ TEST_F(CoreBadInput, ACatalogueWithoutPositionsThrowsOutOfTheStart)
     m_folder.writeCatalogue("{\"language\": [\"English\"]}");
     create();
     EXPECT_ANY_THROW(startIt());
-    expectTrace(imeStarts(false) + kCatalogueRead);
+    expectTrace(imeStarts(false) + catalogueRead());
     EXPECT_EQ(m_display.liveWindows(), 0u);
     expectNotStarted();
 

@@ -57,7 +57,7 @@ Steps CoreTest::entered(const std::string& layout)
 
 Steps CoreTest::begun()
 {
-    return imeStarts(false) + kParserMade + windowMade("window1", kWidth, kHeight) +
+    return imeStarts(false) + parserMade() + windowMade("window1", kWidth, kHeight) +
            m_renderer.construction(kWidth, kHeight);
 }
 

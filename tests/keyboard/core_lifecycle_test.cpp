@@ -196,7 +196,7 @@ TEST_F(CoreLifecycle, AStartAfterACancelBuildsAnewAtTheFirstLayout)
     m_expected = Core(renderer);
     m_expected.countFont();
     m_expected.countFont();
-    expectTrace(imeStarts(false) + kParserMade + windowMade("window2", kWidth, kHeight) +
+    expectTrace(imeStarts(false) + parserMade() + windowMade("window2", kWidth, kHeight) +
                 renderer.construction(kWidth, kHeight) + entered("English"));
     EXPECT_TRUE(m_core->isKeyBoardEnable());
 }

@@ -15,6 +15,11 @@ Steps imeStarts(bool started)
     return core("OnIMEStart", "KeyboardStatus:" + std::string(started ? "1" : "0") + "\n");
 }
 
+Steps parserMade()
+{
+    return catalogueRead() + keyMapNotRead();
+}
+
 Steps windowShown(const std::string& window)
 {
     return calls({window + ".SetOpacity(255)", window + ".RaiseToTop()"});
@@ -44,7 +49,7 @@ Steps namesRead(int count)
 Steps layoutChange(const std::string& name)
 {
     return core("onLayoutChanged", "language name :" + name + " \n") + layoutChosen(name) +
-           kKeyMapRead;
+           keyMapRead();
 }
 
 namespace

@@ -15,7 +15,7 @@ Steps core(const std::string& function, const std::string& message, uint32_t lev
 Steps imeStarts(bool started);
 
 // A parser is made that finds the catalogue and, as no layout is chosen yet, no key map.
-inline const Steps kParserMade = kCatalogueRead + kKeyMapNotRead;
+Steps parserMade();
 
 Steps windowShown(const std::string& window);
 Steps windowWanted(int width, int height);

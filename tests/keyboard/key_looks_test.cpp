@@ -50,10 +50,10 @@ const Painting kPaintings[] = {
     {"OfAPressedKeyShowsOnlyItsOwnArea",
      {focus(0), clear(0xFF00FF00, false), press(kA)},
      "pressed"},
-    {"OfAHiddenKeyboardIsTransparent", {kShow, kHide}, "hidden"},
-    {"OfAKeyboardShownAgain", {kShow, kHide, kShow}, "normal"},
+    {"OfAHiddenKeyboardIsTransparent", {show(), hide()}, "hidden"},
+    {"OfAKeyboardShownAgain", {show(), hide(), show()}, "normal"},
     {"OfAnEmptyLockListIsWithoutFocus", {lock({kShift}), focus(1), lock({})}, "normal"},
-    {"OfADrawWithoutFlipCountsAsDrawn", {draw(false), kShow}, "panel"},
+    {"OfADrawWithoutFlipCountsAsDrawn", {draw(false), show()}, "panel"},
     {"OfNoKeys", {take({}), draw(true)}, "panel"},
     {"OfFlatAndNarrowKeys", {take(kOdd), draw(true)}, "odd-sizes"},
 };

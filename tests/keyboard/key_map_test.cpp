@@ -95,11 +95,11 @@ TEST_P(KeySet, HoldsItsKeysWhateverTheNameSaysAndIsReadAgainWhileItIsEmpty)
     english(); // no file yet
     EXPECT_THAT(keys(GetParam()), IsEmpty());
     EXPECT_THAT(keys(GetParam()), IsEmpty());
-    expectTrace(kAsked + kKeyMapNotRead + kAsked + kKeyMapNotRead);
+    expectTrace(kAsked + keyMapNotRead() + kAsked + keyMapNotRead());
 
     writeEnglish();
     EXPECT_EQ(keys(GetParam()), GetParam().keys);
-    expectTrace(kAsked + kKeyMapRead);
+    expectTrace(kAsked + keyMapRead());
     for (std::string name : {"German", "", "English"}) {
         EXPECT_EQ(m_parser->getKeyMap(name, GetParam().shift, GetParam().alt), GetParam().keys);
         expectTrace(kAsked);
@@ -142,7 +142,7 @@ TEST_F(KeyMapTest, AMissingSymbolSetIsEmptyAndReadAgainOnEachCall)
     english();
     for (int i = 0; i < 2; ++i) {
         EXPECT_EQ(sizes(), (std::vector<size_t>{2, 2, 0, 0}));
-        expectTrace(kAsked + kAsked + kAsked + kKeyMapRead + kAsked + kKeyMapRead);
+        expectTrace(kAsked + kAsked + kAsked + keyMapRead() + kAsked + keyMapRead());
     }
 }
 
@@ -179,13 +179,13 @@ TEST_F(KeyMapTest, TheNameIsUsedAsItStandsAndAnUnknownOneEmptiesTheSets)
     for (std::string name : {"", "english", "Klingon"}) {
         english();
         m_parser->onLayoutchanged(name);
-        expectTrace(layoutChosen(name) + kKeyMapNotRead);
+        expectTrace(layoutChosen(name) + keyMapNotRead());
         EXPECT_EQ(sizes(), kNoKeys);
     }
     std::string odd = "Odd name%s";
     english();
     m_parser->onLayoutchanged(odd);
-    expectTrace(layoutChosen(odd) + kKeyMapRead);
+    expectTrace(layoutChosen(odd) + keyMapRead());
     EXPECT_EQ(odd, "Odd name%s");
     EXPECT_EQ(sizes(), (std::vector<size_t>{1, 1, 0, 0})) << "nothing of the layout before";
 }
@@ -207,14 +207,14 @@ TEST_F(KeyMapTest, AMissingCatalogueIsTriedAtEachReading)
     m_parser->onLayoutchanged(m_english);
     const Steps success =
         steps::parser("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n");
-    expectTrace(layoutChosen("English") + kKeyMapNotRead + kCatalogueNotRead + success);
+    expectTrace(layoutChosen("English") + keyMapNotRead() + catalogueNotRead() + success);
 
     m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
     EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
     EXPECT_EQ(defaultKeys()[0].rect.width, 60);
     takeTrace();
     EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
-    expectTrace(kKeyMapRead); // the catalogue is known now
+    expectTrace(keyMapRead()); // the catalogue is known now
 }
 
 TEST_F(KeyMapTest, AKeyBeyondThePositionTableHasAnEmptyRectangle)
@@ -261,7 +261,7 @@ TEST_F(KeyMapTest, WithoutKeysTheFileIsReadAndTheSetsAreEmpty)
         writeEnglish(text);
         english();
         EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
-        expectTrace(kKeyMapRead);
+        expectTrace(keyMapRead());
         EXPECT_EQ(sizes(), kNoKeys);
     }
 }
@@ -276,7 +276,7 @@ TEST_F(KeyMapTest, AMalformedOrUnreadableFileEmptiesTheSetsAndIsTriedAgain)
         if (text == std::string("{}")) // as good as none, if it cannot be read
             ::setenv("VKB_TEST_FAIL_OPEN", LayoutFolder::keyMapPath("English").c_str(), 1);
         m_parser->onLayoutchanged(m_english);
-        expectTrace(layoutChosen("English") + kKeyMapNotRead);
+        expectTrace(layoutChosen("English") + keyMapNotRead());
         EXPECT_FALSE(m_parser->ParseCurrentLayoutKeyMaps());
         EXPECT_EQ(sizes(), kNoKeys);
         ::unsetenv("VKB_TEST_FAIL_OPEN");
@@ -315,7 +315,7 @@ protected:
         m_parser.reset(new LanguageParser);
         takeTrace();
         EXPECT_THROW(m_parser->onLayoutchanged(m_english), Json::Exception);
-        expectTrace(layoutChosen("English") + kKeyMapRead);
+        expectTrace(layoutChosen("English") + keyMapRead());
         EXPECT_THAT(keys(kChoices[0]), SizeIs(1));
         EXPECT_THAT(keys(kChoices[1]), SizeIs(1));
     }

@@ -40,6 +40,27 @@ Steps parser(const std::string& function, const std::string& message)
     return logged("Language_Parser.cpp", function, message, kTrace);
 }
 
+Steps catalogueNotRead()
+{
+    return parser("ParseLayout", "called\n");
+}
+
+Steps catalogueRead()
+{
+    return catalogueNotRead() + parser("ParseLayout", "Layout Parse Successfully !\n");
+}
+
+Steps keyMapNotRead()
+{
+    return parser("ParseCurrentLayoutKeyMaps", "called\n");
+}
+
+Steps keyMapRead()
+{
+    return keyMapNotRead() +
+           parser("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n");
+}
+
 Steps layoutChosen(const std::string& name)
 {
     return parser("onLayoutchanged", "Current Layout is :" + name + " \n");

@@ -40,13 +40,10 @@ Steps logged(const std::string& file, const std::string& function, const std::st
 
 // Log lines of the parser.
 Steps parser(const std::string& function, const std::string& message);
-inline const Steps kCatalogueNotRead = parser("ParseLayout", "called\n");
-inline const Steps kCatalogueRead =
-    kCatalogueNotRead + parser("ParseLayout", "Layout Parse Successfully !\n");
-inline const Steps kKeyMapNotRead = parser("ParseCurrentLayoutKeyMaps", "called\n");
-inline const Steps kKeyMapRead =
-    kKeyMapNotRead +
-    parser("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n");
+Steps catalogueNotRead();
+Steps catalogueRead();
+Steps keyMapNotRead();
+Steps keyMapRead();
 Steps layoutChosen(const std::string& name);
 
 // Takes the trace and compares it.
