@@ -56,25 +56,25 @@ std::vector<Call> recorded;
 
 DFBResult recordClear(IDirectFBSurface* self, u8 r, u8 g, u8 b, u8 a)
 {
-    recorded.push_back({Call::CLEAR, {r, g, b, a}, 0, ""});
+    recorded.push_back({Call::Clear, {r, g, b, a}, 0, ""});
     return realTable.Clear(self, r, g, b, a);
 }
 
 DFBResult recordSetColor(IDirectFBSurface* self, u8 r, u8 g, u8 b, u8 a)
 {
-    recorded.push_back({Call::SET_COLOR, {r, g, b, a}, 0, ""});
+    recorded.push_back({Call::SetColor, {r, g, b, a}, 0, ""});
     return realTable.SetColor(self, r, g, b, a);
 }
 
 DFBResult recordFillRectangle(IDirectFBSurface* self, int x, int y, int w, int h)
 {
-    recorded.push_back({Call::FILL_RECTANGLE, {x, y, w, h}, 0, ""});
+    recorded.push_back({Call::FillRectangle, {x, y, w, h}, 0, ""});
     return realTable.FillRectangle(self, x, y, w, h);
 }
 
 DFBResult recordDrawLine(IDirectFBSurface* self, int x1, int y1, int x2, int y2)
 {
-    recorded.push_back({Call::DRAW_LINE, {x1, y1, x2, y2}, 0, ""});
+    recorded.push_back({Call::DrawLine, {x1, y1, x2, y2}, 0, ""});
     return realTable.DrawLine(self, x1, y1, x2, y2);
 }
 
@@ -82,7 +82,7 @@ DFBResult recordDrawString(IDirectFBSurface* self, const char* text, int bytes, 
                            DFBSurfaceTextFlags flags)
 {
     recorded.push_back(
-        {Call::DRAW_STRING, {bytes, x, y, 0}, static_cast<unsigned int>(flags), text});
+        {Call::DrawString, {bytes, x, y, 0}, static_cast<unsigned int>(flags), text});
     return realTable.DrawString(self, text, bytes, x, y, flags);
 }
 
@@ -90,7 +90,7 @@ DFBResult recordDrawString(IDirectFBSurface* self, const char* text, int bytes, 
 template <class Region>
 DFBResult recordFlip(IDirectFBSurface* self, const Region* region, DFBSurfaceFlipFlags flags)
 {
-    recorded.push_back({Call::FLIP, {0, 0, 0, 0}, static_cast<unsigned int>(flags), ""});
+    recorded.push_back({Call::Flip, {0, 0, 0, 0}, static_cast<unsigned int>(flags), ""});
     return realTable.Flip(self, region, flags);
 }
 
@@ -145,25 +145,25 @@ void replay(IDirectFBSurface* surface, const std::vector<Call>& calls)
     for (const Call& call : calls) {
         const int* n = call.numbers;
         switch (call.kind) {
-        case Call::CLEAR:
+        case Call::Clear:
             surface->Clear(surface, static_cast<u8>(n[0]), static_cast<u8>(n[1]),
                            static_cast<u8>(n[2]), static_cast<u8>(n[3]));
             break;
-        case Call::SET_COLOR:
+        case Call::SetColor:
             surface->SetColor(surface, static_cast<u8>(n[0]), static_cast<u8>(n[1]),
                               static_cast<u8>(n[2]), static_cast<u8>(n[3]));
             break;
-        case Call::FILL_RECTANGLE:
+        case Call::FillRectangle:
             surface->FillRectangle(surface, n[0], n[1], n[2], n[3]);
             break;
-        case Call::DRAW_LINE:
+        case Call::DrawLine:
             surface->DrawLine(surface, n[0], n[1], n[2], n[3]);
             break;
-        case Call::DRAW_STRING:
+        case Call::DrawString:
             surface->DrawString(surface, call.text.c_str(), n[0], n[1], n[2],
                                 static_cast<DFBSurfaceTextFlags>(call.flags));
             break;
-        case Call::FLIP:
+        case Call::Flip:
             surface->Flip(surface, nullptr, static_cast<DFBSurfaceFlipFlags>(call.flags));
             break;
         }

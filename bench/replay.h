@@ -11,7 +11,7 @@ namespace bench
 
 // One drawing call as the keyboard made it.
 struct Call {
-    enum Kind { CLEAR, SET_COLOR, FILL_RECTANGLE, DRAW_LINE, DRAW_STRING, FLIP } kind;
+    enum Kind { Clear, SetColor, FillRectangle, DrawLine, DrawString, Flip } kind;
     int numbers[4];
     unsigned int flags;
     std::string text;
