@@ -66,22 +66,15 @@ private:
         if (whole.empty() || !m_typed.sound().empty())
             return;
         offer({whole, letters(whole), kWhole});
-        forEachWord([&](const std::string& word, int) {
+        for (const std::string& word : m_typed.wordsAtTheBeginning())
             if (word != whole)
                 offer({word, letters(word), 0});
-            return true;
-        });
     }
 
     void use(const Candidate& candidate) override
     {
         if (candidate.number != kWhole)
-            forEachWord([&](const std::string& word, int index) {
-                if (word != candidate.text)
-                    return true;
-                chewing_cand_choose_by_index(m_context, index);
-                return false;
-            });
+            m_typed.choose(candidate.text);
         learn();
         m_typed.drop(candidate.length);
     }
@@ -90,24 +83,6 @@ private:
     {
         if (m_learns)
             chewing_commit_preedit_buf(m_context);
-    }
-
-    // Of chewing's lists, that of the longest words first, until see returns false. It gets a word
-    // and its index in the list.
-    template <typename See> void forEachWord(See see)
-    {
-        chewing_handle_Home(m_context);
-        chewing_cand_open(m_context);
-        chewing_cand_list_first(m_context);
-        bool goesOn = chewing_cand_TotalChoice(m_context) > 0;
-        while (goesOn) {
-            for (int i = 0; goesOn && i < chewing_cand_TotalChoice(m_context); ++i)
-                goesOn = see(chewing_cand_string_by_index_static(m_context, i), i);
-            goesOn = goesOn && chewing_cand_list_has_next(m_context) != 0 &&
-                     chewing_cand_list_next(m_context) == 0;
-        }
-        chewing_cand_close(m_context);
-        chewing_handle_End(m_context);
     }
 
     ChewingContext* m_context;

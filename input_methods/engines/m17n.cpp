@@ -1,9 +1,7 @@
 // Scripts that are spelled with Latin letters, by m17n and its tables. The scheme is language and
 // name of a table: "vi telex" is vi-telex.mim.
-#include <m17n-misc.h>
-#include <m17n.h>
-
 #include "engine.h"
+#include "m17n_context.h"
 #include "m17n_tables.h"
 #include "text.h"
 
@@ -12,39 +10,16 @@ using namespace input_methods;
 namespace
 {
 
-// The library's own, kept for the process; our tables are found beside the packaged ones.
-bool startLibrary(const std::string& dataFolder)
-{
-    static std::string folder; // m17n keeps the pointer
-    static bool isStarted = false;
-    if (isStarted)
-        return true;
-    folder = dataFolder;
-    mdatabase_dir = &folder[0];
-    M17N_INIT();
-    isStarted = merror_code == MERROR_NONE;
-    return isStarted;
-}
-
 class M17n : public Engine
 {
 public:
-    M17n(MInputMethod* method, const TableName& table)
-        : m_method(method), m_context(minput_create_ic(method, nullptr)), m_spelling(table)
-    {
-    }
-
-    ~M17n() override
-    {
-        minput_destroy_ic(m_context);
-        minput_close_im(m_method);
-    }
+    M17n(MInputMethod* method, const TableName& table) : m_context(method), m_spelling(table) {}
 
     bool type(uint32_t character, Answer& answer) override
     {
-        const bool used = press(character, answer);
+        const bool used = m_context.press(character, answer.commit);
         m_keys.push_back(character);
-        if (mtext_len(m_context->preedit) == 0)
+        if (m_context.isEmpty())
             m_keys.clear();
         return used;
     }
@@ -58,7 +33,7 @@ public:
             return false;
         for (size_t first = m_keys.size(); first-- > 0;) {
             const std::u32string keys = m_keys.substr(first);
-            if (!gives(keys, before))
+            if (!m_context.gives(keys, before))
                 continue;
             reset();
             for (size_t i = 0; i + 1 < keys.size(); ++i)
@@ -72,54 +47,24 @@ public:
 
     void reset() override
     {
-        startContext();
+        m_context.clear();
         m_keys.clear();
     }
 
     std::vector<std::string> spellings(uint32_t character) override
     {
         const std::string composed = utf8(character);
-        std::vector<std::string> found = m_spelling.of(
-            composed, [&](const std::string& keys) { return gives(characters(keys), composed); });
+        std::vector<std::string> found = m_spelling.of(composed, [&](const std::string& keys) {
+            return m_context.gives(characters(keys), composed);
+        });
         reset();
         return found;
     }
 
-    void addPreedit(std::string& text) const override { text += fromMText(m_context->preedit); }
+    void addPreedit(std::string& text) const override { m_context.addPreedit(text); }
 
 private:
-    // minput_reset_ic writes to freed memory once a table has handed a key on to another. The
-    // price: a context that ends within a word loses the few bytes that it has saved of it.
-    void startContext()
-    {
-        minput_destroy_ic(m_context);
-        m_context = minput_create_ic(m_method, nullptr);
-    }
-
-    // Returns whether the key was used.
-    bool press(uint32_t character, Answer& answer)
-    {
-        MSymbol key = msymbol(utf8(character).c_str());
-        if (minput_filter(m_context, key, nullptr) != 0)
-            return true;
-        MText* produced = mtext();
-        const bool used = minput_lookup(m_context, key, nullptr, produced) == 0;
-        answer.commit += fromMText(produced);
-        m17n_object_unref(produced);
-        return used;
-    }
-
-    bool gives(const std::u32string& keys, const std::string& composed)
-    {
-        startContext();
-        Answer answer;
-        for (const char32_t key : keys)
-            press(key, answer);
-        return answer.commit.empty() && preedit() == composed;
-    }
-
-    MInputMethod* m_method;
-    MInputContext* m_context;
+    M17nContext m_context;
     M17nSpelling m_spelling;
     std::u32string m_keys; // since the last moment when nothing was composed
 };
@@ -128,7 +73,7 @@ private:
 
 Engine* VKB_MAKE_ENGINE(const EngineSettings& settings, std::string& problem)
 {
-    if (!startLibrary(settings.dataFolder)) {
+    if (!startM17n(settings.dataFolder)) {
         problem = "m17n does not start, its database in /usr/share/m17n is missing or broken";
         return nullptr;
     }
@@ -136,13 +81,14 @@ Engine* VKB_MAKE_ENGINE(const EngineSettings& settings, std::string& problem)
     const std::string language = settings.scheme.substr(0, blank);
     const std::string name = blank == std::string::npos ? "" : settings.scheme.substr(blank + 1);
     const TableName table = {msymbol(language.c_str()), msymbol(name.c_str()), Mnil};
-    std::string missing = missingTable({Mt, Mnil, msymbol("global")}); // that all methods need
+    const std::vector<std::string> folders = {settings.dataFolder, "/usr/share/m17n"};
+    std::string missing = missingTable({Mt, Mnil, msymbol("global")}, folders); // all need it
     if (missing.empty())
-        missing = missingTable(table);
+        missing = missingTable(table, folders);
     MInputMethod* method = missing.empty() ? minput_open_im(table[0], table[1], nullptr) : nullptr;
     if (method != nullptr)
         return new M17n(method, table);
-    problem = "m17n has no table " + (missing.empty() ? language + "-" + name : missing) +
-              ".mim, neither in /usr/share/m17n nor in " + settings.dataFolder;
+    problem = "m17n has no whole table " + (missing.empty() ? language + "-" + name : missing) +
+              ".mim, neither in " + folders[1] + " nor in " + folders[0];
     return nullptr;
 }

@@ -1,13 +1,16 @@
 // Reads m17n's tables: what they need, and from a character back to its keys.
 #include "m17n_tables.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 
 #include <uninorm.h>
 
 #include "text.h"
+#include "whole_data.h"
 
 namespace input_methods
 {
@@ -113,6 +116,15 @@ std::string fileName(const TableName& table)
     return std::string(msymbol_name(table[0])) + "-" + msymbol_name(table[1]);
 }
 
+// m17n reads such a table up to its end.
+bool isCutOff(const TableName& table, const std::vector<std::string>& folders)
+{
+    return std::any_of(folders.begin(), folders.end(), [&](const std::string& folder) {
+        const std::string file = folder + "/" + fileName(table) + ".mim";
+        return std::filesystem::exists(file) && !isWholeM17nTable(file);
+    });
+}
+
 // The character without its marks; empty for one that is no Latin letter.
 std::string plainLetter(const std::string& character)
 {
@@ -145,15 +157,15 @@ std::vector<std::string> changedLetter(const std::string& character,
 
 } // namespace
 
-std::string missingTable(const TableName& name)
+std::string missingTable(const TableName& name, const std::vector<std::string>& folders)
 {
     MPlist* table = load(name);
-    if (table == nullptr)
+    if (table == nullptr || isCutOff(name, folders))
         return fileName(name);
     std::string missing;
     forEachInclude(table, [&](const TableName& included) {
         if (missing.empty())
-            missing = missingTable(included);
+            missing = missingTable(included, folders);
     });
     m17n_object_unref(table);
     return missing;

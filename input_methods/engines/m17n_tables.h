@@ -17,9 +17,10 @@ std::string fromMText(MText* text); // UTF-8
 // A table by m17n's own names: language, name, and one more where these are not enough, or Mnil.
 using TableName = std::array<MSymbol, 3>;
 
-// The first table that this one needs, itself too, and that m17n has not, such as "am-sera"; empty
-// when it has all. Without one that it includes m17n would compose in part, or crash.
-std::string missingTable(const TableName& table);
+// The first table that this one needs, itself too, and that m17n has not, or that is cut off in one
+// of the folders, such as "am-sera"; empty when all are there. m17n would compose in part, or
+// crash.
+std::string missingTable(const TableName& table, const std::vector<std::string>& folders);
 
 // Which letters compose a character by one of m17n's tables.
 class M17nSpelling

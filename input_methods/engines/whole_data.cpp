@@ -130,4 +130,41 @@ bool isWholeRimeTable(const std::string& file)
            header.target(strings) + header.number(stringsSize) <= header.size();
 }
 
+bool isWholeM17nTable(const std::string& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    const std::string text(std::istreambuf_iterator<char>(stream), {});
+    int open = 0;
+    bool hasList = false;
+    for (size_t i = 0; i < text.size(); ++i) {
+        switch (text[i]) {
+        case ';': // a remark, to the line's end
+            i = std::min(text.find('\n', i), text.size());
+            break;
+        case '"':
+            for (++i; i < text.size() && text[i] != '"'; ++i)
+                i += text[i] == '\\' ? 1 : 0;
+            if (i >= text.size())
+                return false;
+            break;
+        case '?': // a character, which may be a parenthesis
+            i += text.compare(i, 2, "?\\") == 0 ? 2 : 1;
+            break;
+        case '\\':
+            ++i;
+            break;
+        case '(':
+            hasList = true;
+            ++open;
+            break;
+        case ')':
+            --open;
+            break;
+        default:
+            break;
+        }
+    }
+    return hasList && open == 0;
+}
+
 } // namespace input_methods

@@ -13,6 +13,9 @@ bool isWholeChewing(const std::string& tree, const std::string& words);
 bool isWholeRimePrism(const std::string& file);
 bool isWholeRimeTable(const std::string& file);
 
+// Whether every list of the table ends, and there is one.
+bool isWholeM17nTable(const std::string& file);
+
 } // namespace input_methods
 
 #endif

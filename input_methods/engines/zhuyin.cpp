@@ -72,6 +72,43 @@ bool Zhuyin::erase()
     return true;
 }
 
+// Of chewing's lists, until see returns false. It gets a word and its index in the list.
+template <typename See> void Zhuyin::forEachWord(See see)
+{
+    chewing_handle_Home(m_context);
+    chewing_cand_open(m_context);
+    chewing_cand_list_first(m_context);
+    bool goesOn = chewing_cand_TotalChoice(m_context) > 0;
+    while (goesOn) {
+        for (int i = 0; goesOn && i < chewing_cand_TotalChoice(m_context); ++i)
+            goesOn = see(chewing_cand_string_by_index_static(m_context, i), i);
+        goesOn = goesOn && chewing_cand_list_has_next(m_context) != 0 &&
+                 chewing_cand_list_next(m_context) == 0;
+    }
+    chewing_cand_close(m_context);
+    chewing_handle_End(m_context);
+}
+
+std::vector<std::string> Zhuyin::wordsAtTheBeginning()
+{
+    std::vector<std::string> words;
+    forEachWord([&](const char* word, int) {
+        words.emplace_back(word);
+        return true;
+    });
+    return words;
+}
+
+void Zhuyin::choose(const std::string& word)
+{
+    forEachWord([&](const char* known, int index) {
+        if (word != known)
+            return true;
+        chewing_cand_choose_by_index(m_context, index);
+        return false;
+    });
+}
+
 void Zhuyin::drop(size_t syllables)
 {
     auto key = m_typed.begin();

@@ -28,6 +28,10 @@ public:
     const std::string& converted() const { return m_converted; }
     const std::string& sound() const { return m_sound; } // of the syllable that has no tone yet
 
+    // What the first syllables may be besides, the longest words first; and takes one of these.
+    std::vector<std::string> wordsAtTheBeginning();
+    void choose(const std::string& word);
+
     // Takes so many syllables away from the beginning.
     void drop(size_t syllables);
     void clear();
@@ -39,6 +43,7 @@ private:
     };
     void press(int key);
     void typeAgain();
+    template <typename See> void forEachWord(See see);
 
     ChewingContext* m_context;
     KeyTable m_keys; // of each sign but the tones
