@@ -56,7 +56,7 @@ void measure(const std::string& program, const Language& language, Times& times)
 void print(const Language& language, const Times& ours, const Times& alone)
 {
     std::printf("%s, a key\t%.4f\t%.1f\tratio\t%.0f ns through the library / %.0f ns of %s called "
-                "directly; each key's least of %d, %d runs in turn\n",
+                "directly; the fastest of %d, %d runs in turn\n",
                 language.layout, ours.nanoseconds / alone.nanoseconds, kMostRatio, ours.nanoseconds,
                 alone.nanoseconds, language.engine, language.rounds, kRuns);
     std::printf("%s, slow keys\t%.3f\t%.0f\tms\tthat 95 per cent of the keys take at most\n",
