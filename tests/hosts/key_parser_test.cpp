@@ -92,7 +92,8 @@ TEST(KeyParser, ReadsTheOtherAnswers)
                 ElementsAre(Input(Input::SixelLimit, 1000, 800)));
     EXPECT_THAT(parser.feed("\x1b[?2;3;0S\x1b[?2;0;0;0S\x1b[?1;0;256S"), IsEmpty());
     EXPECT_THAT(parser.feed("\x1b[1;3R"), ElementsAre(Input(Input::CursorAt, 1, 3)));
-    EXPECT_THAT(parser.feed("\x1b[R"), IsEmpty());
+    EXPECT_THAT(parser.feed("\x1b[R\x1b[1R\x1b[1;3;5R\x1b[1;99999999999R"), IsEmpty());
+    EXPECT_THAT(parser.feed("\x1b[?2;0;1000S\x1b[?2;0;1000;99999999999S"), IsEmpty());
 }
 
 } // namespace
