@@ -2,11 +2,7 @@
 
 #include <cstdlib>
 
-#include "fatal_trap.h"
-
 using namespace velmora::browser::vkb;
-using test_support::FatalError;
-using test_support::FatalTrap;
 using test_support::takeTrace;
 using namespace steps;
 
@@ -59,17 +55,6 @@ Steps CoreTest::begun()
 {
     return imeStarts(false) + parserMade() + windowMade("window1", kWidth, kHeight) +
            m_renderer.construction(kWidth, kHeight);
-}
-
-void CoreTest::startWithoutRenderer()
-{
-    create();
-    m_display.failEvery("GetSize", DFB_FAILURE);
-    const FatalTrap trap;
-    testing::internal::CaptureStderr();
-    EXPECT_THROW(startIt(), FatalError);
-    testing::internal::GetCapturedStderr();
-    takeTrace();
 }
 
 void CoreTest::writeEnglish(int place, const test_support::Key& key)

@@ -41,9 +41,6 @@ protected:
     steps::Steps entered(const std::string& layout);
     steps::Steps firstStart() { return begun() + entered("English"); }
 
-    // A core whose renderer could not be made: the parser and the window are there.
-    void startWithoutRenderer();
-
     // Replaces the key at a place of English's default set.
     void writeEnglish(int place, const test_support::Key& key);
 

@@ -201,6 +201,17 @@ TEST_F(CoreLifecycle, AStartAfterACancelBuildsAnewAtTheFirstLayout)
     EXPECT_TRUE(m_core->isKeyBoardEnable());
 }
 
+// The log capture stops at a line, and at anything that is evaluated for one.
+TEST_F(CoreLifecycle, WithEveryLevelOffItGoesOnAndNothingIsEvaluatedForTheLog)
+{
+    m_log.switchOffAll();
+    start();
+    for (const int place : {Letter, Shift, Letter, Language})
+        press(place);
+    m_core->OnIMECancelled();
+    EXPECT_EQ(m_core->getKeyBoardButton(), 65);
+}
+
 TEST_F(CoreLifecycle, DestructionReleasesRendererAndWindow)
 {
     start();

@@ -31,6 +31,7 @@ TEST(LogCaptureDeathTest, StopsAtALineThatWasNotAskedFor)
     LogCapture log;
     EXPECT_EXIT(cspDebugOutput0("[%s] %s:%d:%s(): x\n", "B-LOG", "f", 1, "g"),
                 KilledBySignal(SIGABRT), "was not asked for");
+    EXPECT_EXIT(blog_base_name("a/b.cpp"), KilledBySignal(SIGABRT), "was not asked for: a/b.cpp");
 }
 
 } // namespace

@@ -21,6 +21,13 @@ const char kHeader[] = "[%s] %s:%d:%s(): ";
     std::abort();
 }
 
+// A line, or a part of it, comes behind its level's question only.
+void requireLeave(const char* what)
+{
+    if (LogCapture::current == nullptr || !LogCapture::current->isLineAllowed())
+        stop("a line was written whose level is off or was not asked for", what);
+}
+
 std::string escaped(const std::string& text)
 {
     std::string shown;
@@ -59,6 +66,7 @@ void LogCapture::add(LogLine line)
     line.record = m_record;
     record(logTraceLine(line.file, m_record[0], line.function, line.message));
     m_lines.push_back(std::move(line));
+    m_line_allowed = false;
 }
 
 } // namespace test_support
@@ -72,8 +80,7 @@ extern "C" int cspDebugCheckLevelGetFrameAndChunk(void* record)
 
 extern "C" const char* blog_base_name(const char* path)
 {
-    if (LogCapture::current != nullptr)
-        LogCapture::current->countBaseName();
+    test_support::requireLeave(path);
     const char* slash = std::strrchr(path, '/');
     return slash == nullptr ? path : slash + 1;
 }
@@ -81,8 +88,7 @@ extern "C" const char* blog_base_name(const char* path)
 extern "C" void cspDebugOutput0(const char* format, ...)
 {
     using test_support::kHeader;
-    if (LogCapture::current == nullptr || !LogCapture::current->takeLeave())
-        test_support::stop("a line was written whose level is off or was not asked for", format);
+    test_support::requireLeave(format);
     if (std::strncmp(format, kHeader, std::strlen(kHeader)) != 0)
         test_support::stop("a format begins with another header", format);
 

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace test_support
@@ -28,7 +27,9 @@ std::string logTraceLine(const std::string& file, uint32_t level, const std::str
 
 // While it lives, log lines are collected here and written to the trace; without one, every level
 // is off. A record is overwritten once it was looked at, as the platform's library may do, so a
-// record used twice gives itself away. One capture at a time.
+// record used twice gives itself away. A line whose level is off or was not asked for stops the
+// test, and so does its base name, which stands for all that is evaluated for a line. One capture
+// at a time.
 class LogCapture
 {
 public:
@@ -43,15 +44,12 @@ public:
 
     const std::vector<LogLine>& lines() const { return m_lines; }
 
-    // How often a level was asked for, and how often the base name of a source.
     size_t levelsAsked() const { return m_levels_asked; }
-    size_t baseNamesAsked() const { return m_base_names_asked; }
 
     // The platform's three calls come here.
     bool askLevel(void* record);
-    void countBaseName() { ++m_base_names_asked; }
-    // Whether the last question was answered with yes and this is the first line since.
-    bool takeLeave() { return std::exchange(m_line_allowed, false); }
+    // Whether the last question was answered with yes and no line was written since.
+    bool isLineAllowed() const { return m_line_allowed; }
     void add(LogLine line);
     static inline LogCapture* current = nullptr;
 
@@ -61,7 +59,6 @@ private:
     std::array<uint32_t, 3> m_record = {};
     bool m_line_allowed = false;
     size_t m_levels_asked = 0;
-    size_t m_base_names_asked = 0;
     std::vector<LogLine> m_lines;
 };
 
