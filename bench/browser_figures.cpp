@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <map>
@@ -15,7 +16,6 @@
 #include <string>
 #include <vector>
 
-#include <dirent.h>
 #include <glib.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -86,14 +86,12 @@ struct ProcessEntry {
 std::map<std::string, ProcessEntry> allProcesses()
 {
     std::map<std::string, ProcessEntry> processes;
-    DIR* folder = ::opendir("/proc");
-    while (const dirent* entry = ::readdir(folder)) {
-        std::ifstream stat(std::string("/proc/") + entry->d_name + "/stat");
+    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+        std::ifstream stat(entry.path() / "stat");
         std::string number, name, state, parent;
         if (stat >> number >> name >> state >> parent)
             processes[number] = {name, parent};
     }
-    ::closedir(folder);
     return processes;
 }
 

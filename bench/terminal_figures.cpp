@@ -19,7 +19,7 @@ using Clock = std::chrono::steady_clock;
 
 const int kPresses = 101;
 const double kMostMilliseconds = 40;
-const std::chrono::seconds kIdle(2);
+constexpr std::chrono::seconds kIdle(2);
 
 const char* const kArrows[] = {"\033[C", "\033[C", "\033[B", "\033[D", "\033[A"};
 const char kDrawn[] = "\033[?25h"; // what every picture ends with

@@ -48,7 +48,7 @@ std::string nextToken(const std::string& line, size_t& position)
     while (end == std::string::npos && position + length < line.size() &&
            (static_cast<unsigned char>(line[position + length]) & 0xC0) == 0x80)
         ++length;
-    const std::string token = line.substr(position, length);
+    std::string token = line.substr(position, length);
     position += length;
     return token;
 }
@@ -58,7 +58,7 @@ struct Command {
     Answer (*run)(InputMethod& method);
 };
 
-const Command kCommands[] = {
+constexpr Command kCommands[] = {
     {"<back>", [](InputMethod& method) { return method.feed(keyWithCode(8)); }},
     {"<next>", [](InputMethod& method) { return method.page(1); }},
     {"<previous>", [](InputMethod& method) { return method.page(-1); }},

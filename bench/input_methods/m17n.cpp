@@ -36,7 +36,7 @@ bool start(const std::string&, const std::vector<std::string>& characters)
 size_t press(size_t character)
 {
     Shown shown;
-    const MSymbol symbol = keys[character];
+    MSymbol symbol = keys[character];
     if (minput_filter(context, symbol, nullptr) == 0) {
         MText* produced = mtext();
         minput_lookup(context, symbol, nullptr, produced);

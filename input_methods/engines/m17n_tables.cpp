@@ -148,7 +148,8 @@ std::vector<std::string> changedLetter(const std::string& character,
         more.push_back(std::string(1, change));
     for (const std::string& first : more)
         for (const std::string& second : more) {
-            const std::string spelling = letter + first + second;
+            std::string spelling = letter + first;
+            spelling += second;
             if (gives(spelling))
                 return {spelling};
         }

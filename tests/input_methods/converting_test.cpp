@@ -8,7 +8,6 @@
 namespace input_methods_test
 {
 
-using input_methods::Answer;
 using input_methods::InputMethod;
 using input_methods::InputMethods;
 

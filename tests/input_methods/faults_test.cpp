@@ -12,7 +12,6 @@ namespace input_methods_test
 {
 
 using input_methods::Field;
-using input_methods::InputMethod;
 using input_methods::InputMethods;
 using input_methods::Settings;
 using testing::ElementsAre;

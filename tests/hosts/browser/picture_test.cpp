@@ -54,9 +54,8 @@ uint32_t pixel(const Picture& picture, int x, int y)
 class ComposedScreen : public testing::Test
 {
 protected:
-    ComposedScreen()
+    ComposedScreen() : m_folder(testing::TempDir() + "composed-screen-XXXXXX")
     {
-        m_folder = testing::TempDir() + "composed-screen-XXXXXX";
         if (::mkdtemp(m_folder.data()) == nullptr)
             throw std::runtime_error(m_folder + ": cannot be made");
     }
@@ -78,6 +77,7 @@ protected:
                                     "--patience 240";
         EXPECT_EQ(std::system(command.c_str()), 0) << m_folder;
         std::vector<Picture> read;
+        read.reserve(pictures.size());
         for (const std::string& picture : pictures)
             read.push_back(readPng(m_folder + "/" + picture));
         return read;

@@ -16,12 +16,12 @@ const int kWidth = 1302;
 
 const host::Screen& screen()
 {
-    static const host::Screen::Option options[] = {
+    static const host::Screen::Option kOptions[] = {
         {"system", "dummy"},    {"mode", "1920x1080"},      {"quiet", nullptr},
         {"no-cursor", nullptr}, {"no-sighandler", nullptr}, {"no-deinit-check", nullptr},
         {nullptr, nullptr},
     };
-    static host::Screen opened(options);
+    static host::Screen opened(kOptions);
     return opened;
 }
 
