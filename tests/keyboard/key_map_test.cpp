@@ -1,6 +1,5 @@
 // The key maps: four key sets from one file, their pixels, and what a bad file leaves behind.
 
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -274,12 +273,11 @@ TEST_F(KeyMapTest, AMalformedOrUnreadableFileEmptiesTheSetsAndIsTriedAgain)
         english();
         writeEnglish(text);
         if (text == std::string("{}")) // as good as none, if it cannot be read
-            ::setenv("VKB_TEST_FAIL_OPEN", LayoutFolder::keyMapPath("English").c_str(), 1);
+            m_folder.makeUnreadable(LayoutFolder::keyMapPath("English"));
         m_parser->onLayoutchanged(m_english);
         expectTrace(layoutChosen("English") + keyMapNotRead());
         EXPECT_FALSE(m_parser->ParseCurrentLayoutKeyMaps());
         EXPECT_EQ(sizes(), kNoKeys);
-        ::unsetenv("VKB_TEST_FAIL_OPEN");
         writeEnglish();
         EXPECT_EQ(sizes(), kTwoEach);
     }

@@ -26,7 +26,6 @@ using velmora::browser::vkb::KeyBoardCore;
 const int kOk = 13;
 const int kLeft = 37;
 const int kRight = 39;
-const char kUnreadable[] = "VKB_TEST_FAIL_OPEN";
 
 // No prefix of it is JSON.
 std::string withoutLineEnd(std::string text)
@@ -70,11 +69,9 @@ class LayoutFaults : public testing::Test
 {
 protected:
     void SetUp() override { repairAndStart(); }
-    void TearDown() override { unsetenv(kUnreadable); }
 
     void repairAndStart()
     {
-        unsetenv(kUnreadable);
         m_core.OnIMECancelled();
         m_folder.writeCatalogue(catalogueText());
         for (const std::string layout : {"English", "German"})
@@ -129,12 +126,9 @@ struct FileFault : Row {
 const FileFault kFileFaults[] = {
     {"Missing", [](LayoutFolder& folder) { folder.removeKeyMap("German"); }},
     {"Unreadable",
-     [](LayoutFolder&) { setenv(kUnreadable, LayoutFolder::keyMapPath("German").c_str(), 1); }},
+     [](LayoutFolder& folder) { folder.makeUnreadable(LayoutFolder::keyMapPath("German")); }},
     {"AFolder",
-     [](LayoutFolder& folder) {
-         folder.removeKeyMap("German");
-         folder.linkFile(LayoutFolder::keyMapPath("German"), "/");
-     }},
+     [](LayoutFolder& folder) { folder.linkFile(LayoutFolder::keyMapPath("German"), "/"); }},
 };
 
 using KeyMapFault = WithRows<LayoutFaults, FileFault>;
@@ -143,8 +137,6 @@ TEST_P(KeyMapFault, LeavesNoKeysUntilItIsRepaired)
 {
     GetParam().breakKeyMap(m_folder);
     expectNoKeysInTheSecondLayout();
-    unsetenv(kUnreadable);
-    m_folder.removeKeyMap("German");
     m_folder.writeKeyMap("German", keyMapText("German"));
     expectBothLayoutsWork();
 }
@@ -177,7 +169,6 @@ TEST_F(LayoutFaults, ACatalogueCutOffAtAnyByteStartsNothingUntilItIsWhole)
         expectBothLayoutsWork();
     }
     m_core.OnIMECancelled();
-    m_folder.removeCatalogue();
     m_folder.linkFile(LayoutFolder::cataloguePath(), "/"); // a folder
     m_core.OnIMEStart(m_display.dfb(), nullptr);
     EXPECT_FALSE(m_core.isKeyBoardEnable());
@@ -244,12 +235,11 @@ TEST_F(LayoutFaults, FilesThatChangeAtRandomNeverEndTheKeyboard)
                                      keyMapText(layout, 1 + random() % 4),
                                      keyMapText(layout, sample::kKeys + 3), // beyond the positions
                                      changed, withAWordForANumber(whole)};
-        unsetenv(kUnreadable);
         const size_t choice = random() % 9;
         if (choice == 0)
             m_folder.removeKeyMap(layout);
         else if (choice == 1)
-            setenv(kUnreadable, LayoutFolder::keyMapPath(layout).c_str(), 1);
+            m_folder.makeUnreadable(LayoutFolder::keyMapPath(layout));
         else
             m_folder.writeKeyMap(layout, choice < 7 ? texts[choice - 2] : whole);
 

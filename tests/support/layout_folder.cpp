@@ -1,7 +1,6 @@
 #include "layout_folder.h"
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <stdexcept>
 
@@ -55,7 +54,7 @@ Json::Value asValue(const Key& key)
 
 Json::Value asValue(const std::string& text)
 {
-    return Json::Value(text);
+    return text;
 }
 
 template <class Element> Json::Value asArray(const std::vector<Element>& elements)
@@ -105,21 +104,25 @@ void LayoutFolder::removeFile(const std::string& path)
     fs::remove(m_root + path);
 }
 
+fs::path LayoutFolder::clearedPlace(const std::string& path)
+{
+    removeFile(path);
+    const fs::path place = m_root + path;
+    fs::create_directories(place.parent_path());
+    return place;
+}
+
 void LayoutFolder::writeFile(const std::string& path, const std::string& text)
 {
-    const fs::path file = m_root + path;
-    fs::create_directories(file.parent_path());
-    std::ofstream stream(file, std::ios::binary);
+    std::ofstream stream(clearedPlace(path), std::ios::binary);
     stream << text;
     if (!stream.flush())
-        throw std::runtime_error(file.string() + ": cannot be written");
+        throw std::runtime_error(m_root + path + ": cannot be written");
 }
 
 void LayoutFolder::linkFile(const std::string& path, const std::string& target)
 {
-    const fs::path file = m_root + path;
-    fs::create_directories(file.parent_path());
-    fs::create_symlink(target, file);
+    fs::create_symlink(target, clearedPlace(path));
 }
 
 } // namespace test_support

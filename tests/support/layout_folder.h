@@ -1,6 +1,7 @@
 #ifndef TESTS_SUPPORT_LAYOUT_FOLDER_H
 #define TESTS_SUPPORT_LAYOUT_FOLDER_H
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -54,10 +55,11 @@ public:
     void removeCatalogue() { removeFile(cataloguePath()); }
     void removeKeyMap(const std::string& layout) { removeFile(keyMapPath(layout)); }
 
-    // Puts a file at a fixed path, such as /usr/local/opt/font/NAME.ttf: with this text, or as a
-    // link to another file.
+    // Puts a file at a fixed path, such as /usr/local/opt/font/NAME.ttf, in place of what is there:
+    // with this text, as a link to another file, or as a link to itself, which nobody can open.
     void writeFile(const std::string& path, const std::string& text);
     void linkFile(const std::string& path, const std::string& target);
+    void makeUnreadable(const std::string& path) { linkFile(path, m_root + path); }
     void removeFile(const std::string& path);
 
     static std::string cataloguePath() { return keyMapPath("Name"); }
@@ -67,6 +69,9 @@ public:
     }
 
 private:
+    // Its place in the folder, with nothing there.
+    std::filesystem::path clearedPlace(const std::string& path);
+
     std::string m_root;
 };
 

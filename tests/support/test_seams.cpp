@@ -1,6 +1,5 @@
 // Replaces a few calls of the C library, so that a test can give a program its own layout files
-// and fonts, make a file unreadable, let it sleep in no time and stop its clock. README.md lists
-// the variables.
+// and fonts, let it sleep in no time and stop its clock. README.md lists the variables.
 
 #include <cerrno>
 #include <cstdarg>
@@ -29,56 +28,18 @@ bool startsWith(const char* text, const char* start)
     return std::strncmp(text, start, std::strlen(start)) == 0;
 }
 
-// A path as the replaced calls use it: where the file is looked for, and whether it may be opened.
-class SeenPath
+// Where the replaced calls look for a file.
+std::string seenPath(const char* path)
 {
-public:
-    explicit SeenPath(const char* path) : m_given(path)
-    {
-        if (path == nullptr)
-            return;
-        const char* refused = std::getenv("VKB_TEST_FAIL_OPEN");
-        m_refused = refused != nullptr && std::strcmp(refused, path) == 0;
-
-        const char* root = std::getenv("VKB_TEST_ROOT");
-        if (root != nullptr &&
-            (startsWith(path, "/usr/local/opt/") || startsWith(path, "/opt/font/")))
-            m_moved = std::string(root) + path;
-    }
-
-    const char* get() const { return m_moved.empty() ? m_given : m_moved.c_str(); }
-    bool refused() const { return m_refused; }
-
-private:
-    const char* m_given;
-    std::string m_moved;
-    bool m_refused = false;
-};
-
-template <class Function, class... More>
-int openFile(const char* name, int directory, const char* path, More... more)
-{
-    const SeenPath seen(path);
-    if (seen.refused()) {
-        errno = EACCES;
-        return -1;
-    }
-    return next<Function>(name)(directory, seen.get(), more...);
+    const char* root = std::getenv("VKB_TEST_ROOT");
+    const bool is_moved =
+        root != nullptr && (startsWith(path, "/usr/local/opt/") || startsWith(path, "/opt/font/"));
+    return is_moved ? std::string(root) + path : path;
 }
 
 std::FILE* openStream(const char* name, const char* path, const char* mode)
 {
-    const SeenPath seen(path);
-    if (seen.refused()) {
-        errno = EACCES;
-        return nullptr;
-    }
-    return next<std::FILE*(const char*, const char*)>(name)(seen.get(), mode);
-}
-
-mode_t modeArgument(int flags, va_list arguments)
-{
-    return (flags & (O_CREAT | __O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+    return next<std::FILE*(const char*, const char*)>(name)(seenPath(path).c_str(), mode);
 }
 
 // Pauses and clock readings of the libraries are left alone: DirectFB has its own.
@@ -100,54 +61,53 @@ const char* recordFile(const void* return_address)
 }
 
 // One write per line, so that a line stays whole also among the lines of another writer.
-void record(const char* file, const std::string& what)
+void record(const char* file, const std::string& line)
 {
-    const std::string line = what + "\n";
-    const int descriptor = next<int(int, const char*, int, ...)>("openat")(
-        AT_FDCWD, file, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
-    if (descriptor < 0 ||
-        ::write(descriptor, line.data(), line.size()) != static_cast<ssize_t>(line.size())) {
+    std::FILE* stream = openStream("fopen", file, "ae");
+    if (stream == nullptr || std::fprintf(stream, "%s\n", line.c_str()) < 0 ||
+        std::fclose(stream) != 0) {
         std::fprintf(stderr, "VKB_TEST_SLEEPS: %s: cannot be written: %s\n", file,
                      std::strerror(errno));
         std::abort();
     }
-    ::close(descriptor);
 }
 
-// What a stopped clock shows: any time will do, and only recorded sleeps move it.
-timespec g_stopped_clock = {1000, 0};
+const int64_t kSecond = 1000000000; // nanoseconds
 
-void recordSleep(const char* file, const char* call, unsigned int amount, int64_t nanoseconds)
+// What a stopped clock shows, in nanoseconds: any time will do, and only recorded sleeps move it.
+int64_t g_stopped_clock = 1000 * kSecond;
+
+// Makes a pause of this many units, or only records it. The unit is in nanoseconds.
+template <class Result, class Amount>
+Result pause(const char* call, Amount amount, int64_t unit, const void* return_address)
 {
-    const int64_t sum = g_stopped_clock.tv_nsec + nanoseconds;
-    g_stopped_clock.tv_sec += static_cast<time_t>(sum / 1000000000);
-    g_stopped_clock.tv_nsec = static_cast<long>(sum % 1000000000);
+    const char* file = recordFile(return_address);
+    if (file == nullptr)
+        return next<Result(Amount)>(call)(amount);
+    g_stopped_clock += amount * unit;
     record(file, std::string(call) + " " + std::to_string(amount));
+    return 0;
 }
 
 } // namespace
 
 extern "C" {
 
-#define VKB_REPLACE_OPEN(NAME, AT_NAME)                                                            \
-    int NAME(const char* path, int flags, ...)                                                     \
+// The last arguments are those of the call before its flags.
+#define VKB_REPLACE_OPEN(NAME, REAL, DIRECTORY, ...)                                               \
+    int NAME(__VA_ARGS__, int flags, ...)                                                          \
     {                                                                                              \
-        va_list arguments;                                                                         \
-        va_start(arguments, flags);                                                                \
-        const mode_t mode = modeArgument(flags, arguments);                                        \
-        va_end(arguments);                                                                         \
-        return openFile<int(int, const char*, int, ...)>(#AT_NAME, AT_FDCWD, path, flags, mode);   \
-    }                                                                                              \
-    int AT_NAME(int directory, const char* path, int flags, ...)                                   \
-    {                                                                                              \
-        va_list arguments;                                                                         \
-        va_start(arguments, flags);                                                                \
-        const mode_t mode = modeArgument(flags, arguments);                                        \
-        va_end(arguments);                                                                         \
-        return openFile<int(int, const char*, int, ...)>(#AT_NAME, directory, path, flags, mode);  \
+        va_list more;                                                                              \
+        va_start(more, flags);                                                                     \
+        const mode_t mode = (flags & (O_CREAT | __O_TMPFILE)) != 0 ? va_arg(more, mode_t) : 0;     \
+        va_end(more);                                                                              \
+        return next<int(int, const char*, int, ...)>(REAL)(DIRECTORY, seenPath(path).c_str(),      \
+                                                           flags, mode);                           \
     }
-VKB_REPLACE_OPEN(open, openat)
-VKB_REPLACE_OPEN(open64, openat64)
+VKB_REPLACE_OPEN(open, "openat", AT_FDCWD, const char* path)
+VKB_REPLACE_OPEN(open64, "openat64", AT_FDCWD, const char* path)
+VKB_REPLACE_OPEN(openat, "openat", directory, int directory, const char* path)
+VKB_REPLACE_OPEN(openat64, "openat64", directory, int directory, const char* path)
 #undef VKB_REPLACE_OPEN
 
 // The forms that packages built with _FORTIFY_SOURCE call.
@@ -173,25 +133,17 @@ std::FILE* fopen64(const char* path, const char* mode)
 
 int access(const char* path, int mode) noexcept
 {
-    return next<int(const char*, int)>("access")(SeenPath(path).get(), mode);
+    return next<int(const char*, int)>("access")(seenPath(path).c_str(), mode);
 }
 
 int usleep(useconds_t microseconds)
 {
-    const char* file = recordFile(__builtin_return_address(0));
-    if (file == nullptr)
-        return next<int(useconds_t)>("usleep")(microseconds);
-    recordSleep(file, "usleep", microseconds, int64_t(microseconds) * 1000);
-    return 0;
+    return pause<int>("usleep", microseconds, 1000, __builtin_return_address(0));
 }
 
 unsigned int sleep(unsigned int seconds)
 {
-    const char* file = recordFile(__builtin_return_address(0));
-    if (file == nullptr)
-        return next<unsigned int(unsigned int)>("sleep")(seconds);
-    recordSleep(file, "sleep", seconds, int64_t(seconds) * 1000000000);
-    return 0;
+    return pause<unsigned int>("sleep", seconds, kSecond, __builtin_return_address(0));
 }
 
 int clock_gettime(clockid_t clock, timespec* now) noexcept
@@ -202,7 +154,8 @@ int clock_gettime(clockid_t clock, timespec* now) noexcept
     if (file == nullptr)
         return next<int(clockid_t, timespec*)>("clock_gettime")(clock, now);
     record(file, "clock");
-    *now = g_stopped_clock;
+    *now = {static_cast<time_t>(g_stopped_clock / kSecond),
+            static_cast<long>(g_stopped_clock % kSecond)};
     return 0;
 }
 }
