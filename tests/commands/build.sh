@@ -89,30 +89,6 @@ test_filter_that_matches_nothing_fails() {
     expect_said 'No tests were found'
 }
 
-# A program that names a test for each file of a folder, as the one of the layouts does.
-test_new_file_has_its_tests_without_a_build() {
-    mkdir files
-    fake lister "cd '$PWD/files'; echo 'Each/File.'; for file in *; do echo \"  Works/\$file\"; done"
-    touch files/English
-    project "list(APPEND CMAKE_MODULE_PATH $root/cmake)
-        include(GoogleTest)
-        include(ListTestsAnew)
-        add_executable(lister IMPORTED)
-        set_target_properties(lister PROPERTIES IMPORTED_LOCATION $PWD/fakes/lister)
-        vkb_list_tests_anew(lister $PWD/files)
-        gtest_discover_tests(lister NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST)"
-    run project/scripts/test
-    expect_status 0
-    expect_said 'Running 1 tests'
-    touch files/Occitan
-    run project/scripts/test default -R Occitan
-    expect_status 0
-    expect_said 'Running 1 tests'
-    rm files/English
-    run project/scripts/test default -R English
-    [ "$status" -ne 0 ] || fail "a file that is gone is still tested"
-}
-
 # build_project: a project of its own with scripts/build, built once.
 build_project() {
     project 'add_custom_command(OUTPUT made COMMAND ${CMAKE_COMMAND} -E touch made)
