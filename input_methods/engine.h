@@ -48,6 +48,7 @@ public:
 
     // For a language that converts: adds at most count candidates from this index on, fewer when
     // there are no more; and takes one. Index and from count all candidates, not those of a page.
+    virtual bool converts() const { return false; }
     virtual void addCandidates(size_t /*from*/, size_t /*count*/, std::vector<std::string>&) {}
     virtual void take(size_t /*index*/, Answer&) {}
 

@@ -42,7 +42,7 @@ size_t roomFor(const std::vector<std::string>& candidates)
 } // namespace
 
 InputMethod::InputMethod(std::unique_ptr<Engine> engine)
-    : m_engine(std::move(engine)), m_page_starts{0}
+    : m_engine(std::move(engine)), m_converts(m_engine->converts()), m_page_starts{0}
 {
 }
 
@@ -57,7 +57,7 @@ Answer InputMethod::feed(const OsButton_t& key)
         erase(answer);
         break;
     case KeyCodeClearAll:
-        answer = reset();
+        drop();
         break;
     case KeyCodeCaretLeft:
         turn(-1, answer);
@@ -90,8 +90,16 @@ void InputMethod::type(uint32_t character, Answer& answer)
     if (m_preedit_bytes >= kFullPreedit)
         makeRoom(answer);
     answer.used = character != 0 && m_engine->type(character, answer);
+    if (answer.used)
+        showFirstPage(answer);
+    else
+        passOn(character, answer);
+}
+
+void InputMethod::passOn(uint32_t character, Answer& answer)
+{
     // With nothing composed the engine may remember the letter, for a mark that follows.
-    if (answer.used || (character != 0 && m_engine->preedit().empty()))
+    if (character != 0 && m_engine->preedit().empty())
         showFirstPage(answer);
     else
         handOver(answer);
@@ -180,12 +188,17 @@ Answer InputMethod::finish()
 
 Answer InputMethod::reset()
 {
+    drop();
+    return Answer();
+}
+
+void InputMethod::drop()
+{
     m_engine->reset();
     m_page_starts = {0};
     m_page_size = 0;
     m_has_next = false;
     m_preedit_bytes = 0;
-    return Answer();
 }
 
 std::string InputMethod::spell(const std::string& text)
@@ -229,11 +242,20 @@ bool InputMethod::isUsed(const std::string& text)
 
 void InputMethod::showFirstPage(Answer& answer)
 {
-    m_page_starts.resize(1); // the first one starts at 0
+    if (m_converts)
+        m_page_starts.resize(1); // the first one starts at 0
     show(answer);
 }
 
 void InputMethod::show(Answer& answer)
+{
+    m_engine->addPreedit(answer.preedit);
+    m_preedit_bytes = answer.preedit.size();
+    if (m_converts)
+        showCandidates(answer);
+}
+
+void InputMethod::showCandidates(Answer& answer)
 {
     const size_t first = m_page_starts.back();
     const size_t most = kPageCandidates;
@@ -243,8 +265,6 @@ void InputMethod::show(Answer& answer)
     m_page_size = std::min({found, most, roomFor(answer.candidates)});
     m_has_next = m_page_size < found;
     answer.candidates.resize(m_page_size);
-    m_engine->addPreedit(answer.preedit);
-    m_preedit_bytes = answer.preedit.size();
     answer.chosen = m_page_size == 0 ? -1 : 0;
     answer.hasPrevious = first > 0;
     answer.hasNext = m_has_next;

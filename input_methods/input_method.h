@@ -70,15 +70,19 @@ public:
 private:
     bool composes(const std::string& keys, const std::string& text);
     void type(uint32_t character, Answer& answer);
+    void passOn(uint32_t character, Answer& answer);
     void erase(Answer& answer);
     void take(int number, Answer& answer);
     void turn(int step, Answer& answer);
     void handOver(Answer& answer);
     void makeRoom(Answer& answer);
+    void drop();
     void show(Answer& answer);
     void showFirstPage(Answer& answer);
+    void showCandidates(Answer& answer);
 
     std::unique_ptr<Engine> m_engine;
+    bool m_converts;                   // as the engine says
     std::vector<size_t> m_page_starts; // of the page that is shown, and of those before it
     size_t m_page_size = 0;            // candidates that are shown
     bool m_has_next = false;

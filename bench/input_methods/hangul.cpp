@@ -14,8 +14,11 @@ namespace
 
 HangulInputContext* context = nullptr;
 std::vector<int> keys;
-const std::map<std::string, int> kKeys = {{"ㅇ", 'd'}, {"ㅏ", 'k'}, {"ㄴ", 's'}, {"ㅕ", 'u'},
-                                          {"ㅎ", 'g'}, {"ㅅ", 't'}, {"ㅔ", 'p'}, {"ㅛ", 'y'}};
+const std::map<std::string, int> kKeys = {
+    {"ㄱ", 'r'}, {"ㄴ", 's'}, {"ㄷ", 'e'}, {"ㄸ", 'E'}, {"ㄹ", 'f'}, {"ㅁ", 'a'},
+    {"ㅂ", 'q'}, {"ㅆ", 'T'}, {"ㅇ", 'd'}, {"ㅈ", 'w'}, {"ㅌ", 'x'}, {"ㅎ", 'g'},
+    {"ㅏ", 'k'}, {"ㅐ", 'o'}, {"ㅓ", 'j'}, {"ㅔ", 'p'}, {"ㅕ", 'u'}, {"ㅗ", 'h'},
+    {"ㅜ", 'n'}, {"ㅠ", 'b'}, {"ㅡ", 'm'}, {"ㅣ", 'l'}};
 
 std::string fromUcs4(const ucschar* text)
 {

@@ -11,7 +11,8 @@ using namespace input_methods;
 namespace
 {
 
-void add(const ucschar* text, std::string& utf8Text)
+// A call of it would be a thirtieth of the time of a key.
+inline void add(const ucschar* text, std::string& utf8Text)
 {
     uint8_t bytes[6];
     for (; *text != 0; ++text)

@@ -13,6 +13,7 @@ namespace input_methods
 class ListingEngine : public Engine
 {
 public:
+    bool converts() const override { return true; }
     void addCandidates(size_t from, size_t count, std::vector<std::string>& found) override;
     void take(size_t index, Answer& answer) override;
 

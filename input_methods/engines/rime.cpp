@@ -67,6 +67,7 @@ public:
         m_api->free_context(&context);
     }
 
+    bool converts() const override { return true; }
     void addCandidates(size_t from, size_t count, std::vector<std::string>& found) override
     {
         RimeCandidateListIterator iterator = {};

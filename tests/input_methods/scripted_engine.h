@@ -22,6 +22,7 @@ public:
     void take(size_t index, input_methods::Answer& answer) override;
     void reset() override { m_preedit.clear(); }
     void addPreedit(std::string& text) const override { text += m_preedit; }
+    bool converts() const override { return true; }
     void addCandidates(size_t from, size_t count, std::vector<std::string>& found) override;
 
 private:
