@@ -41,7 +41,7 @@ install: installable ## Install to PREFIX (/usr/local) below DESTDIR; layouts to
 	@scripts/install
 
 uninstall: ## Take away what was installed to PREFIX below DESTDIR
-	@scripts/uninstall
+	@scripts/install --undo
 
 package: ## Make the Debian packages, in build/package/
 	@scripts/install-packages build hosts tools input_methods package

@@ -71,16 +71,31 @@ test_summary_is_short() {
     expect_said " $((${#shipped[@]} - 1)) layouts"
 }
 
+# Also what was installed twice, and below a folder with an odd name.
 test_uninstall_leaves_nothing() {
-    export DESTDIR=$PWD/machine PREFIX=/opt/keyboard
+    export DESTDIR="$PWD/machine & all" PREFIX=/opt/keyboard
+    run make_it install
+    expect_status 0
     run make_it install
     expect_status 0
     run make_it uninstall
     expect_status 0
-    [ -z "$(ls -A machine)" ] || fail "left: $(find machine)"
+    [ -z "$(ls -A "$DESTDIR")" ] || fail "left: $(find "$DESTDIR")"
     run make_it uninstall
     expect_status 2
     expect_said 'nothing is installed below'
+}
+
+test_installation_that_was_cut_short_is_taken_away() {
+    export DESTDIR=$PWD/machine PREFIX=/opt/keyboard
+    fake tar 'case $* in *-x*) head -c 3000000 | /usr/bin/tar "$@"; exit ;; esac
+        exec /usr/bin/tar "$@"'
+    run make_it install
+    expect_status 2
+    [ -n "$(left_below machine)" ] || fail "nothing was installed"
+    run make_it uninstall
+    expect_status 0
+    [ ! -e machine/opt ] || fail "left: $(left_below machine)"
 }
 
 test_files_that_an_older_version_had_go() {
@@ -112,6 +127,7 @@ test_languages_are_chosen_after_installing() {
         typing terminal_host --type "ça va"'
     expect_status 0
     expect_said 'To choose languages: layouts install'
+    expect_said " $(find "$root/resources/oskeyboard_config" -name 'Language_*' ! -name '*_Name.json' | wc -l) layouts"
     expect_said $'Language_Dutch.json\nLanguage_French.json\nLanguage_Name.json\nça va'
 }
 
