@@ -11,21 +11,14 @@ using namespace input_methods;
 namespace
 {
 
-const int kLongest = 39; // syllables that chewing holds before it commits by itself
-const int kWhole = -1;   // the number of the whole conversion
+const int kWhole = -1; // the number of the whole conversion
 
 void ignoreLog(void*, int, const char*, ...) {} // NOLINT(cert-dcl50-cpp): the type chewing calls
 
 class Chewing : public ListingEngine
 {
 public:
-    Chewing(ChewingContext* context, bool learns)
-        : m_context(context), m_typed(context), m_learns(learns)
-    {
-        chewing_set_maxChiSymbolLen(context, kLongest);
-    }
-
-    ~Chewing() override { chewing_delete(m_context); }
+    Chewing(ChewingContext* context, bool learns) : m_typed(context), m_learns(learns) {}
 
     bool type(uint32_t character, Answer&) override
     {
@@ -82,10 +75,9 @@ private:
     void learn()
     {
         if (m_learns)
-            chewing_commit_preedit_buf(m_context);
+            m_typed.learn();
     }
 
-    ChewingContext* m_context;
     Zhuyin m_typed;
     bool m_learns;
 };

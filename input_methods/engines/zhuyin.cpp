@@ -9,6 +9,7 @@ namespace input_methods
 namespace
 {
 
+const int kLongest = 39; // syllables that chewing holds before it commits by itself
 const uint32_t kFirstSign = 0x3105;
 const uint32_t kLastSign = 0x312F;
 
@@ -46,6 +47,7 @@ Zhuyin::Zhuyin(ChewingContext* context)
     : m_context(context),
       m_keys(kFirstSign, kLastSign, [context](int key) { return signOf(context, key); })
 {
+    chewing_set_maxChiSymbolLen(context, kLongest);
 }
 
 bool Zhuyin::type(uint32_t character)

@@ -18,7 +18,10 @@ namespace input_methods
 class Zhuyin
 {
 public:
-    explicit Zhuyin(ChewingContext* context); // the caller's; stays as long as this
+    explicit Zhuyin(ChewingContext* context); // takes it over
+    ~Zhuyin() { chewing_delete(m_context); }
+    Zhuyin(const Zhuyin&) = delete;
+    Zhuyin& operator=(const Zhuyin&) = delete;
 
     // Return false, and change nothing, for a character that is no sign of a syllable here, and
     // where there is nothing to take away. A tone of no syllable is used and changes nothing.
@@ -31,6 +34,9 @@ public:
     // What the first syllables may be besides, the longest words first; and takes one of these.
     std::vector<std::string> wordsAtTheBeginning();
     void choose(const std::string& word);
+
+    // What is converted, as it stands. chewing is empty then, until the next drop or clear.
+    void learn() { chewing_commit_preedit_buf(m_context); }
 
     // Takes so many syllables away from the beginning.
     void drop(size_t syllables);
