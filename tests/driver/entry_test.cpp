@@ -99,7 +99,7 @@ TEST(Entry, WindowIsOpenedStepByStepThenClosed)
                             "dfb GetDisplayLayer 0", "dfb SetCooperativeLevel 2",
                             "dfb CreateWindow flags 0x237 caps 3 size 800x600 at 100,100 stacking "
                             "1; not flagged: format 0x00418C04 surface caps 0x15",
-                            "dfb SetCooperativeLevel 2", "dfb GetSurface", "dfb SetOpacity 0xFF",
+                            "dfb SetCooperativeLevel 2", "dfb GetSurface", "dfb SetOpacity 255",
                             "dfb RequestFocus", "dfb RaiseToTop", "dfb layer Release",
                             "dfb dfb Release"));
     EXPECT_EQ(result.exitStatus, 0);

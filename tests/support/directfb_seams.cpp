@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <map>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include <directfb.h>
@@ -22,31 +23,6 @@
 
 namespace
 {
-
-// DirectFB's objects are tables of functions: the one put into a slot calls the one that was there
-// before. All objects of one kind have the same.
-template <auto Slot> struct Hook;
-
-template <class Object, class Result, class... Arguments,
-          Result (*Object::*Slot)(Object*, Arguments...)>
-struct Hook<Slot> {
-    static inline Result (*real)(Object*, Arguments...) = nullptr;
-
-    static void put(Object* object, Result (*own)(Object*, Arguments...))
-    {
-        if (object->*Slot == own)
-            return;
-        real = object->*Slot;
-        object->*Slot = own;
-    }
-};
-
-// Never freed: leak checkers look after the last destructor.
-void keep(void* object)
-{
-    static std::vector<void*>* const kKept = new std::vector<void*>;
-    kKept->push_back(object);
-}
 
 // Writes the line at once, so that it keeps its place among the log lines. Returns whether the
 // call is the one that is to fail.
@@ -63,98 +39,96 @@ bool trace(const std::string& call, const std::string& arguments = "")
     return call + " " + std::to_string(++counts[call]) == (failing == nullptr ? "" : failing);
 }
 
-std::string described(const DFBWindowDescription& wanted)
+// An argument as the line shows it, unless it is a place for what is made.
+template <class Argument> std::string shown(Argument argument)
+{
+    if constexpr (std::is_pointer_v<Argument>)
+        return "";
+    else
+        return " " + std::to_string(argument);
+}
+
+std::string shown(const DFBWindowDescription* wanted)
 {
     char text[256];
     std::snprintf(text, sizeof text,
-                  " flags 0x%X caps %u size %ux%u at %d,%d stacking %d; not flagged: format 0x%08X "
+                  " flags 0x%X caps %u size %ux%u at %d,%d stacking %u; not flagged: format 0x%08X "
                   "surface caps 0x%X",
-                  static_cast<unsigned int>(wanted.flags), static_cast<unsigned int>(wanted.caps),
-                  wanted.width, wanted.height, wanted.posx, wanted.posy,
-                  static_cast<int>(wanted.stacking), static_cast<unsigned int>(wanted.pixelformat),
-                  static_cast<unsigned int>(wanted.surface_caps));
+                  wanted->flags, wanted->caps, wanted->width, wanted->height, wanted->posx,
+                  wanted->posy, wanted->stacking, wanted->pixelformat, wanted->surface_caps);
     return text;
 }
 
-// Traces a call and makes it, unless it is to fail.
-template <auto Slot, class... Arguments>
-DFBResult make(const char* name, const std::string& shown, Arguments... arguments)
+// Never freed: leak checkers look after the last destructor.
+void watch(void* object)
 {
-    return trace(name, shown) ? DFB_FAILURE : Hook<Slot>::real(arguments...);
+    static std::vector<void*>* const kKept = new std::vector<void*>;
+    kKept->push_back(object);
 }
+
+void watch(IDirectFBDisplayLayer* layer);
+void watch(IDirectFBWindow* window);
+
+template <class Argument> void watchWhatIsMade(Argument argument)
+{
+    if constexpr (std::is_pointer_v<std::remove_pointer_t<Argument>>)
+        watch(*argument);
+}
+
+// DirectFB's objects are tables of functions, the same in all objects of one kind: the function
+// that is put into a slot calls the one that was there before.
+template <auto Slot> struct Hook;
+
+template <class Object, class Result, class... Arguments,
+          Result (*Object::*Slot)(Object*, Arguments...)>
+struct Hook<Slot> {
+    static inline const char* name = nullptr;
+    static inline Result (*real)(Object*, Arguments...) = nullptr;
+
+    static Result traced(Object* self, Arguments... arguments)
+    {
+        if (trace(name, (std::string() + ... + shown(arguments))))
+            return static_cast<Result>(DFB_FAILURE);
+        const Result result = real(self, arguments...);
+        if (static_cast<DFBResult>(result) == DFB_OK)
+            (watchWhatIsMade(arguments), ...);
+        return result;
+    }
+
+    static void put(Object* object, const char* call)
+    {
+        if (object->*Slot == traced)
+            return;
+        name = call;
+        real = object->*Slot;
+        object->*Slot = traced;
+    }
+};
 
 void watch(IDirectFBWindow* window)
 {
-    keep(window);
-    Hook<&IDirectFBWindow::GetSurface>::put(window, [](auto* self, IDirectFBSurface** surface) {
-        const DFBResult result =
-            make<&IDirectFBWindow::GetSurface>("GetSurface", "", self, surface);
-        if (result == DFB_OK)
-            keep(*surface);
-        return result;
-    });
-    Hook<&IDirectFBWindow::SetOpacity>::put(window, [](auto* self, u8 opacity) {
-        const char* shown = opacity == 0xFF ? " 0xFF" : " other";
-        return make<&IDirectFBWindow::SetOpacity>("SetOpacity", shown, self, opacity);
-    });
-    Hook<&IDirectFBWindow::RequestFocus>::put(window, [](auto* self) {
-        return make<&IDirectFBWindow::RequestFocus>("RequestFocus", "", self);
-    });
-    Hook<&IDirectFBWindow::RaiseToTop>::put(window, [](auto* self) {
-        return make<&IDirectFBWindow::RaiseToTop>("RaiseToTop", "", self);
-    });
+    watch(static_cast<void*>(window));
+    Hook<&IDirectFBWindow::GetSurface>::put(window, "GetSurface");
+    Hook<&IDirectFBWindow::SetOpacity>::put(window, "SetOpacity");
+    Hook<&IDirectFBWindow::RequestFocus>::put(window, "RequestFocus");
+    Hook<&IDirectFBWindow::RaiseToTop>::put(window, "RaiseToTop");
 }
 
 void watch(IDirectFBDisplayLayer* layer)
 {
-    using Layer = IDirectFBDisplayLayer;
-    keep(layer);
-    Hook<&Layer::SetCooperativeLevel>::put(layer, [](auto* self, auto level) {
-        return make<&Layer::SetCooperativeLevel>("SetCooperativeLevel", " " + std::to_string(level),
-                                                 self, level);
-    });
-    Hook<&Layer::CreateWindow>::put(layer, [](auto* self, const DFBWindowDescription* wanted,
-                                              IDirectFBWindow** window) {
-        const DFBResult result =
-            make<&Layer::CreateWindow>("CreateWindow", described(*wanted), self, wanted, window);
-        if (result == DFB_OK)
-            watch(*window);
-        return result;
-    });
-    Hook<&Layer::GetWindow>::put(layer, [](auto* self, DFBWindowID id, IDirectFBWindow** window) {
-        const DFBResult result = Hook<&Layer::GetWindow>::real(self, id, window);
-        if (result == DFB_OK)
-            watch(*window);
-        return result;
-    });
-    Hook<&Layer::Release>::put(layer, [](auto* self) {
-        trace("layer Release");
-        return Hook<&Layer::Release>::real(self);
-    });
+    watch(static_cast<void*>(layer));
+    Hook<&IDirectFBDisplayLayer::SetCooperativeLevel>::put(layer, "SetCooperativeLevel");
+    Hook<&IDirectFBDisplayLayer::CreateWindow>::put(layer, "CreateWindow");
+    Hook<&IDirectFBDisplayLayer::GetWindow>::put(layer, "GetWindow");
+    Hook<&IDirectFBDisplayLayer::Release>::put(layer, "layer Release");
 }
 
 void watch(IDirectFB* dfb)
 {
-    keep(dfb);
-    Hook<&IDirectFB::GetDisplayLayer>::put(
-        dfb, [](auto* self, DFBDisplayLayerID id, IDirectFBDisplayLayer** layer) {
-            const DFBResult result = make<&IDirectFB::GetDisplayLayer>(
-                "GetDisplayLayer", " " + std::to_string(id), self, id, layer);
-            if (result == DFB_OK)
-                watch(*layer);
-            return result;
-        });
-    Hook<&IDirectFB::CreateFont>::put(
-        dfb, [](auto* self, const char* path, const DFBFontDescription* wanted, auto** font) {
-            const DFBResult result = Hook<&IDirectFB::CreateFont>::real(self, path, wanted, font);
-            if (result == DFB_OK)
-                keep(*font);
-            return result;
-        });
-    Hook<&IDirectFB::Release>::put(dfb, [](auto* self) {
-        trace("dfb Release");
-        return Hook<&IDirectFB::Release>::real(self);
-    });
+    watch(static_cast<void*>(dfb));
+    Hook<&IDirectFB::GetDisplayLayer>::put(dfb, "GetDisplayLayer");
+    Hook<&IDirectFB::CreateFont>::put(dfb, "CreateFont");
+    Hook<&IDirectFB::Release>::put(dfb, "dfb Release");
 }
 
 template <class Function> Function* next(const char* name)
