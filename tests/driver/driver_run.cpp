@@ -52,8 +52,9 @@ Command driverCommandInRealTime(const TestPlace& place, const Lines& arguments)
 {
     Command command;
     command.words = Lines{driverProgram()} + arguments;
-    command.environment = {{"DFBARGS", kDisplay}, {"VKB_TEST_ROOT", place.root()}};
-    command.preload = {VKB_TEST_SEAMS, VKB_TEST_DIRECTFB_SEAMS};
+    command.environment = {{"DFBARGS", kDisplay},
+                           {"LD_PRELOAD", VKB_TEST_SEAMS " " VKB_TEST_DIRECTFB_SEAMS},
+                           {"VKB_TEST_ROOT", place.root()}};
     return command;
 }
 
@@ -109,9 +110,9 @@ void expectEndlessLoop(const Command& command, const std::string& input, const s
     driver.closeInput();
     ASSERT_TRUE(driver.waitForOutput(prompt, 50));
     driver.kill(SIGKILL);
-    EXPECT_EQ(driver.signal(), SIGKILL) << "it had ended by itself";
+    EXPECT_EQ(driver.result().signal, SIGKILL) << "it had ended by itself";
 
-    Lines lines = reduce(driver.out());
+    Lines lines = reduce(driver.result().out);
     ASSERT_GE(lines.size(), expected.size());
     lines.resize(expected.size());
     EXPECT_EQ(text(lines), text(expected));

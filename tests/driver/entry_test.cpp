@@ -114,7 +114,7 @@ TEST(Entry, WaitsForOneCharacterBeforeItReleasesTheDisplay)
     ASSERT_TRUE(driver.write("\n"));
     EXPECT_TRUE(driver.waitForOutput("dfb dfb Release\n"));
     ASSERT_TRUE(driver.waitForEnd());
-    EXPECT_EQ(driver.exitStatus(), 0);
+    EXPECT_EQ(driver.result().exitStatus, 0);
 }
 
 TEST(Entry, DirectFBOptionsCountAsArguments)

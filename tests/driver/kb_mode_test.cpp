@@ -366,7 +366,7 @@ TEST(KbLoopEnd, AfterItTheDriverWaitsForOneMoreCharacter)
     EXPECT_FALSE(driver.waitForEnd(test_process::Milliseconds(300)));
     ASSERT_TRUE(driver.write("x"));
     ASSERT_TRUE(driver.waitForEnd());
-    EXPECT_EQ(driver.exitStatus(), 0);
+    EXPECT_EQ(driver.result().exitStatus, 0);
 }
 
 } // namespace

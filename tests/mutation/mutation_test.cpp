@@ -1,10 +1,11 @@
+// Puts each fault of the table into a copy of the sources, and runs the test that must notice it.
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
+#include <map>
 #include <stdexcept>
 
 #include <gmock/gmock.h>
-#include <json/json.h>
 
 #include "fault_table.h"
 #include "process.h"
@@ -18,46 +19,24 @@ namespace
 
 using Words = std::vector<std::string>;
 
-std::string contentOf(const fs::path& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream content;
-    content << stream.rdbuf();
-    if (!stream)
-        throw std::runtime_error(file.string() + ": cannot be read");
-    return content.str();
-}
+// A test program, and what a source with a fault is linked into in its place.
+struct Suite {
+    std::string sources;  // the folder
+    std::string program;  // without a fault
+    std::string variable; // names what was linked to the program; empty where that is a program too
+    Words objects;
+    Words link;
+};
 
-// How the existing programs were built.
-const Json::Value& buildFile()
-{
-    static const Json::Value kBuild = [] {
-        std::istringstream stream(contentOf(VKB_MUTATION_BUILD));
-        Json::Value value;
-        stream >> value;
-        return value;
-    }();
-    return kBuild;
-}
+// How the existing programs were built: kCompiler, with its flags, and kSuites.
+#include VKB_MUTATION_BUILD
 
-Words wordsOf(const Json::Value& array)
-{
-    Words words;
-    for (const Json::Value& word : array)
-        words.push_back(word.asString());
-    return words;
-}
-
-Words operator+(Words left, const Words& right)
-{
-    left.insert(left.end(), right.begin(), right.end());
-    return left;
-}
-
-void runTool(const Words& words)
+void compile(const std::vector<Words>& arguments)
 {
     Command command;
-    command.words = words;
+    command.words = kCompiler;
+    for (const Words& words : arguments)
+        command.words.insert(command.words.end(), words.begin(), words.end());
     command.forTarget = false;
     const Result result = test_process::run(command);
     if (result.exitStatus != 0)
@@ -67,7 +46,7 @@ void runTool(const Words& words)
 class FaultTest : public testing::TestWithParam<Fault>
 {
 protected:
-    FaultTest() : m_scratch(fs::path(VKB_MUTATION_SCRATCH) / GetParam().name)
+    FaultTest()
     {
         fs::remove_all(m_scratch);
         fs::create_directories(m_scratch);
@@ -79,19 +58,13 @@ protected:
         fs::remove_all(m_scratch, ignored);
     }
 
-    const Json::Value& suite() const { return buildFile()[GetParam().suite]; }
-    bool isLog() const { return GetParam().suite == std::string("log"); }
-
     // Copies the sources and puts the fault into the copy.
     void plant()
     {
         const Fault& fault = GetParam();
-        for (const auto& entry :
-             fs::directory_iterator(buildFile()[isLog() ? "log_sources" : "sources"].asString()))
-            if (entry.is_regular_file())
-                fs::copy(entry.path(), m_scratch);
-
-        std::string text = contentOf(m_scratch / fault.file);
+        fs::copy(m_suite.sources, m_scratch);
+        std::ifstream stream(m_scratch / fault.file, std::ios::binary);
+        std::string text(std::istreambuf_iterator<char>(stream), {});
         ASSERT_EQ(test_process::countOf(fault.text, text), 1)
             << fault.file << ": expected once: " << fault.text;
         text.replace(text.find(fault.text), std::string(fault.text).size(), fault.replacement);
@@ -101,41 +74,35 @@ protected:
     // Returns what was linked: a test program, the driver, or the log library.
     std::string build()
     {
-        const std::string compiler = buildFile()["compiler"].asString();
         const std::string source = (m_scratch / GetParam().source).string();
         const std::string object = source + ".o";
-        std::string program = (m_scratch / "with-fault").string();
-
-        runTool(Words{compiler, "-std=c++11", "-fPIC", "-O0"} + wordsOf(buildFile()["flags"]) +
-                Words{"-c", source, "-o", object});
+        compile({{"-std=c++11", "-fPIC", "-O0", "-c", source, "-o", object}});
 
         Words objects = {object};
-        for (const std::string& other : wordsOf(suite()["objects"]))
+        for (const std::string& other : m_suite.objects)
             if (fs::path(other).filename() != fs::path(object).filename())
                 objects.push_back(other);
-        runTool(Words{compiler} + wordsOf(buildFile()["flags"]) + objects +
-                wordsOf(suite()["link"]) + Words{"-o", program});
-        return program;
+        std::string linked = (m_scratch / "with-fault").string();
+        compile({objects, m_suite.link, {"-o", linked}});
+        return linked;
     }
 
-    Result runTest(const std::string& program_with_fault = "")
+    Result runTest(const std::string& linked = "")
     {
+        const bool is_program = m_suite.variable.empty() && !linked.empty();
         Command command;
-        command.words = {suite()["program"].asString(),
+        command.words = {is_program ? linked : m_suite.program,
                          "--gtest_filter=" + std::string(GetParam().test)};
         // Coverage counts what the right sources run, not these.
-        command.environment["GCOV_PREFIX"] = m_scratch.string();
-        command.environment["VKB_FAILED_PICTURES"] = m_scratch.string();
-        if (isLog() && !program_with_fault.empty())
-            command.preload = {program_with_fault};
-        else if (GetParam().suite == std::string("driver"))
-            command.environment["VKB_TEST_OTHER_DRIVER"] = program_with_fault;
-        else if (!program_with_fault.empty())
-            command.words[0] = program_with_fault;
+        command.environment = {{"GCOV_PREFIX", m_scratch.string()},
+                               {"VKB_FAILED_PICTURES", m_scratch.string()}};
+        if (!m_suite.variable.empty())
+            command.environment[m_suite.variable] = linked;
         return test_process::run(command);
     }
 
-    fs::path m_scratch;
+    const Suite& m_suite = kSuites.at(GetParam().suite);
+    const fs::path m_scratch = fs::path(VKB_MUTATION_SCRATCH) / GetParam().name;
 };
 
 TEST_P(FaultTest, IsNoticed)

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include <sys/wait.h>
+#include <sys/types.h>
 
 namespace test_process
 {
@@ -21,8 +21,16 @@ struct Command {
     std::vector<std::string> words; // the program's path first
     // Added to a small fixed environment; nothing else of the test's own environment is passed on.
     std::map<std::string, std::string> environment;
-    std::vector<std::string> preload; // libraries for LD_PRELOAD
-    bool forTarget = true;            // built by this build, so started through its emulator
+    bool forTarget = true; // built by this build, so started through its emulator
+};
+
+// What a program did until now and, after its end, how it ended.
+struct Result {
+    int exitStatus = -1; // -1 when a signal ended it
+    int signal = 0;      // that ended it
+    std::string out;
+    std::string err;
+    Milliseconds time{}; // from its start to its end
 };
 
 // A running program. Its output is collected as it comes. The destructor kills it if it runs.
@@ -49,42 +57,20 @@ public:
     // Ends the program with a signal and waits for it.
     void kill(int signal);
 
-    const std::string& out() const { return m_out; }
-    const std::string& err() const { return m_err; }
-
-    // After the end: the exit status, or -1 when a signal ended the program.
-    int exitStatus() const
-    {
-        return m_ended && WIFEXITED(m_wait_status) ? WEXITSTATUS(m_wait_status) : -1;
-    }
-    // After the end: the signal that ended the program, or 0.
-    int signal() const
-    {
-        return m_ended && WIFSIGNALED(m_wait_status) ? WTERMSIG(m_wait_status) : 0;
-    }
+    const Result& result() const { return m_result; }
 
 private:
     bool isClosed() const { return m_output < 0 && m_error < 0; }
-    bool hasEnded();
     void collect();
+    void takeEnd(int waitOptions);
 
+    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
     pid_t m_pid = -1;
     bool m_ended = false;
-    int m_wait_status = 0;
     int m_input = -1;
     int m_output = -1;
     int m_error = -1;
-    std::string m_out;
-    std::string m_err;
-};
-
-// What a program did that was given all its input at once.
-struct Result {
-    int exitStatus;
-    int signal;
-    std::string out;
-    std::string err;
-    Milliseconds time;
+    Result m_result;
 };
 
 // Runs a program to its end. Throws std::runtime_error when the deadline passes first.
