@@ -81,39 +81,19 @@ TEST_P(DriverRun, PrintsTheseLines)
     expectRun(GetParam());
 }
 
-void expectRun(const Run& run)
+Result expectRun(const Run& run, const TestPlace& place)
 {
-    const TestPlace place;
     Command command = driverCommand(place, run.arguments);
     if (!run.level.empty())
         command.environment["CSP_DEBUG_LEVEL"] = run.level;
-    expectRun(test_process::run(command, run.input), run.expected, run.error);
-}
-
-void expectRun(const Result& result, const Lines& expected, const std::string& error)
-{
-    EXPECT_EQ(text(reduce(result.out)), text(expected));
-    if (error.empty()) {
+    const Result result = test_process::run(command, run.input);
+    EXPECT_EQ(text(reduce(result.out)), text(run.expected));
+    if (run.error.empty()) {
         EXPECT_EQ(result.err, "");
         EXPECT_EQ(result.exitStatus, 0);
     } else {
-        EXPECT_THAT(result.err, testing::HasSubstr(error));
+        EXPECT_THAT(result.err, testing::HasSubstr(run.error));
         EXPECT_EQ(result.signal, SIGABRT);
     }
-}
-
-void expectEndlessLoop(const Command& command, const std::string& input, const std::string& prompt,
-                       const Lines& expected)
-{
-    test_process::Process driver(command);
-    ASSERT_TRUE(driver.write(input));
-    driver.closeInput();
-    ASSERT_TRUE(driver.waitForOutput(prompt, 50));
-    driver.kill(SIGKILL);
-    EXPECT_EQ(driver.result().signal, SIGKILL) << "it had ended by itself";
-
-    Lines lines = reduce(driver.result().out);
-    ASSERT_GE(lines.size(), expected.size());
-    lines.resize(expected.size());
-    EXPECT_EQ(text(lines), text(expected));
+    return result;
 }

@@ -53,14 +53,6 @@ struct Run : test_support::Row {
 // A suite for tables of runs.
 using DriverRun = testing::TestWithParam<Run>;
 
-void expectRun(const Run& run);
-
-// The run printed these lines, reduced, and ended well; or with this error, by an exception.
-void expectRun(const test_process::Result& result, const transcript::Lines& expected,
-               const std::string& error = "");
-
-// After the end of its input the loop goes on: it never ends by itself.
-void expectEndlessLoop(const test_process::Command& command, const std::string& input,
-                       const std::string& prompt, const transcript::Lines& expected);
+test_process::Result expectRun(const Run& run, const TestPlace& place = TestPlace());
 
 #endif

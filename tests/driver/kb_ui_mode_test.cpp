@@ -6,7 +6,7 @@
 
 #include <gmock/gmock.h>
 
-#include "driver_run.h"
+#include "mode.h"
 
 using namespace transcript;
 using test_process::Result;
@@ -43,8 +43,9 @@ const int kTestKeys = 19;
 const size_t kPressedKey = 3;
 const size_t kLockedKey = 15;
 
-// How much of the renderer's work shows: its repainting has the level 5000.
+// How much of the renderer's work shows: its repainting has a level of its own.
 enum Detail { Off, On };
+const char kDetail[] = "5000";
 
 Lines paintedKey(size_t key)
 {
@@ -69,7 +70,7 @@ Lines show(Detail detail) // hidden before
     return Lines{"ui show called "} + draw(detail);
 }
 
-const Lines kHide = {"ui hide called", "ui clear called "}; // shown before
+const Lines kHideShown = {"ui hide called", "ui clear called "}; // shown before
 const Lines kHideHidden = {"ui hide called"};
 
 Lines setFocus(Detail detail, const std::vector<size_t>& locked = {})
@@ -86,142 +87,89 @@ Lines focusPass(Detail detail, const std::vector<size_t>& locked = {})
 
 Lines showHide(Detail detail)
 {
-    return show(detail) + Lines{"usleep 100000"} + kHide;
+    return show(detail) + Lines{"usleep 100000"} + kHideShown;
 }
 
-// The lines of a run before its command: arguments, start of the renderer.
-Lines start(const std::string& command, const std::string& parameter, int arguments = 4)
-{
-    return {mainLine(56, "argc:" + std::to_string(arguments)),
-            mainLine(arguments == 4 ? 79 : 73, "mod:kbui"),
-            kbUiLine("kb_ui_test", "cmd:" + command + ",param:" + parameter),
-            "ui KeyBoardUI called (800/600)",
-            "ui clear called ",
-            "ui setLayoutData called lines;19",
-            "ui setLayoutData font-height:37"};
-}
-
-// A command's own function, its label in the time line, and what is announced before it starts.
-struct Command {
-    const char* function;
-    const char* label;
-    const char* announcement;
+const std::map<std::string, DriverCommand> kCommands = {
+    {"draw", {0, "kb_ui_test_draw", false, 0, "test_draw"}},
+    {"hide", {0, "kb_ui_test_hide", false, 0, "test hide"}},
+    {"show", {0, "kb_ui_test_show", false, 0, "test show"}},
+    {"loop-showhide", {0, "", false, 0, "test loop showhidew"}},
+    {"loop-draw", {0, "", false, 0, "test loop-draw"}},
+    {"loop-focus", {0, "kb_ui_test_loop_focus", true, 0, "test loop_focus", true}},
+    {"press", {0, "", false, 0, "test press", true}},
+    {"lock", {0, "", false, 0, "lock press", true}},
 };
 
-const std::map<std::string, Command> kCommands = {
-    {"draw", {"kb_ui_test_draw", "test_draw", nullptr}},
-    {"hide", {"kb_ui_test_hide", "test hide", nullptr}},
-    {"show", {"kb_ui_test_show", "test show", nullptr}},
-    {"loop-showhide", {"kb_ui_test_loop_showhide", "test loop showhidew", nullptr}},
-    {"loop-draw", {"kb_ui_test_loop_draw", "test loop-draw", nullptr}},
-    {"loop-focus", {"kb_ui_test_loop_focus", "test loop_focus", "test loop_focus"}},
-    {"press", {"", "test press", "test press"}},
-    {"lock", {"", "lock press", "lock press"}},
-};
+const std::string kUsage = kbUiLine(
+    "kb_ui_test", "usage:\t =>cmd:[show|hide|draw | loop-showhide |loop-draw | loop-focus ] ");
+const std::string kPrompt = kbUiLine("get_inputs", "=>pls input cmd  [parames]");
+const Lines kStarted = {"ui KeyBoardUI called (800/600)", "ui clear called ",
+                        "ui setLayoutData called lines;19", "ui setLayoutData font-height:37"};
+const Mode kKbUi = {"kbui", "kb_ui_test", "handle_tests", kCommands, 0,
+                    0,      kStarted,     kPrompt,        kUsage,    kUsage};
 
-// A command that ends the process behind these lines of its own.
-Lines ended(const std::string& name, const Lines& messages)
+// The line of a loop that names its count.
+Lines counted(const std::string& loop, int count)
 {
-    const Command& command = kCommands.at(name);
-    Lines lines;
-    if (command.announcement != nullptr)
-        lines = {kbUiLine("handle_tests", std::string("=======>") + command.announcement + " ")};
-    lines.push_back("clock");
-    for (const std::string& message : messages)
-        lines.push_back(kbUiLine(command.function, message));
-    return lines;
+    return {kbUiLine("kb_ui_test_loop_" + loop, "param:" + std::to_string(count))};
 }
 
-// One that runs to its end, with its time line.
-Lines done(const std::string& name, const Lines& messages, const Lines& steps,
-           int milliseconds = 1000)
+Lines loopDraw(int count, Detail detail)
 {
-    return ended(name, messages) + steps +
-           Lines{"clock",
-                 kbUiLine("handle_tests", std::string("=======>") + kCommands.at(name).label +
-                                              " using:" + std::to_string(milliseconds) + " ms")};
-}
-
-Lines loopDraw(int count)
-{
-    return done("loop-draw", {"param:" + std::to_string(count)}, count * draw(Off));
-}
-
-Lines loopFocus(const std::string& parameter, int count, const Lines& passes, int milliseconds)
-{
-    return done("loop-focus", {"param:" + parameter, "param:" + std::to_string(count)}, passes,
-                milliseconds);
-}
-
-test_process::Command uiCommand(const TestPlace& place, Detail detail, const Lines& arguments)
-{
-    test_process::Command command = driverCommand(place, Lines{"kbui"} + arguments);
-    if (detail == On)
-        command.environment["CSP_DEBUG_LEVEL"] = "5000";
-    return command;
+    return counted("draw", count) + count * draw(detail);
 }
 
 const char kNoNumber[] = "invalid_argument";
 
-std::string level(Detail detail)
-{
-    return detail == On ? "5000" : "";
-}
-
-Run script(const char* name, Detail detail, const std::string& command,
-           const std::string& parameter, const Lines& steps, const char* error = "")
-{
-    const Lines words = {"kbui", command, parameter};
-    return {name, words, "", start(command, parameter) + steps, error, level(detail)};
-}
-
-const Run kScripts[] = {
-    script("Draw", On, "draw", "", done("draw", {"called"}, draw(On))),
+const Script kScripts[] = {
+    {"Draw", "draw", "", draw(On), 1000},
     // Nothing is painted yet, so there is nothing to hide.
-    script("Hide", On, "hide", "", done("hide", {"called"}, kHideHidden)),
-    script("Show", On, "show", "", done("show", {"called"}, show(On))),
-    script("LoopShowHide", On, "loop-showhide", "3",
-           done("loop-showhide", {"param:3"}, 3 * showHide(On), 300)),
-    script("LoopDraw", On, "loop-draw", "2", done("loop-draw", {"param:2"}, 2 * draw(On))),
-    script("LoopFocus", On, "loop-focus", "1", loopFocus("1", 1, focusPass(On), 3800)),
-    script("Press", On, "press", "",
-           done("press", {},
-                setFocus(On) + paintedKey(kPressedKey) + Lines{"sleep 1"} +
-                    paintedKey(kPressedKey) + setFocus(On),
-                2000)),
-    script("Lock", On, "lock", "", done("lock", {}, kLock)),
-    // Counts.
-    script("LoopDrawWithZeroDrawsNothing", On, "loop-draw", "0", loopDraw(0)),
-    script("LoopShowHideWithANegativeCountDrawsNothing", On, "loop-showhide", "-3",
-           done("loop-showhide", {"param:-3"}, {}, 1000)),
-    script("LoopDrawHasNoUpperBound", Off, "loop-draw", "60", loopDraw(60)),
-    script("EmptyParameterMeansFive", Off, "loop-draw", "", loopDraw(5)),
-    script("EmptyParameterMeansFivePasses", Off, "loop-focus", "",
-           loopFocus("", 5, 5 * focusPass(Off), 20000)),
-    script("LoopFocusAboveFiftyRunsFiftyPasses", Off, "loop-focus", "80",
-           loopFocus("80", 80, 50 * focusPass(Off), 191000)),
-    script("LoopFocusBelowZeroRunsFiftyPasses", Off, "loop-focus", "-1",
-           loopFocus("-1", -1, 50 * focusPass(Off), 191000)),
-    script("LoopFocusWithZeroRunsNoPass", On, "loop-focus", "0", loopFocus("0", 0, {}, 1000)),
-    script("TextBehindTheNumberIsIgnored", Off, "loop-focus", " 2 passes",
-           loopFocus(" 2 passes", 2, 2 * focusPass(Off), 7600)),
-    script("AWordEndsTheProcess", Off, "loop-draw", "abc", {"clock"}, kNoNumber),
-    script("BlanksEndTheProcess", Off, "loop-draw", "   ", {"clock"}, kNoNumber),
-    script("ASignEndsTheProcess", Off, "loop-draw", "-", {"clock"}, kNoNumber),
-    script("AboveTheHighestIntEndsTheProcess", Off, "loop-focus", "2147483648",
-           ended("loop-focus", {"param:2147483648"}), "out_of_range"),
-    {"ThreeArgumentsHaveAnEmptyParameter",
-     {"kbui", "loop-showhide"},
-     "",
-     start("loop-showhide", "", 3) + done("loop-showhide", {"param:5"}, 5 * showHide(Off), 500)},
+    {"Hide", "hide", "", kHideHidden, 1000},
+    {"Show", "show", "", show(On), 1000},
+    {"LoopShowHide", "loop-showhide", "3", counted("showhide", 3) + 3 * showHide(On), 300},
+    {"LoopDraw", "loop-draw", "2", loopDraw(2, On), 1000},
+    {"LoopFocus", "loop-focus", "1", counted("focus", 1) + focusPass(On), 3800},
+    {"Press", "press", "",
+     setFocus(On) + paintedKey(kPressedKey) + Lines{"sleep 1"} + paintedKey(kPressedKey) +
+         setFocus(On),
+     2000},
+    {"Lock", "lock", "", kLock, 1000},
 };
 
-INSTANTIATE_TEST_SUITE_P(KbUiCommand, DriverRun, testing::ValuesIn(kScripts), RowName());
+INSTANTIATE_TEST_SUITE_P(KbUiCommand, DriverRun, testing::ValuesIn(kKbUi.runs(kScripts, kDetail)),
+                         RowName());
+
+// At the default level: there would be many lines of keys.
+const Script kCounts[] = {
+    {"LoopDrawWithZeroDrawsNothing", "loop-draw", "0", loopDraw(0, Off), 1000},
+    {"LoopShowHideWithANegativeCountDrawsNothing", "loop-showhide", "-3", counted("showhide", -3),
+     1000},
+    {"LoopDrawHasNoUpperBound", "loop-draw", "60", loopDraw(60, Off), 1000},
+    {"EmptyParameterMeansFive", "loop-draw", "", loopDraw(5, Off), 1000},
+    {"EmptyParameterMeansFivePasses", "loop-focus", "", counted("focus", 5) + 5 * focusPass(Off),
+     20000},
+    {"ThreeArgumentsHaveAnEmptyParameter", "loop-showhide", "null",
+     counted("showhide", 5) + 5 * showHide(Off), 500},
+    {"LoopFocusAboveFiftyRunsFiftyPasses", "loop-focus", "80",
+     counted("focus", 80) + 50 * focusPass(Off), 191000},
+    {"LoopFocusBelowZeroRunsFiftyPasses", "loop-focus", "-1",
+     counted("focus", -1) + 50 * focusPass(Off), 191000},
+    {"LoopFocusWithZeroRunsNoPass", "loop-focus", "0", counted("focus", 0), 1000},
+    {"TextBehindTheNumberIsIgnored", "loop-focus", " 2 passes",
+     counted("focus", 2) + 2 * focusPass(Off), 7600},
+    {"AWordEndsTheProcess", "loop-draw", "abc", {}, 0, kNoNumber},
+    {"BlanksEndTheProcess", "loop-draw", "   ", {}, 0, kNoNumber},
+    {"ASignEndsTheProcess", "loop-draw", "-", {}, 0, kNoNumber},
+    {"AboveTheHighestIntEndsTheProcess", "loop-focus", "2147483648", {}, 0, "out_of_range"},
+};
+
+INSTANTIATE_TEST_SUITE_P(KbUiCount, DriverRun, testing::ValuesIn(kKbUi.runs(kCounts)), RowName());
 
 TEST(KbUi, UnknownCommandDoesNothing)
 {
     for (const std::string command : {"", "Draw", "draw ", "left", "quit"})
-        expectRun({"", {"kbui", command, "3"}, "", start(command, "3"), "", level(On)});
+        expectRun(kKbUi.run(Script{"", command, "3"}));
 }
 
 // Without its font the renderer paints no key; a frame and a repaint of none are all there is.
@@ -230,7 +178,9 @@ TEST(KbUiWithoutAFont, PaintsNothing)
     TestPlace place;
     place.removeFonts();
     for (const std::string command : {"draw", "show", "lock", "loop-focus"}) {
-        const Result result = test_process::run(uiCommand(place, On, {command, "1"}));
+        test_process::Command driver = driverCommand(place, {"kbui", command, "1"});
+        driver.environment["CSP_DEBUG_LEVEL"] = kDetail;
+        const Result result = test_process::run(driver);
         EXPECT_THAT(result.out, HasSubstr("setLayoutData(): font file is not exist !!!\n"));
         EXPECT_THAT(result.out, HasSubstr("draw(): called\n"));
         EXPECT_THAT(result.out, Not(HasSubstr("drawElement")));
@@ -254,73 +204,50 @@ TEST(KbUiWithoutAFont, PressEndsTheProcessThroughItsText)
     EXPECT_NE(result.exitStatus, 0);
 }
 
-const std::string kUsage = kbUiLine(
-    "kb_ui_test", "usage:\t =>cmd:[show|hide|draw | loop-showhide |loop-draw | loop-focus ] ");
-const std::string kPrompt = kbUiLine("get_inputs", "=>pls input cmd  [parames]");
-const Lines kMore = {"kbui", "more"};
-const Lines kLoopStart = start("more", "", 3) + Lines{kUsage};
+const Pass kQuit = {"quit", "quit", "null"};
+const Pass kDraw = {"draw", "draw", "null", draw(On), 1000};
+const Pass kShow = {"show", "show", "null", show(On), 1000};
+const Pass kShowShown = {"show", "show", "null", {"ui show called "}, 1000};
+const Pass kHide = {"hide", "hide", "null", kHideShown, 1000};
+const Pass kHideAgain = {"hide", "hide", "null", kHideHidden, 1000};
+const Lines kFocusBesideALock = counted("focus", 1) + focusPass(On, {kLockedKey});
 
-// The pass that ends the loop: prompt and echo.
-Lines lastPass(const std::string& command, const std::string& parameter)
-{
-    return {kPrompt, kbUiLine("kb_ui_test", "=>cmd:[" + command + "] [" + parameter + "] ")};
-}
-
-const Lines kQuit = lastPass("quit", "null");
-
-// Any other one: also what the line did, and the usage.
-Lines pass(const std::string& command, const std::string& parameter, const Lines& did = {})
-{
-    return lastPass(command, parameter) + did + Lines{kUsage};
-}
-
-// Lines that are typed, and behind them "quit".
-Run session(const char* name, Detail detail, const std::string& input, const Lines& passes)
-{
-    return {name, kMore, input + "quit\n", kLoopStart + passes + kQuit, "", level(detail)};
-}
-
-const Run kSessions[] = {
-    session("QuitAloneEndsIt", Off, "", {}),
-    session("QuitInTheParameterDoesNotEndIt", Off, "unknown quit\n quit\nQUIT\n",
-            pass("unknown", "quit") + pass("", "quit") + pass("QUIT", "null")),
-    session("ShowTwicePaintsOnce", On, "show\nshow\n",
-            pass("show", "null", done("show", {"called"}, show(On))) +
-                pass("show", "null", done("show", {"called"}, {"ui show called "}))),
-    session("HideAfterDrawClearsTheWindowOnce", On, "draw\nhide\nhide\n",
-            pass("draw", "null", done("draw", {"called"}, draw(On))) +
-                pass("hide", "null", done("hide", {"called"}, kHide)) +
-                pass("hide", "null", done("hide", {"called"}, kHideHidden))),
-    session("LockedKeyStaysSunkenInEveryStepOfLoopFocus", On, "lock\nloop-focus 1\n",
-            pass("lock", "null", done("lock", {}, kLock)) +
-                pass("loop-focus", "1", loopFocus("1", 1, focusPass(On, {kLockedKey}), 3800))),
-    session("SeveralBlanksBeforeTheParameterAreSkipped", Off, "loop-draw    7\n",
-            pass("loop-draw", "7", loopDraw(7))),
-    session("InnerAndTrailingBlanksOfTheParameterAreKept", Off, "unknown  a  b  \nunknown   \n",
-            pass("unknown", "a  b  ") + pass("unknown", "   ")),
-    session("ParameterOfOnePassIsForgottenInTheNext", Off, "loop-draw 2\nloop-draw\n",
-            pass("loop-draw", "2", loopDraw(2)) + pass("loop-draw", "null", loopDraw(5))),
-    session("UnknownCommandIsEchoedAndIgnored", Off, "left 3\nmore\n",
-            pass("left", "3") + pass("more", "null")),
-    session("EmptyLineIsEchoedAndRunsNothing", Off, "\n draw\n",
-            pass("", "null") + pass("", "draw")),
-    {"CommandThatContainsQuitEndsIt", kMore, "xquity 3\n", kLoopStart + lastPass("xquity", "3")},
-    {"QuitWithABlankEndsIt", kMore, "quit \n", kLoopStart + lastPass("quit", " ")},
+const Session kSessions[] = {
+    {"QuitAloneEndsIt", {kQuit}},
+    {"QuitInTheParameterDoesNotEndIt",
+     {{"unknown quit", "unknown", "quit"}, {" quit", "", "quit"}, {"QUIT", "QUIT", "null"}, kQuit}},
+    {"CommandThatContainsQuitEndsIt", {{"xquity 3", "xquity", "3"}}},
+    {"QuitWithABlankEndsIt", {{"quit ", "quit", " "}}},
+    {"ShowTwicePaintsOnce", {kShow, kShowShown, kQuit}},
+    {"HideAfterDrawClearsTheWindowOnce", {kDraw, kHide, kHideAgain, kQuit}},
+    {"LockedKeyStaysSunkenInEveryStepOfLoopFocus",
+     {{"lock", "lock", "null", kLock, 1000},
+      {"loop-focus 1", "loop-focus", "1", kFocusBesideALock, 3800},
+      kQuit}},
+    {"SeveralBlanksBeforeTheParameterAreSkipped",
+     {{"loop-draw    7", "loop-draw", "7", loopDraw(7, On), 1000}, kQuit}},
+    {"InnerAndTrailingBlanksOfTheParameterAreKept",
+     {{"unknown  a  b  ", "unknown", "a  b  "}, {"unknown   ", "unknown", "   "}, kQuit}},
+    {"ParameterOfOnePassIsForgottenInTheNext",
+     {{"loop-draw 2", "loop-draw", "2", loopDraw(2, On), 1000},
+      {"loop-draw", "loop-draw", "null", loopDraw(5, On), 1000},
+      kQuit}},
+    {"UnknownCommandIsEchoedAndIgnored",
+     {{"left 3", "left", "3"}, {"more", "more", "null"}, kQuit}},
+    {"EmptyLineIsEchoedAndRunsNothing", {{"", "", "null"}, {" draw", "", "draw"}, kQuit}},
     // A count of nothing but blanks is a parameter, and no number.
-    {"BlankCountEndsTheProcess", kMore, "loop-draw  \nquit\n",
-     kLoopStart + lastPass("loop-draw", "  ") + Lines{"clock"}, kNoNumber},
-    {"ParameterOfTheCommandLineIsIgnored",
-     {"kbui", "more", "2"},
-     "loop-draw\nquit\n",
-     start("more", "2") + Lines{kUsage} + pass("loop-draw", "null", loopDraw(5)) + kQuit},
+    {"BlankCountEndsTheProcess", {{"loop-draw  ", "loop-draw", "  "}}, kNoNumber},
+    {"ParameterOfTheCommandLineIsIgnored", {kDraw, kQuit}, "", "2"},
 };
 
-INSTANTIATE_TEST_SUITE_P(KbUiLoop, DriverRun, testing::ValuesIn(kSessions), RowName());
+INSTANTIATE_TEST_SUITE_P(KbUiLoop, DriverRun, testing::ValuesIn(kKbUi.runs(kSessions, kDetail)),
+                         RowName());
 
 TEST(KbUiLoopEnd, UsageIsFollowedByAnEmptyLine)
 {
     const TestPlace place;
-    const Result result = test_process::run(uiCommand(place, Off, {"more"}), "unknown\nquit\n");
+    const Result result =
+        test_process::run(driverCommand(place, {"kbui", "more"}), "unknown\nquit\n");
     EXPECT_EQ(test_process::countOf("kb_ui_test(): usage:\t =>cmd:[show|hide|draw | "
                                     "loop-showhide |loop-draw | loop-focus ] \n\n[B-LOG]",
                                     result.out),
@@ -329,11 +256,7 @@ TEST(KbUiLoopEnd, UsageIsFollowedByAnEmptyLine)
 
 TEST(KbUiLoopEnd, EndOfInputKeepsPrompting)
 {
-    const TestPlace place;
-    expectEndlessLoop(uiCommand(place, Off, {"more"}), "hide",
-                      "get_inputs(): =>pls input cmd  [parames]\n",
-                      kLoopStart + pass("hide", "null", done("hide", {"called"}, kHideHidden)) +
-                          48 * pass("", "null"));
+    kKbUi.expectEndlessLoop(kHideAgain);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
-// Every line of the driver has the level 4000: shown at that threshold and gone below it.
+// Every line of the driver has the level 4000: shown at that threshold and gone below it. What is
+// left then are the pauses, and the first reading of the clock: the figure is not asked for.
 
 #include <regex>
 #include <set>
@@ -6,80 +7,72 @@
 #include <gmock/gmock.h>
 
 #include "driver_run.h"
-#include "row.h"
+
+using namespace transcript;
 
 namespace
 {
 
-struct Run : test_support::Row {
-    transcript::Lines arguments;
+struct Written : test_support::Row {
+    Lines arguments;
     std::string input;
     size_t statements; // that write a line
+    Lines left;
+    int exitStatus = 0;
 };
 
+const Lines kClock = {"clock"};
+const Lines kShowHide = {"clock", "usleep 100000"};
+const Lines kFocus = kClock + 19 * Lines{"usleep 200000"};
+const Lines kPress = {"clock", "sleep 1"};
+
 // Taken together, they write every line of the driver but one: "Failed to hide VKB".
-const Run kRuns[] = {
-    {"GeneralUsage", {}, "", 2},
-    {"KbUsage", {"kb"}, "", 3},
-    {"RendererUsage", {"kbui"}, "", 3},
-    {"KbCommand", {"kb", "left", "1"}, "", 7},
-    {"KbLoop", {"kb", "more"}, "getkey\nhide\nshow\nquit \n", 15},
-    {"RendererCommand", {"kbui", "draw", ""}, "", 5},
+const Written kRuns[] = {
+    {"GeneralUsage", {}, "", 2, {}, 255},
+    {"KbUsage", {"kb"}, "", 3, {}, 255},
+    {"RendererUsage", {"kbui"}, "", 3, {}, 255},
+    {"KbCommand", {"kb", "left", "1"}, "", 7, {"clock", "usleep 500000"}},
+    {"KbLoop",
+     {"kb", "more"},
+     "getkey\nhide\nshow\nquit \n",
+     15,
+     3 * kClock + 3 * Lines{"usleep 500000"} + Lines{"sleep 2"}},
+    {"RendererCommand", {"kbui", "draw", ""}, "", 5, kClock},
     {"RendererLoop",
      {"kbui", "more"},
      "draw\nshow\nhide\nloop-showhide 1\nloop-draw 1\nloop-focus 1\npress\nlock\nquit\n",
-     15},
+     15,
+     3 * kClock + kShowHide + kClock + kFocus + kPress + kClock},
 };
 
-class DriverLines : public testing::TestWithParam<Run>
+using DriverLines = testing::TestWithParam<Written>;
+
+test_process::Result runAt(const char* threshold, const Written& run)
 {
-protected:
-    // Where in the driver's sources the lines come from that are shown at this threshold.
-    std::set<std::string> statementsShownAt(const char* threshold)
-    {
-        const TestPlace place;
-        test_process::Command command = driverCommand(place, GetParam().arguments);
-        command.environment["CSP_DEBUG_LEVEL"] = threshold;
-        const std::string out = test_process::run(command, GetParam().input).out;
+    const TestPlace place;
+    test_process::Command command = driverCommand(place, run.arguments);
+    command.environment["CSP_DEBUG_LEVEL"] = threshold;
+    return test_process::run(command, run.input);
+}
 
-        static const std::regex kPlaceOfLine(R"(\[B-LOG\] ((main|kb|kb_ui)_test\.cpp:\d+:\w+))");
-        return {std::sregex_token_iterator(out.begin(), out.end(), kPlaceOfLine, 1),
-                std::sregex_token_iterator()};
-    }
-};
+// Where in the driver's sources the lines come from.
+std::set<std::string> statementsIn(const std::string& out)
+{
+    static const std::regex kPlaceOfLine(R"(\[B-LOG\] ((main|kb|kb_ui)_test\.cpp:\d+:\w+))");
+    return {std::sregex_token_iterator(out.begin(), out.end(), kPlaceOfLine, 1),
+            std::sregex_token_iterator()};
+}
 
 TEST_P(DriverLines, HaveTheLevelOfATrace)
 {
-    EXPECT_THAT(statementsShownAt("4000"), testing::SizeIs(GetParam().statements));
-    EXPECT_THAT(statementsShownAt("3999"), testing::IsEmpty());
+    EXPECT_THAT(statementsIn(runAt("4000", GetParam()).out),
+                testing::SizeIs(GetParam().statements));
+    const test_process::Result below = runAt("3999", GetParam());
+    EXPECT_EQ(reduce(below.out), GetParam().left);
+    EXPECT_EQ(below.err, "");
+    EXPECT_EQ(below.exitStatus, GetParam().exitStatus);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, DriverLines, testing::ValuesIn(kRuns), test_support::RowName());
-
-// What is left are the pauses, and the first reading of the clock: the figure is not asked for.
-TEST(DriverLog, SwitchedOffPrintsNothingAndExitsTheSame)
-{
-    const struct {
-        transcript::Lines arguments;
-        const char* printed;
-        int exitStatus;
-    } runs[] = {
-        {{}, "", 255},
-        {{"kb"}, "", 255},
-        {{"kbui"}, "", 255},
-        {{"a", "b", "c", "d"}, "", 255},
-        {{"kb", "left", "2"}, "clock\nusleep 500000\nusleep 500000\n", 0},
-        {{"kbui", "press"}, "clock\nsleep 1\n", 0},
-    };
-    for (const auto& run : runs) {
-        const TestPlace place;
-        test_process::Command command = driverCommand(place, run.arguments);
-        command.environment["CSP_DEBUG_LEVEL"] = "0";
-        const test_process::Result result = test_process::run(command);
-        EXPECT_EQ(result.out, run.printed);
-        EXPECT_EQ(result.err, "");
-        EXPECT_EQ(result.exitStatus, run.exitStatus);
-    }
-}
 
 } // namespace

@@ -21,7 +21,7 @@ const std::vector<Rule> kRules = {
     {std::regex(R"(usage \d+|clock|u?sleep \d+)"), "$&"},
     // A key's character may be a carriage return.
     {std::regex(R"(\[B-LOG\] (main|kb)_test\.cpp:[\s\S]*)"), "$&"},
-    {std::regex(R"((\[B-LOG\] kb_ui_test\.cpp:)\d+(:.*))"), "$1*$2"},
+    {std::regex(R"((\[B-LOG\] kb_ui_test\.cpp:)\d+(:.*))"), "$010$2"},
     {std::regex(kCore + R"(onKeyEvent\(\): Received Keycode: (-?\d+))"), "key $1"},
     {std::regex(kCore + R"(getKeyBoardButton\(\): button\.text = (.*),button\.keyCode = (-?\d+))"),
      "result $1 $2"},
@@ -59,7 +59,7 @@ std::string kbLine(int line, const std::string& function, const std::string& mes
 
 std::string kbUiLine(const std::string& function, const std::string& message)
 {
-    return "[B-LOG] kb_ui_test.cpp:*:" + function + "(): " + message;
+    return logLine("kb_ui_test.cpp", 0, function, message);
 }
 
 std::string generalUsage()

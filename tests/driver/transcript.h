@@ -12,12 +12,12 @@ namespace transcript
 using test_support::Lines;
 using test_support::text;
 
-// A log line of the driver, whole: line is the number that testers' tools look for.
+// A log line of the driver, whole: line is the number that testers' tools look for, or 0 for one of
+// the renderer's tests, whose lines have no fixed numbers.
 std::string logLine(const std::string& file, int line, const std::string& function,
                     const std::string& message);
 std::string mainLine(int line, const std::string& message);
 std::string kbLine(int line, const std::string& function, const std::string& message);
-// The renderer tests' lines have no fixed numbers.
 std::string kbUiLine(const std::string& function, const std::string& message);
 
 // The usage texts, whole, with the newline at their end.
@@ -25,7 +25,7 @@ std::string generalUsage();
 std::string kbUsage(const std::string& file, int line, const std::string& function);
 std::string uiUsage();
 
-// The driver's own lines whole, those of kb_ui_test without their numbers; the seams' lines
+// The driver's own lines whole, those of kb_ui_test with the number 0; the seams' lines
 // ("usleep 500000", "clock", ...) as they are; and of the keyboard: "key K" for a received key
 // code, "result TEXT CODE" for a key result, "show", "hide", "layout NAME", "mode FUNCTION N" for
 // Shift and Alt. Each usage line of the kb mode is one line, "usage LINE". In the kbui mode each

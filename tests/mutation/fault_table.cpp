@@ -28,7 +28,7 @@ const std::vector<Fault> kFaults = {
      "driver", "Calls/EntryFailure.EndsTheProcessWithTheCallsText/CreateWindow1"},
     {"NegativeCountNotClamped", "kb_ui_test.cpp", "kb_ui_test.cpp",
      "passes < 0 || passes > kMaxFocusPasses", "passes > kMaxFocusPasses",
-     "driver", "KbUiCommand/DriverRun.PrintsTheseLines/LoopFocusBelowZeroRunsFiftyPasses"},
+     "driver", "KbUiCount/DriverRun.PrintsTheseLines/LoopFocusBelowZeroRunsFiftyPasses"},
     {"PauseLost", "kb_ui_test.cpp", "kb_ui_test.cpp",
      "sleep(kPressPause);", "",
      "driver", "KbUiCommand/DriverRun.PrintsTheseLines/Press"},
