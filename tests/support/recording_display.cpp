@@ -17,16 +17,16 @@ namespace
 // What hangs behind an interface's priv pointer.
 struct Object {
     std::string name;
+    int width;  // surfaces and windows
+    int height; // fonts too
     bool alive = true;
-    int width = 0;                       // surfaces and windows
-    int height = 0;                      // fonts too
     IDirectFBSurface* surface = nullptr; // windows
 };
 
 template <class Interface> struct Made {
     Made* previous;
+    Object object;
     Interface table{};
-    Object object{};
 };
 
 [[noreturn]] void stop(const std::string& why)
@@ -88,28 +88,23 @@ std::string asText(DFBSurfaceFlipFlags flags)
 {
     if (flags == DSFLIP_NONE)
         return "NONE";
-    return flags == DSFLIP_WAITFORSYNC ? "WAITFORSYNC" : hex(static_cast<unsigned int>(flags));
+    return flags == DSFLIP_WAITFORSYNC ? "WAITFORSYNC" : hex(flags);
 }
 
 std::string asText(DFBSurfaceTextFlags flags)
 {
-    return flags == DSTF_TOPCENTER ? "TOPCENTER" : hex(static_cast<unsigned int>(flags));
+    return flags == DSTF_TOPCENTER ? "TOPCENTER" : hex(flags);
 }
 
 std::string asText(DFBDisplayLayerCooperativeLevel level)
 {
-    return level == DLSCL_ADMINISTRATIVE ? "ADMINISTRATIVE" : hex(static_cast<unsigned int>(level));
+    return level == DLSCL_ADMINISTRATIVE ? "ADMINISTRATIVE" : hex(level);
 }
 
-std::string list()
+template <class... Arguments> std::string list(const Arguments&... arguments)
 {
-    return "";
-}
-
-template <class First, class... More> std::string list(const First& first, const More&... more)
-{
-    std::string text = asText(first);
-    ((text += "," + asText(more)), ...);
+    std::string text;
+    ((text += (text.empty() ? "" : ",") + asText(arguments)), ...);
     return text;
 }
 
@@ -130,99 +125,63 @@ DFBResult called(Interface* self, const std::string& method, const Arguments&...
     return objectOf(self).alive ? DFB_OK : DFB_DESTROYED;
 }
 
+// Lets a call that goes well give a value.
+template <class Value, class Make> DFBResult give(DFBResult result, Value* value, const Make& make)
+{
+    if (result == DFB_OK)
+        *value = make();
+    return result;
+}
+
 // The interfaces outlive the displays, so they are only ever added to.
-template <class Interface> Made<Interface>& add(const std::string& name)
+template <class Interface> Interface& add(const std::string& name, int width = 0, int height = 0)
 {
     static Made<Interface>* newest = nullptr;
-    newest = new Made<Interface>{newest};
+    newest = new Made<Interface>{newest, {name, width, height}};
     RecordingDisplay::state.bytesKept +=
         ::malloc_usable_size(newest) + sizeof(size_t); // and the heap's own word
-    Made<Interface>& one = *newest;
-    refuseEverySlot(one.table);
-    one.object.name = name;
-    one.table.priv = &one.object;
-    return one;
-}
-
-IDirectFBSurface* addSurface(int width, int height)
-{
-    Made<IDirectFBSurface>& one = add<IDirectFBSurface>(newName("surface"));
-    one.object.width = width;
-    one.object.height = height;
-    one.table.GetSize = [](auto* self, int* w, int* h) {
-        const DFBResult result = called(self, "GetSize");
-        if (result == DFB_OK)
-            *w = objectOf(self).width, *h = objectOf(self).height;
-        return result;
-    };
-    one.table.Clear = [](auto* self, auto... rgba) { return called(self, "Clear", rgba...); };
-    one.table.Flip = [](auto* self, const auto* region, auto flags) {
-        if (region == nullptr)
-            return called(self, "Flip", std::string("null"), flags);
-        const std::string corners = list(region->x1, region->y1, region->x2, region->y2);
-        return called(self, "Flip", "{" + corners + "}", flags);
-    };
-    one.table.SetColor = [](auto* self, auto... rgba) { return called(self, "SetColor", rgba...); };
-    one.table.FillRectangle = [](auto* self, auto... area) {
-        return called(self, "FillRectangle", area...);
-    };
-    one.table.DrawLine = [](auto* self, auto... ends) { return called(self, "DrawLine", ends...); };
-    one.table.SetFont = [](auto* self, auto* font) { return called(self, "SetFont", font); };
-    one.table.DrawString = [](auto* self, const char* text, auto... more) {
-        return called(self, "DrawString", "\"" + std::string(text) + "\"", more...);
-    };
-    return &one.table;
-}
-
-DirectResult fontRelease(IDirectFBFont* self)
-{
-    if (!objectOf(self).alive)
-        stop(objectOf(self).name + " is released a second time");
-    called(self, "Release");
-    objectOf(self).alive = false;
-    --RecordingDisplay::state.liveFonts;
-    return DR_OK;
+    refuseEverySlot(newest->table);
+    newest->table.priv = &newest->object;
+    return newest->table;
 }
 
 IDirectFBFont* addFont()
 {
-    Made<IDirectFBFont>& one = add<IDirectFBFont>(newName("font"));
-    one.object.height = RecordingDisplay::state.fontHeight;
-    one.table.GetHeight = [](auto* self, int* height) {
-        const DFBResult result = called(self, "GetHeight");
-        if (result == DFB_OK)
-            *height = objectOf(self).height;
-        return result;
+    IDirectFBFont& font =
+        add<IDirectFBFont>(newName("font"), 0, RecordingDisplay::state.fontHeight);
+    font.GetHeight = [](auto* self, int* height) {
+        return give(called(self, "GetHeight"), height, [self] { return objectOf(self).height; });
     };
-    one.table.Release = fontRelease;
+    font.Release = [](auto* self) {
+        if (!objectOf(self).alive)
+            stop(objectOf(self).name + " is released a second time");
+        called(self, "Release");
+        objectOf(self).alive = false;
+        --RecordingDisplay::state.liveFonts;
+        return DR_OK;
+    };
     ++RecordingDisplay::state.liveFonts;
-    return &one.table;
+    return &font;
 }
 
-DFBResult windowGetSurface(IDirectFBWindow* self, IDirectFBSurface** surface)
+IDirectFBSurface* surfaceOf(Object& window)
 {
-    const DFBResult result = called(self, "GetSurface");
-    if (result != DFB_OK)
-        return result;
-    Object& window = objectOf(self);
     if (window.surface == nullptr)
-        window.surface = addSurface(window.width, window.height);
-    *surface = window.surface;
-    return result;
+        window.surface = RecordingDisplay::newSurface(window.width, window.height);
+    return window.surface;
 }
 
 IDirectFBWindow* addWindow(int width, int height)
 {
-    Made<IDirectFBWindow>& one = add<IDirectFBWindow>(newName("window"));
-    one.object.width = width;
-    one.object.height = height;
-    one.table.GetSurface = windowGetSurface;
-    one.table.SetOpacity = [](auto* self, u8 opacity) {
-        return called(self, "SetOpacity", opacity);
+    IDirectFBWindow& window = add<IDirectFBWindow>(newName("window"), width, height);
+    window.GetSurface = [](auto* self, auto** surface) {
+        return give(called(self, "GetSurface"), surface,
+                    [self] { return surfaceOf(objectOf(self)); });
     };
-    one.table.RaiseToTop = [](auto* self) { return called(self, "RaiseToTop"); };
-    one.table.LowerToBottom = [](auto* self) { return called(self, "LowerToBottom"); };
-    one.table.Destroy = [](auto* self) {
+    window.SetOpacity = [](auto* self, u8 opacity) { return called(self, "SetOpacity", opacity); };
+    window.RaiseToTop = [](auto* self) { return called(self, "RaiseToTop"); };
+    window.LowerToBottom = [](auto* self) { return called(self, "LowerToBottom"); };
+    window.Destroy = [](auto* self) {
         const DFBResult result = called(self, "Destroy");
         if (result == DFB_OK) {
             objectOf(self).alive = false;
@@ -231,79 +190,37 @@ IDirectFBWindow* addWindow(int width, int height)
         return result;
     };
     ++RecordingDisplay::state.liveWindows;
-    return &one.table;
+    return &window;
 }
 
 std::string fields(const DFBWindowDescription& wanted)
 {
-    return "{flags=" + hex(static_cast<unsigned int>(wanted.flags)) +
-           " caps=" + hex(static_cast<unsigned int>(wanted.caps)) +
+    return "{flags=" + hex(wanted.flags) + " caps=" + hex(wanted.caps) +
            " width=" + asText(wanted.width) + " height=" + asText(wanted.height) +
-           " pixelformat=" + hex(static_cast<unsigned int>(wanted.pixelformat)) +
-           " posx=" + asText(wanted.posx) + " posy=" + asText(wanted.posy) +
-           " surface_caps=" + hex(static_cast<unsigned int>(wanted.surface_caps)) +
-           " stacking=" + asText(static_cast<int>(wanted.stacking)) + "}";
-}
-
-DFBResult layerCreateWindow(IDirectFBDisplayLayer* self, const DFBWindowDescription* wanted,
-                            IDirectFBWindow** window)
-{
-    const DFBResult result = called(self, "CreateWindow", fields(*wanted));
-    if (result != DFB_OK)
-        return result;
-    if (wanted->width < 1 || wanted->height < 1)
-        return DFB_INVARG; // as DirectFB's own does
-    *window = addWindow(wanted->width, wanted->height);
-    return result;
-}
-
-IDirectFBDisplayLayer* theLayer()
-{
-    static IDirectFBDisplayLayer* const kLayer = [] {
-        Made<IDirectFBDisplayLayer>& one = add<IDirectFBDisplayLayer>("layer");
-        one.table.CreateWindow = layerCreateWindow;
-        one.table.SetCooperativeLevel = [](auto* self, auto level) {
-            return called(self, "SetCooperativeLevel", level);
-        };
-        return &one.table;
-    }();
-    return kLayer;
-}
-
-DFBResult dfbGetDisplayLayer(IDirectFB* self, DFBDisplayLayerID id, IDirectFBDisplayLayer** layer)
-{
-    const DFBResult result =
-        called(self, "GetDisplayLayer", id == DLID_PRIMARY ? std::string("PRIMARY") : hex(id));
-    if (result == DFB_OK)
-        *layer = theLayer();
-    return result;
+           " pixelformat=" + hex(wanted.pixelformat) + " posx=" + asText(wanted.posx) +
+           " posy=" + asText(wanted.posy) + " surface_caps=" + hex(wanted.surface_caps) +
+           " stacking=" + asText(wanted.stacking) + "}";
 }
 
 std::string fields(const DFBFontDescription& wanted)
 {
-    const std::string flags =
-        wanted.flags == DFDESC_HEIGHT ? "HEIGHT" : hex(static_cast<unsigned int>(wanted.flags));
-    return "{flags=" + flags + " height=" + asText(wanted.height) + "}";
+    return "{flags=" + (wanted.flags == DFDESC_HEIGHT ? "HEIGHT" : hex(wanted.flags)) +
+           " height=" + asText(wanted.height) + "}";
 }
 
-DFBResult dfbCreateFont(IDirectFB* self, const char* path, const DFBFontDescription* wanted,
-                        IDirectFBFont** font)
+IDirectFBDisplayLayer* theLayer()
 {
-    const DFBResult result = called(self, "CreateFont", std::string(path), fields(*wanted));
-    if (result == DFB_OK)
-        *font = addFont();
-    return result;
-}
-
-IDirectFB* theDirectFB()
-{
-    static IDirectFB* const kDfb = [] {
-        Made<IDirectFB>& one = add<IDirectFB>("dfb");
-        one.table.GetDisplayLayer = dfbGetDisplayLayer;
-        one.table.CreateFont = dfbCreateFont;
-        return &one.table;
-    }();
-    return kDfb;
+    static IDirectFBDisplayLayer& layer = add<IDirectFBDisplayLayer>("layer");
+    layer.CreateWindow = [](auto* self, const auto* wanted, auto** window) {
+        const DFBResult result = called(self, "CreateWindow", fields(*wanted));
+        if (result == DFB_OK && (wanted->width < 1 || wanted->height < 1))
+            return DFB_INVARG; // as DirectFB's own does
+        return give(result, window, [wanted] { return addWindow(wanted->width, wanted->height); });
+    };
+    layer.SetCooperativeLevel = [](auto* self, auto level) {
+        return called(self, "SetCooperativeLevel", level);
+    };
+    return &layer;
 }
 
 } // namespace
@@ -316,12 +233,43 @@ RecordingDisplay::RecordingDisplay()
 
 IDirectFB* RecordingDisplay::dfb()
 {
-    return theDirectFB();
+    static IDirectFB& dfb = add<IDirectFB>("dfb");
+    dfb.GetDisplayLayer = [](auto* self, auto id, auto** layer) {
+        return give(called(self, "GetDisplayLayer", id == DLID_PRIMARY ? "PRIMARY" : hex(id)),
+                    layer, theLayer);
+    };
+    dfb.CreateFont = [](auto* self, const char* path, const auto* wanted, auto** font) {
+        return give(called(self, "CreateFont", path, fields(*wanted)), font, addFont);
+    };
+    return &dfb;
 }
 
 IDirectFBSurface* RecordingDisplay::newSurface(int width, int height)
 {
-    return addSurface(width, height);
+    IDirectFBSurface& surface = add<IDirectFBSurface>(newName("surface"), width, height);
+    surface.GetSize = [](auto* self, int* w, int* h) {
+        const DFBResult result = called(self, "GetSize");
+        if (result == DFB_OK)
+            *w = objectOf(self).width, *h = objectOf(self).height;
+        return result;
+    };
+    surface.Clear = [](auto* self, auto... rgba) { return called(self, "Clear", rgba...); };
+    surface.Flip = [](auto* self, const auto* region, auto flags) {
+        if (region == nullptr)
+            return called(self, "Flip", "null", flags);
+        const std::string corners = list(region->x1, region->y1, region->x2, region->y2);
+        return called(self, "Flip", "{" + corners + "}", flags);
+    };
+    surface.SetColor = [](auto* self, auto... rgba) { return called(self, "SetColor", rgba...); };
+    surface.FillRectangle = [](auto* self, auto... area) {
+        return called(self, "FillRectangle", area...);
+    };
+    surface.DrawLine = [](auto* self, auto... ends) { return called(self, "DrawLine", ends...); };
+    surface.SetFont = [](auto* self, auto* font) { return called(self, "SetFont", font); };
+    surface.DrawString = [](auto* self, const char* text, auto... more) {
+        return called(self, "DrawString", "\"" + std::string(text) + "\"", more...);
+    };
+    return &surface;
 }
 
 } // namespace test_support

@@ -40,8 +40,8 @@ public:
     RecordingDisplay(const RecordingDisplay&) = delete;
     RecordingDisplay& operator=(const RecordingDisplay&) = delete;
 
-    IDirectFB* dfb();
-    IDirectFBSurface* newSurface(int width, int height);
+    static IDirectFB* dfb();
+    static IDirectFBSurface* newSurface(int width, int height);
 
     // Pixels that fonts made from now on report.
     void setFontHeight(int pixels) { state.fontHeight = pixels; }
