@@ -15,7 +15,6 @@
 namespace
 {
 
-using test_support::Key;
 using velmora::browser::vkb::Button_t;
 using velmora::browser::vkb::KeyBoardCore;
 using velmora::browser::vkb::LanguageParser;
@@ -27,7 +26,7 @@ protected:
     {
         setenv("VIRTUAL_KEYBOARD_FONT_PATH", VKB_TEST_FONT, 1);
         setenv("CSP_DEBUG_LEVEL", "0", 1);
-        sample::writeAllKinds(m_folder);
+        sample::writeLayouts(m_folder);
     }
 
     // Does it with the first, the second ... allocation failing, until all go well; what is left
@@ -66,11 +65,9 @@ TEST_F(Allocation, FailingInTheParserEscapesAndLeavesWholeKeys)
     failEach(load, [&] {
         // What a set holds is the beginning of what it is to hold.
         for (const bool alt : {false, true}) {
-            const std::vector<Key> keys =
-                alt ? sample::allKindsSymbolKeys(german) : sample::allKindsDefaultKeys(german);
             for (const bool shift : {false, true}) {
                 const std::vector<Button_t> whole =
-                    sample::buttons(sample::allKindsCatalogue(), keys, shift);
+                    sample::buttons(sample::keySet(german, alt), shift);
                 const std::vector<Button_t>& found = parser.getKeyMap(german, shift, alt);
                 ASSERT_LE(found.size(), whole.size());
                 for (size_t i = 0; i < found.size(); ++i)

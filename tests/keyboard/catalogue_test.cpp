@@ -27,12 +27,23 @@ using testing::IsEmpty;
 
 static_assert(!std::is_polymorphic_v<LanguageParser>);
 
+std::string gridJson(const Lines& names, const std::vector<GridRect>& rects)
+{
+    return asJson(Catalogue{names, 4, 4, 60, 50, rects});
+}
+
+// Two keys, the second two cells wide.
+std::string example(const Lines& names = {"English"})
+{
+    return gridJson(names, {{0, 0, 1, 1}, {1, 0, 2, 1}});
+}
+
 class CatalogueTest : public testing::Test
 {
 protected:
     CatalogueTest()
     {
-        m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
+        m_folder.writeCatalogue(example());
         takeTrace();
     }
 
@@ -53,11 +64,6 @@ protected:
     std::string m_english = "English";
 };
 
-std::string gridJson(const Lines& names, const std::vector<GridRect>& rects)
-{
-    return asJson(Catalogue{names, 4, 4, 60, 50, rects});
-}
-
 // A good file, and what is read from it: names, the keyboard's size, the keys' rectangles.
 struct Good : Row {
     std::string text;
@@ -74,8 +80,7 @@ const Lines kOddNames = {"1", "true", "", "x"};
 const Lines kNoNames;
 
 const Good kGood[] = {
-    {"TheExample", gridJson(kEnglish, {kFirst, {1, 0, 2, 1}}), kEnglish, 196, 58, 2,
-     "4,4,60,50 68,4,124,50"},
+    {"TheExample", example(), kEnglish, 196, 58, 2, "4,4,60,50 68,4,124,50"},
     {"NamesInTheOrderOfTheFile", gridJson(kOthers, {kFirst}), kOthers, 68, 58, 1, "4,4,60,50"},
     {"GapAndCellOfEachDirectionAreItsOwn",
      asJson(Catalogue{kEnglish, 3, 5, 70, 90, {{1, 2, 3, 4}}}), kEnglish, 4 * 73 + 3, 6 * 95 + 5, 1,
@@ -142,7 +147,7 @@ TEST_F(CatalogueTest, WithoutACatalogueEveryCallTriesAgainUntilThereIsOne)
     EXPECT_EQ(parser.keyboardWidth(), 0);
     EXPECT_EQ(parser.keyboardHeight(), 0);
 
-    m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
+    m_folder.writeCatalogue(example());
     takeTrace();
     EXPECT_THAT(parser.getLayoutsName(), ElementsAre("English"));
     expectTrace(steps::parser("getLayoutsName", "called\n") + catalogueRead());
@@ -150,14 +155,11 @@ TEST_F(CatalogueTest, WithoutACatalogueEveryCallTriesAgainUntilThereIsOne)
 
 TEST_F(CatalogueTest, WithAnEmptyNameListEachCallReadsAgainAndTheFirstPositionsStay)
 {
-    Catalogue catalogue = sample::twoKeyCatalogue();
-    catalogue.names.clear();
-    m_folder.writeCatalogue(asJson(catalogue));
+    m_folder.writeCatalogue(example({}));
     LanguageParser parser;
     takeTrace();
 
-    catalogue.rects = {{7, 7, 7, 7}};
-    m_folder.writeCatalogue(asJson(catalogue));
+    m_folder.writeCatalogue(gridJson({}, {{7, 7, 7, 7}}));
     EXPECT_THAT(parser.getLayoutsName(), IsEmpty());
     expectTrace(steps::parser("getLayoutsName", "called\n") + catalogueRead());
     // Two positions of the first reading, and behind them the one of the second.

@@ -58,7 +58,7 @@ protected:
 
     void expectStartWithGoodFiles(const Steps& expected)
     {
-        sample::writeAllKinds(m_folder);
+        sample::writeLayouts(m_folder);
         takeTrace();
         startIt();
         expectTrace(expected);
@@ -68,7 +68,7 @@ protected:
 
 TEST_F(CoreBadInput, AfterAnEmptyLayoutListTheNextStartBuildsAgainInTheSameWindow)
 {
-    Catalogue catalogue = sample::allKindsCatalogue();
+    Catalogue catalogue = sample::catalogue();
     catalogue.names.clear();
     m_folder.writeCatalogue(asJson(catalogue));
     expectNoStart(begun() + noNames(true));
@@ -122,7 +122,7 @@ TEST_F(CoreBadInput, ACatalogueWithoutPositionsThrowsOutOfTheStart)
     EXPECT_EQ(m_display.liveWindows(), 0u);
     expectNotStarted();
 
-    sample::writeAllKinds(m_folder);
+    sample::writeLayouts(m_folder);
     startIt();
     EXPECT_TRUE(m_core->isKeyBoardEnable());
 }
@@ -139,7 +139,7 @@ TEST_F(CoreBadInput, AKeyThatCannotBeConvertedThrowsOutOfTheStart)
 
 TEST_F(CoreBadInput, AKeyWithoutARectangleIsDrawnAtTheOriginWithNoSize)
 {
-    Catalogue catalogue = sample::allKindsCatalogue();
+    Catalogue catalogue = sample::catalogue();
     catalogue.rects.pop_back();
     m_folder.writeCatalogue(asJson(catalogue));
     startNew();

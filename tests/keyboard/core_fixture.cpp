@@ -19,7 +19,7 @@ LayerAskedFor::LayerAskedFor()
 CoreTest::CoreTest()
 {
     ::unsetenv(kFontSetting);
-    sample::writeAllKinds(m_folder);
+    sample::writeLayouts(m_folder);
     m_folder.writeFile(kExpectedFont, "");
 }
 
@@ -59,16 +59,14 @@ Steps CoreTest::begun()
 
 void CoreTest::writeEnglish(int place, const test_support::Key& key)
 {
-    std::vector<test_support::Key> changed = sample::allKindsDefaultKeys("English");
+    std::vector<test_support::Key> changed = sample::keySet("English");
     changed[static_cast<size_t>(place)] = key;
     m_folder.writeKeyMap("English", asJson(changed, changed));
 }
 
 Keys CoreTest::keys(const std::string& layout, bool shift, bool alt)
 {
-    return sample::buttons(
-        sample::allKindsCatalogue(),
-        alt ? sample::allKindsSymbolKeys(layout) : sample::allKindsDefaultKeys(layout), shift);
+    return sample::buttons(sample::keySet(layout, alt), shift);
 }
 
 Button_t CoreTest::focused()

@@ -21,7 +21,7 @@ protected:
     // English's key at this place has these neighbours.
     Keys startWithNeighbours(int place, int left, int right, int up, int down)
     {
-        std::vector<Key> keys = allKindsDefaultKeys("English");
+        std::vector<Key> keys = keySet("English");
         Key& key = keys[static_cast<size_t>(place)];
         key.left = left;
         key.right = right;
@@ -30,13 +30,13 @@ protected:
         writeEnglish(place, key);
         start();
         focus(place);
-        return buttons(allKindsCatalogue(), keys, false);
+        return buttons(keys, false);
     }
 
     // The key at place 4 says that it is at place 1.
     void startWithAnIdOfAnother()
     {
-        Key key = allKindsDefaultKeys("English")[4];
+        Key key = keySet("English")[4];
         key.id = 1;
         writeEnglish(4, key);
         start();

@@ -55,10 +55,10 @@ TEST_F(CoreLayouts, AnEmptyLayoutNameBecomesEnglishAtTheNextUpdate)
 
 TEST_F(CoreLayouts, AnEmptyNameInTheCatalogueShowsTheUnnamedKeyMap)
 {
-    Catalogue catalogue = sample::allKindsCatalogue();
+    Catalogue catalogue = sample::catalogue();
     catalogue.names = {""};
     m_folder.writeCatalogue(asJson(catalogue));
-    m_folder.writeKeyMap("", asJson(sample::allKindsDefaultKeys("Unnamed"), {}));
+    m_folder.writeKeyMap("", asJson(sample::keySet("Unnamed"), {}));
     m_core.reset(new KeyBoardCore);
     startIt();
     EXPECT_EQ(m_core->currentLayout(), "English");

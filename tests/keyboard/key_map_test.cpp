@@ -26,33 +26,29 @@ using testing::SizeIs;
 
 const Steps kAsked = steps::parser("getKeyMap", "called\n");
 
-// One of the four key sets, and what it is of the sample with two keys.
+// One of the four key sets, and the first key of it in the sample.
 struct Choice : Row {
     bool shift, alt;
-    Keys keys;
+    Button_t first;
 };
 
-// A key of one cell and a special one of two, beside each other.
-Keys example(const char* text, int keyCode, int character, const char* special, bool isSpecial)
-{
-    return {{text, {4, 4, 60, 50}, 0, false, false, keyCode, character, 1, 1, 0, 0},
-            {special, {68, 4, 124, 50}, 1, isSpecial, false, 0, 0, 0, 0, 1, 1}};
-}
-
 const Choice kChoices[] = {
-    {"Default", false, false, example("a", 65, 97, "Shift", true)},
-    {"DefaultShift", true, false, example("A", 65, 65, "", true)},
-    {"Symbol", false, true, example("1", 49, 49, "", false)},
-    {"SymbolShift", true, true, example("!", 49, 33, "", false)},
+    {"Default", false, false, {"a", {4, 6, 60, 50}, 0, false, false, 65, 97, -1, 1, -4, 4}},
+    {"DefaultShift", true, false, {"A", {4, 6, 60, 50}, 0, false, false, 65, 65, -1, 1, -4, 4}},
+    {"Symbol", false, true, {"1", {4, 6, 60, 50}, 0, false, false, 49, 49, -1, 1, -4, 4}},
+    {"SymbolShift", true, true, {"!", {4, 6, 60, 50}, 0, false, false, 49, 33, -1, 1, -4, 4}},
 };
 
 class KeyMapTest : public testing::Test
 {
 protected:
-    KeyMapTest() { m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue())); }
+    KeyMapTest() { m_folder.writeCatalogue(asJson(sample::catalogue())); }
 
     void writeEnglish(const std::string& json) { m_folder.writeKeyMap("English", json); }
-    void writeEnglish() { writeEnglish(asJson(sample::twoDefaultKeys(), sample::twoSymbolKeys())); }
+    void writeEnglish()
+    {
+        writeEnglish(asJson(sample::keySet("English"), sample::keySet("English", true)));
+    }
 
     // A parser whose current layout is "English".
     LanguageParser& english()
@@ -85,7 +81,7 @@ protected:
 };
 
 const std::vector<size_t> kNoKeys = {0, 0, 0, 0};
-const std::vector<size_t> kTwoEach = {2, 2, 2, 2};
+const std::vector<size_t> kAllKeys(4, sample::kKeys);
 
 using KeySet = WithRows<KeyMapTest, Choice>;
 
@@ -97,10 +93,12 @@ TEST_P(KeySet, HoldsItsKeysWhateverTheNameSaysAndIsReadAgainWhileItIsEmpty)
     expectTrace(kAsked + keyMapNotRead() + kAsked + keyMapNotRead());
 
     writeEnglish();
-    EXPECT_EQ(keys(GetParam()), GetParam().keys);
+    const Keys whole = sample::buttons(sample::keySet("English", GetParam().alt), GetParam().shift);
+    EXPECT_EQ(keys(GetParam()), whole);
+    EXPECT_EQ(whole[0], GetParam().first);
     expectTrace(kAsked + keyMapRead());
     for (std::string name : {"German", "", "English"}) {
-        EXPECT_EQ(m_parser->getKeyMap(name, GetParam().shift, GetParam().alt), GetParam().keys);
+        EXPECT_EQ(m_parser->getKeyMap(name, GetParam().shift, GetParam().alt), whole);
         expectTrace(kAsked);
     }
 }
@@ -147,13 +145,13 @@ TEST_F(KeyMapTest, AMissingSymbolSetIsEmptyAndReadAgainOnEachCall)
 
 TEST_F(KeyMapTest, TheTwoSetsMayDifferInLengthAndIdsAreTakenAsTheyStand)
 {
-    Key symbol = sample::twoSymbolKeys()[0];
+    Key symbol = sample::keySet("English", true)[0];
     symbol.id = -7;
-    std::vector<Key> defaults = sample::twoDefaultKeys();
+    std::vector<Key> defaults = sample::keySet("English");
     defaults[1].id = 41;
     writeEnglish(asJson(defaults, {symbol}));
     english();
-    EXPECT_EQ(sizes(), (std::vector<size_t>{2, 2, 1, 1}));
+    EXPECT_EQ(sizes(), (std::vector<size_t>{8, 8, 1, 1}));
     EXPECT_EQ(keys(kChoices[3])[0].id, -7);
     EXPECT_EQ(keys(kChoices[0])[1].id, 41);
     EXPECT_EQ(keys(kChoices[0])[1].rect.positionX, 68) << "the place in the list counts";
@@ -164,17 +162,17 @@ TEST_F(KeyMapTest, BeforeAnyLayoutTheUnnamedKeyMapIsRead)
     writeEnglish();
     m_parser.reset(new LanguageParser);
     EXPECT_EQ(sizes(), kNoKeys);
-    m_folder.writeKeyMap("", asJson(sample::twoDefaultKeys(), sample::twoSymbolKeys()));
+    m_folder.writeKeyMap("", asJson(sample::keySet("English"), sample::keySet("English", true)));
     m_parser.reset(new LanguageParser);
     takeTrace();
-    EXPECT_EQ(sizes(), kTwoEach);
+    EXPECT_EQ(sizes(), kAllKeys);
     expectTrace(kAsked + kAsked + kAsked + kAsked);
 }
 
 TEST_F(KeyMapTest, TheNameIsUsedAsItStandsAndAnUnknownOneEmptiesTheSets)
 {
     writeEnglish();
-    m_folder.writeKeyMap("Odd name%s", asJson({sample::twoDefaultKeys()[0]}, {}));
+    m_folder.writeKeyMap("Odd name%s", asJson({sample::keySet("English")[0]}, {}));
     for (std::string name : {"", "english", "Klingon"}) {
         english();
         m_parser->onLayoutchanged(name);
@@ -194,7 +192,7 @@ TEST_F(KeyMapTest, ReadingTheSameFileAgainDoesNotDoubleTheKeys)
     writeEnglish();
     english();
     EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
-    EXPECT_EQ(sizes(), kTwoEach);
+    EXPECT_EQ(sizes(), kAllKeys);
 }
 
 TEST_F(KeyMapTest, AMissingCatalogueIsTriedAtEachReading)
@@ -208,7 +206,7 @@ TEST_F(KeyMapTest, AMissingCatalogueIsTriedAtEachReading)
         steps::parser("ParseCurrentLayoutKeyMaps", "Current LayoutKeyMap Parse Successfully !\n");
     expectTrace(layoutChosen("English") + keyMapNotRead() + catalogueNotRead() + success);
 
-    m_folder.writeCatalogue(asJson(sample::twoKeyCatalogue()));
+    m_folder.writeCatalogue(asJson(sample::catalogue()));
     EXPECT_TRUE(m_parser->ParseCurrentLayoutKeyMaps());
     EXPECT_EQ(defaultKeys()[0].rect.width, 60);
     takeTrace();
@@ -218,14 +216,14 @@ TEST_F(KeyMapTest, AMissingCatalogueIsTriedAtEachReading)
 
 TEST_F(KeyMapTest, AKeyBeyondThePositionTableHasAnEmptyRectangle)
 {
-    std::vector<Key> written = sample::twoDefaultKeys();
-    written.push_back({2, "b", false, false, 66, 98, 1, 0, 0, 0, "b", 98});
+    std::vector<Key> written = sample::keySet("English");
+    written.push_back({8, "b", false, false, 66, 98, 1, 0, 0, 0, "b", 98});
     writeEnglish(asJson(written, written));
     english();
     for (const Choice& choice : kChoices) {
-        ASSERT_THAT(keys(choice), SizeIs(3)) << choice.name;
-        EXPECT_EQ(keys(choice)[2],
-                  (Button_t{"b", {0, 0, 0, 0}, 2, false, false, 66, 98, 1, 0, 0, 0}));
+        ASSERT_THAT(keys(choice), SizeIs(9)) << choice.name;
+        EXPECT_EQ(keys(choice)[8],
+                  (Button_t{"b", {0, 0, 0, 0}, 8, false, false, 66, 98, 1, 0, 0, 0}));
     }
 }
 
@@ -234,7 +232,7 @@ TEST_F(KeyMapTest, MissingMembersReadAsZeroFalseAndEmpty)
     writeEnglish("{\"Keys\": {\"KeyMode_Default\": [{}], \"KeyMode_Symbol\": [{}]}}");
     english();
     for (const Choice& choice : kChoices)
-        EXPECT_EQ(keys(choice), (Keys{{"", {4, 4, 60, 50}, 0, false, false, 0, 0, 0, 0, 0, 0}}));
+        EXPECT_EQ(keys(choice), (Keys{{"", {4, 6, 60, 50}, 0, false, false, 0, 0, 0, 0, 0, 0}}));
 }
 
 TEST_F(KeyMapTest, ValuesOfOtherTypesFollowTheLibrarysConversions)
@@ -247,9 +245,9 @@ TEST_F(KeyMapTest, ValuesOfOtherTypesFollowTheLibrarysConversions)
     english();
     const int32_t lowest = -2147483647 - 1;
     EXPECT_EQ(keys(kChoices[0]),
-              (Keys{{"5", {4, 4, 60, 50}, 1, true, false, 8, 0, lowest, 2147483647, 0, 0}}));
+              (Keys{{"5", {4, 6, 60, 50}, 1, true, false, 8, 0, lowest, 2147483647, 0, 0}}));
     EXPECT_EQ(keys(kChoices[1]),
-              (Keys{{"false", {4, 4, 60, 50}, 1, true, false, 8, 7, lowest, 2147483647, 0, 0}}));
+              (Keys{{"false", {4, 6, 60, 50}, 1, true, false, 8, 7, lowest, 2147483647, 0, 0}}));
 }
 
 TEST_F(KeyMapTest, WithoutKeysTheFileIsReadAndTheSetsAreEmpty)
@@ -279,7 +277,7 @@ TEST_F(KeyMapTest, AMalformedOrUnreadableFileEmptiesTheSetsAndIsTriedAgain)
         EXPECT_FALSE(m_parser->ParseCurrentLayoutKeyMaps());
         EXPECT_EQ(sizes(), kNoKeys);
         writeEnglish();
-        EXPECT_EQ(sizes(), kTwoEach);
+        EXPECT_EQ(sizes(), kAllKeys);
     }
 }
 

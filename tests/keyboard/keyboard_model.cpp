@@ -80,8 +80,7 @@ void KeyboardModel::nextLayout()
 void KeyboardModel::loadKeys()
 {
     const LayoutKeys& layout = (*m_layouts)[m_layout];
-    m_keys = sample::buttons(sample::allKindsCatalogue(), m_alt ? layout.symbols : layout.defaults,
-                             m_shift != Shift::Off);
+    m_keys = sample::buttons(m_alt ? layout.symbols : layout.defaults, m_shift != Shift::Off);
 }
 
 void KeyboardModel::reload()

@@ -37,14 +37,14 @@ std::string withoutLineEnd(std::string text)
 // The sample's first keys, or one of them again behind them.
 std::string keyMapText(const std::string& layout, size_t count = sample::kKeys)
 {
-    std::vector<Key> keys = sample::allKindsDefaultKeys(layout);
+    std::vector<Key> keys = sample::keySet(layout);
     keys.resize(count, keys[0]);
     return withoutLineEnd(asJson(keys, keys));
 }
 
 std::string catalogueText()
 {
-    Catalogue catalogue = sample::allKindsCatalogue();
+    Catalogue catalogue = sample::catalogue();
     catalogue.names = {"English", "German"};
     return withoutLineEnd(asJson(catalogue));
 }

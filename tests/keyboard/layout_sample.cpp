@@ -11,29 +11,12 @@ using test_support::Key;
 using velmora::browser::vkb::Button_t;
 using velmora::browser::vkb::Rect_t;
 
-Catalogue twoKeyCatalogue()
+Catalogue catalogue()
 {
-    return {{"English"}, 4, 4, 60, 50, {{0, 0, 1, 1}, {1, 0, 2, 1}}};
-}
-
-std::vector<Key> twoDefaultKeys()
-{
-    return {{0, "a", false, false, 65, 97, 1, 1, 0, 0, "A", 65},
-            {1, "Shift", true, false, 0, 0, 0, 0, 1, 1, "NULL", 0}};
-}
-
-std::vector<Key> twoSymbolKeys()
-{
-    return {{0, "1", false, false, 49, 49, 1, 1, 0, 0, "!", 33},
-            {1, "NULL", false, false, 0, 0, 0, 0, 1, 1, "NULL", 0}};
-}
-
-Catalogue allKindsCatalogue()
-{
-    Catalogue catalogue = {{"English", "German", "Greek"}, 4, 6, 60, 50, {}};
+    Catalogue sample = {{"English", "German", "Greek"}, 4, 6, 60, 50, {}};
     for (int i = 0; i < kKeys; ++i)
-        catalogue.rects.push_back({i % 4, i / 4, 1, 1});
-    return catalogue;
+        sample.rects.push_back({i % 4, i / 4, 1, 1});
+    return sample;
 }
 
 std::vector<Key> inRows(const std::vector<Kind>& kinds)
@@ -50,18 +33,6 @@ std::vector<Key> inRows(const std::vector<Kind>& kinds)
 
 namespace
 {
-
-std::vector<Key> allKinds(const Kind& letter, const std::string& layout)
-{
-    return inRows({letter,
-                   {"Shift", true, false, 16, 0, "Shift", 0},
-                   {"Alt", true, false, 18, 0, "Alt", 0},
-                   {layout.c_str(), true, true, 0, 0, layout.c_str(), 0},
-                   {"ClearAll", true, false, 46, 127, "ClearAll", 127},
-                   {"Hide", true, false, 27, 0, "Hide", 0},
-                   {"Fn", true, false, 99, 0, "Fn", 0},
-                   {"mute", false, false, -1, 0, "MUTE", 0}});
-}
 
 int16_t lowBits(int value)
 {
@@ -85,34 +56,37 @@ std::string label(const std::string& text)
 
 } // namespace
 
-std::vector<Key> allKindsDefaultKeys(const std::string& layout)
+std::vector<Key> keySet(const std::string& layout, bool alt)
 {
-    return allKinds({"a", false, false, 65, 97, "A", 65}, layout);
+    const Kind letter = {"a", false, false, 65, 97, "A", 65};
+    const Kind digit = {"1", false, false, 49, 49, "!", 33};
+    return inRows({alt ? digit : letter,
+                   {"Shift", true, false, 16, 0, "Shift", 0},
+                   {"Alt", true, false, 18, 0, "Alt", 0},
+                   {layout.c_str(), true, true, 0, 0, layout.c_str(), 0},
+                   {"ClearAll", true, false, 46, 127, "ClearAll", 127},
+                   {"Hide", true, false, 27, 0, "Hide", 0},
+                   {"Fn", true, false, 99, 0, "Fn", 0},
+                   {"mute", false, false, -1, 0, "MUTE", 0}});
 }
 
-std::vector<Key> allKindsSymbolKeys(const std::string& layout)
+void writeLayouts(test_support::LayoutFolder& folder)
 {
-    return allKinds({"1", false, false, 49, 49, "!", 33}, layout);
+    folder.writeCatalogue(asJson(catalogue()));
+    for (const std::string& layout : catalogue().names)
+        folder.writeKeyMap(layout, asJson(keySet(layout), keySet(layout, true)));
 }
 
-void writeAllKinds(test_support::LayoutFolder& folder)
+std::vector<Button_t> buttons(const std::vector<Key>& keys, bool shifted)
 {
-    const Catalogue catalogue = allKindsCatalogue();
-    folder.writeCatalogue(asJson(catalogue));
-    for (const std::string& layout : catalogue.names)
-        folder.writeKeyMap(layout, asJson(allKindsDefaultKeys(layout), allKindsSymbolKeys(layout)));
-}
-
-std::vector<Button_t> buttons(const Catalogue& catalogue, const std::vector<Key>& keys,
-                              bool shifted)
-{
+    const Catalogue grid = catalogue();
     std::vector<Button_t> made;
     for (size_t i = 0; i < keys.size(); ++i) {
         const Key& key = keys[i];
-        made.push_back({label(shifted ? key.shiftText : key.text),
-                        pixels(catalogue, catalogue.rects[i]), key.id, key.isSpecial,
-                        key.isLanguage, key.keyCode, shifted ? key.shiftCharacter : key.character,
-                        key.left, key.right, key.up, key.down});
+        made.push_back({label(shifted ? key.shiftText : key.text), pixels(grid, grid.rects[i]),
+                        key.id, key.isSpecial, key.isLanguage, key.keyCode,
+                        shifted ? key.shiftCharacter : key.character, key.left, key.right, key.up,
+                        key.down});
     }
     return made;
 }

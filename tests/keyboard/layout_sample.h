@@ -34,15 +34,9 @@ inline void PrintTo(const Button_t& key, std::ostream* out)
 
 } // namespace velmora::browser::vkb
 
-// Small layouts with a place for every kind of key.
-
+// The layouts "English", "German" and "Greek", with a place for every kind of key.
 namespace sample
 {
-
-// Two keys, the second two cells wide, in the layout "English".
-test_support::Catalogue twoKeyCatalogue();
-std::vector<test_support::Key> twoDefaultKeys();
-std::vector<test_support::Key> twoSymbolKeys();
 
 // A key's own facts. Its neighbours follow from its place: beside it, and four keys before and
 // behind it, whether there is a key or not.
@@ -57,17 +51,14 @@ struct Kind {
 };
 std::vector<test_support::Key> inRows(const std::vector<Kind>& kinds);
 
-// Places of the keys of the second sample. Its layouts are "English", "German" and "Greek".
 enum Place { Letter, Shift, Alt, Language, ClearAll, Hide, Unknown, Mute };
 const int kKeys = 8;
-test_support::Catalogue allKindsCatalogue();
-std::vector<test_support::Key> allKindsDefaultKeys(const std::string& layout);
-std::vector<test_support::Key> allKindsSymbolKeys(const std::string& layout);
-void writeAllKinds(test_support::LayoutFolder& folder);
+test_support::Catalogue catalogue();
+std::vector<test_support::Key> keySet(const std::string& layout, bool alt = false);
+void writeLayouts(test_support::LayoutFolder& folder);
 
-// What the keyboard makes of a list of key objects.
-std::vector<velmora::browser::vkb::Button_t> buttons(const test_support::Catalogue& catalogue,
-                                                     const std::vector<test_support::Key>& keys,
+// What the keyboard makes of a list of key objects in this catalogue.
+std::vector<velmora::browser::vkb::Button_t> buttons(const std::vector<test_support::Key>& keys,
                                                      bool shifted);
 
 // A file that cannot be read as it should.

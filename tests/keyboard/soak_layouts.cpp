@@ -49,7 +49,7 @@ std::vector<LayoutKeys> soakLayouts()
 
 void writeLayouts(test_support::LayoutFolder& folder, const std::vector<LayoutKeys>& layouts)
 {
-    const test_support::Catalogue catalogue = sample::allKindsCatalogue();
+    const test_support::Catalogue catalogue = sample::catalogue();
     for (size_t i = 0; i < layouts.size(); ++i)
         folder.writeKeyMap(catalogue.names[i], asJson(layouts[i].defaults, layouts[i].symbols));
     folder.writeCatalogue(asJson(catalogue));
