@@ -9,6 +9,8 @@
 
 #include "field_watch.h"
 #include "notices.h"
+#include "page_questions.h"
+#include "page_script.h"
 
 namespace host
 {
@@ -19,65 +21,6 @@ namespace
 {
 
 const int kRoomBelowField = 24; // pixels
-
-std::string asText(JSCValue* value)
-{
-    const std::unique_ptr<char, decltype(&g_free)> text(jsc_value_to_string(value), &g_free);
-    return text.get();
-}
-
-std::string textOf(JSCValue* object, const char* name)
-{
-    JSCValue* value = jsc_value_object_get_property(object, name);
-    std::string text = asText(value);
-    g_object_unref(value);
-    return text;
-}
-
-bool isTrue(JSCValue* object, const char* name)
-{
-    return textOf(object, name) == "true";
-}
-
-using ScriptAnswer = std::function<void(JSCValue*)>;
-
-// Finishes a script; the answer gets its value, or null when it failed.
-void answerScript(GObject* view, GAsyncResult* task, gpointer data)
-{
-    const std::unique_ptr<ScriptAnswer> answer(static_cast<ScriptAnswer*>(data));
-    WebKitJavascriptResult* result =
-        webkit_web_view_run_javascript_in_world_finish(WEBKIT_WEB_VIEW(view), task, nullptr);
-    (*answer)(result == nullptr ? nullptr : webkit_javascript_result_get_js_value(result));
-    if (result != nullptr)
-        webkit_javascript_result_unref(result);
-}
-
-// Runs a script in the top frame, in our world.
-void runScript(WebKitWebView* view, const std::string& script, ScriptAnswer answer)
-{
-    webkit_web_view_run_javascript_in_world(view, script.c_str(), Engine::kWorld, nullptr,
-                                            answerScript, new ScriptAnswer(std::move(answer)));
-}
-
-struct DialogForm {
-    WebKitScriptDialogType type;
-    bool hasLine;
-    std::vector<Question::Choice> choices;
-};
-
-const DialogForm& formOf(WebKitScriptDialogType type)
-{
-    static const DialogForm kForms[] = {
-        {WEBKIT_SCRIPT_DIALOG_ALERT, false, {{"OK"}}},
-        {WEBKIT_SCRIPT_DIALOG_CONFIRM, false, {{"OK"}, {"Cancel"}}},
-        {WEBKIT_SCRIPT_DIALOG_PROMPT, true, {{"OK"}, {"Cancel"}}},
-        {WEBKIT_SCRIPT_DIALOG_BEFORE_UNLOAD_CONFIRM, false, {{"Leave"}, {"Stay"}}},
-    };
-    for (const DialogForm& form : kForms)
-        if (form.type == type)
-            return form;
-    return kForms[0];
-}
 
 } // namespace
 
@@ -271,7 +214,7 @@ void Browser::takeCommit()
     enterField(input_methods::Field::Text);
     m_input.forget();
     hideKeyboard();
-    endWaits();
+    m_waits.endAll(); // the page will not answer
 }
 
 bool Browser::takeFailure(const std::string& url, const GError& error)
@@ -292,12 +235,13 @@ void Browser::takeTermination()
     tell("This page ended", url + ": its process was ended.", "Load it again", url);
 }
 
-void Browser::ask(const Question& question, Panel::Answer answer)
+void Browser::ask(const PageQuestion& asked)
 {
     const bool wasShown = m_keyboard.isShown();
     hideKeyboard();
     ++m_changes;
-    m_panel->ask(question, [this, wasShown, answer](int choice, const std::string& line) {
+    const Panel::Answer answer = asked.answer;
+    m_panel->ask(asked.question, [this, wasShown, answer](int choice, const std::string& line) {
         ++m_changes;
         enterField(fieldKind()); // the dialog's word goes with its line
         hideKeyboard();
@@ -312,7 +256,7 @@ void Browser::ask(const Question& question, Panel::Answer answer)
     // Later, as the engine must not get the answer while it still asks.
     g_idle_add(
         [](gpointer browser) -> gboolean {
-            static_cast<Browser*>(browser)->endWaits();
+            static_cast<Browser*>(browser)->m_waits.endAll();
             return G_SOURCE_REMOVE;
         },
         this);
@@ -320,27 +264,11 @@ void Browser::ask(const Question& question, Panel::Answer answer)
 
 bool Browser::takeDialog(WebKitScriptDialog* dialog)
 {
-    const WebKitScriptDialogType type = webkit_script_dialog_get_dialog_type(dialog);
-    const char* message = webkit_script_dialog_get_message(dialog);
-    if (!m_panel) {
-        m_setup.complain(std::string("a page's dialog is left unanswered: ") + message);
-        return true;
-    }
-    const DialogForm& form = formOf(type);
-    Question question = {message, form.choices, 0, form.hasLine, ""};
-    if (form.hasLine)
-        question.line = webkit_script_dialog_prompt_get_default_text(dialog);
-    webkit_script_dialog_ref(dialog);
-    ask(question, [dialog, type](int choice, const std::string& line) {
-        const bool agreed = choice == 0;
-        if (type == WEBKIT_SCRIPT_DIALOG_CONFIRM ||
-            type == WEBKIT_SCRIPT_DIALOG_BEFORE_UNLOAD_CONFIRM)
-            webkit_script_dialog_confirm_set_confirmed(dialog, agreed);
-        if (type == WEBKIT_SCRIPT_DIALOG_PROMPT && agreed)
-            webkit_script_dialog_prompt_set_text(dialog, line.c_str());
-        webkit_script_dialog_close(dialog);
-        webkit_script_dialog_unref(dialog);
-    });
+    if (m_panel)
+        ask(questionOf(dialog));
+    else
+        m_setup.complain(std::string("a page's dialog is left unanswered: ") +
+                         webkit_script_dialog_get_message(dialog));
     return true;
 }
 
@@ -348,25 +276,7 @@ bool Browser::takeMenu(WebKitOptionMenu* menu)
 {
     if (!m_panel)
         return false;
-    Question question;
-    for (unsigned i = 0; i < webkit_option_menu_get_n_items(menu); ++i) {
-        WebKitOptionMenuItem* item = webkit_option_menu_get_item(menu, i);
-        if (webkit_option_menu_item_is_selected(item))
-            question.chosen = i;
-        question.choices.push_back({webkit_option_menu_item_get_label(item),
-                                    webkit_option_menu_item_is_enabled(item) != FALSE});
-    }
-    g_object_ref(menu);
-    const gulong closed = g_signal_connect_swapped(
-        menu, "close", G_CALLBACK(+[](Browser* browser) { browser->m_panel->withdraw(); }), this);
-    ask(question, [menu, closed](int choice, const std::string&) {
-        g_signal_handler_disconnect(menu, closed);
-        if (choice >= 0)
-            webkit_option_menu_activate_item(menu, static_cast<unsigned>(choice));
-        else
-            webkit_option_menu_close(menu);
-        g_object_unref(menu);
-    });
+    ask(questionOf(menu, *m_panel));
     return true;
 }
 
@@ -631,8 +541,8 @@ void Browser::whenHandled(std::function<void()> done)
         done();
         return;
     }
-    const unsigned number = addWait(std::move(done));
-    m_input.whenHandled([this, number] { endWait(number); });
+    const unsigned number = m_waits.add(std::move(done));
+    m_input.whenHandled([this, number] { m_waits.end(number); });
 }
 
 void Browser::whenShown(std::function<void()> done)
@@ -642,38 +552,12 @@ void Browser::whenShown(std::function<void()> done)
             done();
             return;
         }
-        const unsigned number = addWait(done);
-        webkit_web_view_run_async_javascript_function_in_world(
+        const unsigned number = m_waits.add(done);
+        runFunction(
             view(),
             "return new Promise(shown => requestAnimationFrame(() => requestAnimationFrame(shown)))",
-            nullptr, Engine::kWorld, nullptr, answerScript,
-            new ScriptAnswer([this, number](JSCValue*) { endWait(number); }));
+            nullptr, [this, number](JSCValue*) { m_waits.end(number); });
     });
-}
-
-unsigned Browser::addWait(std::function<void()> done)
-{
-    m_waits[++m_last_wait] = std::move(done);
-    return m_last_wait;
-}
-
-// The page will not answer: it is gone, or a dialog holds it up.
-void Browser::endWaits()
-{
-    std::map<unsigned, std::function<void()>> waits;
-    waits.swap(m_waits); // who is called back may wait again
-    for (const auto& wait : waits)
-        wait.second();
-}
-
-void Browser::endWait(unsigned number)
-{
-    const auto wait = m_waits.find(number);
-    if (wait == m_waits.end())
-        return; // ended before its answer came
-    const std::function<void()> done = std::move(wait->second);
-    m_waits.erase(wait);
-    done();
 }
 
 void Browser::pageText(std::function<void(const std::string&)> done)

@@ -3,7 +3,6 @@
 #define HOSTS_BROWSER_BROWSER_H
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,9 +17,12 @@
 #include "page_input.h"
 #include "page_window.h"
 #include "panel.h"
+#include "waits.h"
 
 namespace host
 {
+
+struct PageQuestion;
 
 // What has the focus in the page, as field_watch.js tells it.
 struct PageFocus {
@@ -103,10 +105,7 @@ private:
     enum class Caret { Same, Moved };
     void makeRoom(Caret news, bool mayScroll);
     void giveRoomBack();
-    unsigned addWait(std::function<void()> done);
-    void endWait(unsigned number);
-    void endWaits();
-    void ask(const Question& question, Panel::Answer answer);
+    void ask(const PageQuestion& asked);
     void load(std::string url);
     void tell(const std::string& title, const std::string& text, const std::string& label,
               const std::string& url);
@@ -132,10 +131,9 @@ private:
     PageFocus m_shown_for; // the field that the keyboard was last shown for
     bool m_engine_focused = false;
     CaretArea m_caret = {};
-    bool m_has_room = false;                           // the page made room for the keyboard
-    int m_bar_room = 0;                                // pixels of it for candidates
-    std::map<unsigned, std::function<void()>> m_waits; // by number
-    unsigned m_last_wait = 0;
+    bool m_has_room = false; // the page made room for the keyboard
+    int m_bar_room = 0;      // pixels of it for candidates
+    Waits m_waits;
     std::vector<std::function<void()>> m_load_waits;
     std::string m_preedit; // what the page was last told is being composed
     input_methods::Field m_field_kind = input_methods::Field::Text;

@@ -11,6 +11,8 @@
 #include "keyboard_constants.h"
 #include "text_line.h"
 
+#include "page_script.h"
+
 namespace host
 {
 
@@ -189,7 +191,7 @@ void PageInput::key(int keyCode, bool shift)
     const KeyOfKeyboard* key = keyOf(keyCode);
     if (key == nullptr || key->symbol == 0) {
         const std::string script = scriptedKey(keyCode);
-        add(1, [this, script] { runScript(script.c_str()); });
+        add(1, [this, script] { tellPage(script); });
         return;
     }
     add(kAnswersForKey, [this, key, shift] { send(key->symbol, key->hardwareCode, shift); });
@@ -213,10 +215,10 @@ void PageInput::settleWord(const std::string& text, Word word)
         if (!isLeft && (m_word != "there" || word != Word::Ends))
             return;
         if (isLeft)
-            runScript("keyboardWord.hold()");
+            tellPage("keyboardWord.hold()");
         m_method.commit(text);
         if (isLeft)
-            runScript("keyboardWord.release()");
+            tellPage("keyboardWord.release()");
     });
 }
 
@@ -226,26 +228,16 @@ void PageInput::askForWord(const std::string& text)
     GVariantDict arguments;
     g_variant_dict_init(&arguments, nullptr);
     g_variant_dict_insert(&arguments, "text", "s", text.c_str());
-    webkit_web_view_run_async_javascript_function_in_world(
-        m_engine.view(), "return keyboardWord.state(text)", g_variant_dict_end(&arguments),
-        Engine::kWorld, nullptr,
-        [](GObject* view, GAsyncResult* result, gpointer data) {
-            WebKitJavascriptResult* answer = webkit_web_view_run_javascript_in_world_finish(
-                WEBKIT_WEB_VIEW(view), result, nullptr);
-            if (answer == nullptr)
-                return;
-            const std::unique_ptr<char, decltype(&g_free)> state(
-                jsc_value_to_string(webkit_javascript_result_get_js_value(answer)), &g_free);
-            static_cast<PageInput*>(data)->m_word = state.get();
-            webkit_javascript_result_unref(answer);
-        },
-        this);
+    runFunction(m_engine.view(), "return keyboardWord.state(text)", g_variant_dict_end(&arguments),
+                [this](JSCValue* state) {
+                    if (state != nullptr)
+                        m_word = asText(state);
+                });
 }
 
-void PageInput::runScript(const char* script)
+void PageInput::tellPage(const std::string& script)
 {
-    webkit_web_view_run_javascript_in_world(m_engine.view(), script, Engine::kWorld, nullptr,
-                                            nullptr, nullptr);
+    runScript(m_engine.view(), script, [](JSCValue*) {});
 }
 
 void PageInput::click(int x, int y)
@@ -308,19 +300,11 @@ void PageInput::next()
 // then the engine gives it the next one.
 void PageInput::ask()
 {
-    using Question = std::pair<PageInput*, std::shared_ptr<bool>>;
-    webkit_web_view_run_javascript_in_world(
-        m_engine.view(), "0", Engine::kWorld, nullptr,
-        [](GObject* view, GAsyncResult* result, gpointer data) {
-            const std::unique_ptr<Question> question(static_cast<Question*>(data));
-            WebKitJavascriptResult* answer = webkit_web_view_run_javascript_in_world_finish(
-                WEBKIT_WEB_VIEW(view), result, nullptr);
-            if (answer != nullptr)
-                webkit_javascript_result_unref(answer);
-            if (*question->second)
-                question->first->handled();
-        },
-        new Question(this, m_valid));
+    const std::shared_ptr<bool> valid = m_valid;
+    runScript(m_engine.view(), "0", [this, valid](JSCValue*) {
+        if (*valid)
+            handled();
+    });
 }
 
 void PageInput::handled()

@@ -70,7 +70,7 @@ private:
     enum class Word { Goes, Ends };
     void settleWord(const std::string& text, Word word);
     void askForWord(const std::string& text);
-    void runScript(const char* script);
+    void tellPage(const std::string& script);
     void add(int answers, std::function<void()> run);
     void next();
     void ask();
