@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include "window_description.h"
+
 namespace
 {
 
@@ -41,14 +43,8 @@ Display::Display()
 
 IDirectFBSurface* Display::newWindow(int width, int height)
 {
-    DFBWindowDescription description = {};
-    description.flags =
-        static_cast<DFBWindowDescriptionFlags>(DWDESC_CAPS | DWDESC_WIDTH | DWDESC_HEIGHT);
-    description.caps =
-        static_cast<DFBWindowCapabilities>(DWCAPS_ALPHACHANNEL | DWCAPS_DOUBLEBUFFER);
-    description.width = width;
-    description.height = height;
-
+    const DFBWindowDescription description =
+        velmora::browser::vkb::windowDescription(0, 0, width, height);
     IDirectFBWindow* window = nullptr;
     IDirectFBSurface* surface = nullptr;
     require(m_layer->CreateWindow(m_layer, &description, &window), "CreateWindow");

@@ -16,7 +16,7 @@ public:
     // Whether it came to that allocation.
     static bool failed() { return left == 0; }
 
-    static size_t left; // allocations until the failing one; 0: none is to fail
+    static inline size_t left = 0; // allocations until the failing one; 0: none is to fail
 };
 
 #endif

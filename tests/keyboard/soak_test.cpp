@@ -15,11 +15,13 @@
 #include "keyboard_model.h"
 #include "layout_sample.h"
 #include "recording_display.h"
-#include "soak_layouts.h"
 #include "trace.h"
 
 using namespace test_support;
 using namespace velmora::browser::vkb;
+
+using sample::inRows;
+using sample::Kind;
 
 namespace
 {
@@ -38,6 +40,46 @@ Lines labels(const std::vector<Button_t>& keys)
     for (const Button_t& key : keys)
         texts.push_back(key.text);
     return texts;
+}
+
+Kind plain(const char* text, const char* shiftText, int code)
+{
+    return {text, false, false, code, 1000 + code, shiftText, 2000 + code};
+}
+
+Kind special(const char* text, int code, const char* shiftText = nullptr)
+{
+    return {text,       true, false, code, 1000 + code, shiftText == nullptr ? text : shiftText,
+            2000 + code};
+}
+
+Kind language(const char* text, const char* shiftText)
+{
+    return {text, true, true, 0, 1000, shiftText, 2000};
+}
+
+// Three small layouts with every kind of key, among them the odd ones: keys that yield nothing, an
+// unknown special key, the lower-case names of the special keys, neighbours that are not there, and
+// symbol sets shorter than the default sets.
+std::vector<LayoutKeys> soakLayouts()
+{
+    const LayoutKeys one = {
+        inRows({plain("a", "A", 65), special("Shift", 16), plain("b", "B", 66), special("Alt", 18),
+                language("EN", "EN"), plain("dead", "DEAD", -1), special("Hide", 27),
+                special("ClearAll", 46)}),
+        inRows({plain("1", "!", 49), special("Shift", 16), plain("2", "NULL", 50),
+                special("Alt", 18), language("EN", "EN")})};
+    const LayoutKeys two = {
+        inRows({special("alt", 18), plain("\xC3\xA4", "\xC3\x84", 228), special("shift", 16),
+                language("DE", "de"), special("hide", 27), special("clearall", 46)}),
+        inRows({special("alt", 18), plain("NULL", "NULL", 0), special("shift", 16),
+                language("DE", "de"), plain("a label longer than a short string", "x", 120),
+                special("clearall", 46), special("SHIFT", 16)})};
+    const LayoutKeys three = {
+        inRows({language("FR", "FR"), special("Shift", 16, "shift"), special("Alt", 18, "alt"),
+                plain("q", "Q", 81), special("what", 1), special("Shift", 16)}),
+        inRows({language("FR", "FR"), plain("9", "9", 57)})};
+    return {one, two, three};
 }
 
 // What may happen, and how often of 1000 times: calls to the keyboard, and what they mean.
@@ -145,7 +187,11 @@ class Keyboards
 public:
     Keyboards(IDirectFB* dfb, unsigned int seed) : m_layouts(soakLayouts()), m_random(seed)
     {
-        writeLayouts(m_folder, m_layouts);
+        const Catalogue catalogue = sample::catalogue();
+        m_folder.writeCatalogue(asJson(catalogue));
+        for (size_t i = 0; i < m_layouts.size(); ++i)
+            m_folder.writeKeyMap(catalogue.names[i],
+                                 asJson(m_layouts[i].defaults, m_layouts[i].symbols));
         for (int i = 0; i < 3; ++i)
             m_pairs.emplace_back(new Pair(dfb, m_layouts));
     }
