@@ -14,11 +14,6 @@ std::string callOf(const std::string& line)
     return line.substr(line.find('.') + 1);
 }
 
-bool isCallOf(const std::string& call, const std::string& method)
-{
-    return call.compare(0, method.size(), method) == 0;
-}
-
 // Its first line is the right edge, its second the lower one.
 velmora::browser::vkb::Rect_t frameOf(const std::string& right, const std::string& lower)
 {
@@ -44,13 +39,13 @@ DrawnKeyboard drawnKeyboard(const Lines& trace)
     bool is_sunken = false;
     for (; at < trace.size(); ++at) {
         const std::string call = callOf(trace[at]);
-        if (isCallOf(call, "DrawString(\""))
+        if (call.rfind("DrawString(\"", 0) == 0)
             (is_sunken ? drawn.sunken : drawn.keys)
                 .push_back(call.substr(12, call.rfind("\",-1,") - 12));
         else if (call == "SetColor(50,50,50,255)" || call == "SetColor(25,25,25,255)")
             is_sunken = call == "SetColor(25,25,25,255)";
         else if (call == "SetColor(255,255,255,255)" && at + 2 < trace.size() &&
-                 isCallOf(callOf(trace[at + 1]), "DrawLine("))
+                 callOf(trace[at + 1]).rfind("DrawLine(", 0) == 0)
             drawn.frame = frameOf(callOf(trace[at + 1]), callOf(trace[at + 2]));
     }
     return drawn;

@@ -28,18 +28,11 @@ void requireLeave(const char* what)
         stop("a line was written whose level is off or was not asked for", what);
 }
 
-std::string escaped(const std::string& text)
+std::string onOneLine(std::string text)
 {
-    std::string shown;
-    for (const char c : text) {
-        if (c == '\n')
-            shown += "\\n";
-        else if (c == '\t')
-            shown += "\\t";
-        else
-            shown += c;
-    }
-    return shown;
+    for (size_t at = 0; (at = text.find('\n', at)) != std::string::npos;)
+        text.replace(at, 1, "\\n");
+    return text;
 }
 
 } // namespace
@@ -49,7 +42,7 @@ std::string logTraceLine(const std::string& file, uint32_t level, const std::str
 {
     char word[16];
     std::snprintf(word, sizeof word, "%06X", static_cast<unsigned int>(level));
-    return "log " + file + " " + word + " " + function + " \"" + escaped(message) + "\"";
+    return "log " + file + " " + word + " " + function + " \"" + onOneLine(message) + "\"";
 }
 
 bool LogCapture::askLevel(void* record)

@@ -31,8 +31,9 @@ template <class Interface> struct Made {
 
 [[noreturn]] void stop(const std::string& why)
 {
-    std::fprintf(stderr, "recording display: %s; last known call: %s\n", why.c_str(),
-                 RecordingDisplay::state.lastCall.c_str());
+    const Lines before = takeTrace();
+    std::fprintf(stderr, "recording display: %s; known before it: %s\n", why.c_str(),
+                 before.empty() ? "nothing" : before.back().c_str());
     std::abort();
 }
 
@@ -86,9 +87,7 @@ std::string asText(IDirectFBFont* font)
 
 std::string asText(DFBSurfaceFlipFlags flags)
 {
-    if (flags == DSFLIP_NONE)
-        return "NONE";
-    return flags == DSFLIP_WAITFORSYNC ? "WAITFORSYNC" : hex(flags);
+    return flags == DSFLIP_NONE ? "NONE" : flags == DSFLIP_WAITFORSYNC ? "WAITFORSYNC" : hex(flags);
 }
 
 std::string asText(DFBSurfaceTextFlags flags)
@@ -113,9 +112,7 @@ template <class Interface, class... Arguments>
 DFBResult called(Interface* self, const std::string& method, const Arguments&... arguments)
 {
     DisplayState& now = RecordingDisplay::state;
-    const std::string line = objectOf(self).name + "." + method + "(" + list(arguments...) + ")";
-    record(line);
-    now.lastCall = line;
+    record(objectOf(self).name + "." + method + "(" + list(arguments...) + ")");
 
     if (now.callsUntilFailure > 0 && --now.callsUntilFailure == 0)
         return now.failure;

@@ -22,7 +22,6 @@ struct DisplayState {
     size_t liveFonts = 0;
     size_t liveWindows = 0;
     size_t bytesKept = 0;
-    std::string lastCall = "none";
 };
 
 // A DirectFB that shows nothing: its objects are of DirectFB's own types, and each call adds a

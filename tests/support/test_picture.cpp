@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <stdexcept>
 
@@ -26,10 +25,10 @@ uint32_t darkened(uint32_t pixel)
     return 0xFF000000 | (pixel >> 2 & 0x3F3F3F);
 }
 
-bool isUpdate()
+std::string variable(const char* name, const std::string& otherwise = "")
 {
-    const char* update = std::getenv("VKB_UPDATE_PICTURES");
-    return update != nullptr && std::strcmp(update, "1") == 0;
+    const char* value = std::getenv(name);
+    return value != nullptr ? value : otherwise;
 }
 
 // The left picture, dark, with each pixel that differs in red; all do when the sizes differ.
@@ -43,31 +42,18 @@ Picture difference(const Picture& left, const Picture& right)
     return result;
 }
 
-png_image newImage()
-{
-    png_image image = {};
-    image.version = PNG_IMAGE_VERSION;
-    return image;
-}
-
 } // namespace
-
-bool Picture::operator==(const Picture& other) const
-{
-    return width == other.width && height == other.height && pixels == other.pixels;
-}
 
 Picture readPng(const std::string& file)
 {
-    png_image image = newImage();
+    png_image image = {};
+    image.version = PNG_IMAGE_VERSION;
     if (png_image_begin_read_from_file(&image, file.c_str()) == 0)
         throw std::runtime_error(file + ": " + image.message + ", expected a PNG");
     image.format = kFormat;
 
-    Picture picture;
-    picture.width = static_cast<int>(image.width);
-    picture.height = static_cast<int>(image.height);
-    picture.pixels.resize(size_t(image.width) * image.height);
+    Picture picture = {static_cast<int>(image.width), static_cast<int>(image.height),
+                       std::vector<uint32_t>(size_t(image.width) * image.height)};
     if (png_image_finish_read(&image, nullptr, picture.pixels.data(), 0, nullptr) == 0)
         throw std::runtime_error(file + ": " + image.message + ", expected a PNG");
     return picture;
@@ -76,7 +62,8 @@ Picture readPng(const std::string& file)
 void writePng(const std::string& file, const Picture& picture)
 {
     fs::create_directories(fs::path(file).parent_path());
-    png_image image = newImage();
+    png_image image = {};
+    image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(picture.width);
     image.height = static_cast<png_uint_32>(picture.height);
     image.format = kFormat;
@@ -89,13 +76,13 @@ testing::AssertionResult isExpectedPicture(const std::string& name, const Pictur
                                            const std::string& failed_folder)
 {
     const std::string file = expected_folder + "/" + name + ".png";
-    if (isUpdate()) {
+    if (variable("VKB_UPDATE_PICTURES") == "1") {
         if (!fs::exists(file) || !(readPng(file) == actual))
             writePng(file, actual);
         return testing::AssertionSuccess();
     }
 
-    const std::string left_over = failed_folder + "/" + name;
+    const std::string left_over = variable("VKB_FAILED_PICTURES", failed_folder) + "/" + name;
     if (!fs::exists(file)) {
         writePng(left_over + ".actual.png", actual);
         return testing::AssertionFailure()
@@ -121,12 +108,6 @@ testing::AssertionResult isExpectedPicture(const std::string& name, const Pictur
            << "; look at " << left_over
            << ".{expected,actual,difference}.png, and when the new one is right, run with "
               "VKB_UPDATE_PICTURES=1";
-}
-
-std::string failedPictures(const char* folder)
-{
-    const char* elsewhere = std::getenv("VKB_FAILED_PICTURES");
-    return elsewhere != nullptr ? elsewhere : folder;
 }
 
 } // namespace test_support
