@@ -70,6 +70,7 @@ test-asan: ## The tests with address, undefined behaviour and leak checks
 	@scripts/install-packages build run tools hosts input_methods test
 	@scripts/build asan
 	@scripts/test asan
+	@scripts/test asan-soak
 
 test-valgrind: ## The tests under valgrind; takes long
 	@scripts/install-packages build run tools hosts input_methods test bench

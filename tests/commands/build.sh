@@ -53,6 +53,14 @@ test_passing_tests_are_summed_up() {
     expect_not_said 'Test #2'
 }
 
+test_a_preset_of_another_ones_folder_names_that() {
+    project 'add_test(NAME SoakInputMethod COMMAND true)'
+    cmake -S project -B project/build/asan -G Ninja >/dev/null
+    run project/scripts/test asan-soak
+    expect_status 0
+    expect_said 'Running 1 tests of build/asan: '
+}
+
 test_start_says_how_long_it_takes() {
     project 'add_test(NAME one COMMAND sleep 1)
         add_test(NAME two COMMAND sleep 1)'
