@@ -1,6 +1,8 @@
 // input_method: tries what a layout's input method makes of typed letters, without a keyboard.
+#include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <iterator>
 #include <optional>
 
 #include "input_methods.h"
@@ -40,19 +42,6 @@ OsButton_t keyWithCode(int32_t code)
     return key;
 }
 
-// One thing that is typed: a character, or a word in < and >.
-std::string nextToken(const std::string& line, size_t& position)
-{
-    const size_t end = line[position] == '<' ? line.find('>', position) : std::string::npos;
-    size_t length = end == std::string::npos ? 1 : end + 1 - position;
-    while (end == std::string::npos && position + length < line.size() &&
-           (static_cast<unsigned char>(line[position + length]) & 0xC0) == 0x80)
-        ++length;
-    std::string token = line.substr(position, length);
-    position += length;
-    return token;
-}
-
 struct Command {
     const char* token;
     Answer (*run)(InputMethod& method);
@@ -66,13 +55,43 @@ constexpr Command kCommands[] = {
     {"<reset>", [](InputMethod& method) { return method.reset(); }},
 };
 
+bool isChoice(const std::string& token)
+{
+    return token.size() == 3 && token[0] == '<' && token[1] >= '1' && token[1] <= '9';
+}
+
+const Command* commandOf(const std::string& token)
+{
+    const auto found = std::find_if(std::begin(kCommands), std::end(kCommands),
+                                    [&](const Command& known) { return token == known.token; });
+    return found == std::end(kCommands) ? nullptr : found;
+}
+
+// A key that carries no character.
+bool isKey(const std::string& token)
+{
+    return commandOf(token) != nullptr || isChoice(token);
+}
+
+// One thing that is typed: such a key, or a character.
+std::string nextToken(const std::string& line, size_t& position)
+{
+    const size_t end = line[position] == '<' ? line.find('>', position) : std::string::npos;
+    std::string token = end == std::string::npos ? "" : line.substr(position, end + 1 - position);
+    if (!isKey(token)) {
+        const size_t longest = 4;
+        const std::string next = line.substr(position, longest);
+        token = next.substr(0, firstLetterBytes(next));
+    }
+    position += token.size();
+    return token;
+}
+
 Answer answerTo(const std::string& token, InputMethod& method)
 {
-    for (const Command& command : kCommands)
-        if (token == command.token)
-            return command.run(method);
-    const bool isChoice = token.size() == 3 && token[1] >= '1' && token[1] <= '9';
-    return isChoice ? method.choose(token[1] - '0') : method.feed(keyOf(token));
+    if (const Command* command = commandOf(token))
+        return command->run(method);
+    return isChoice(token) ? method.choose(token[1] - '0') : method.feed(keyOf(token));
 }
 
 void print(const std::string& token, const Answer& answer)
@@ -96,7 +115,7 @@ void apply(const Answer& answer, const std::string& token, std::string& text)
         return;
     if (token == "<back>")
         text.resize(text.size() - lastLetterBytes(text));
-    else if (token[0] != '<' || token.size() == 1)
+    else if (!isKey(token))
         text += token;
 }
 

@@ -48,6 +48,13 @@ TEST(InputMethodCommand, ChoosesAndTurnsPages)
     EXPECT_THAT(result.out, EndsWith("text\t'你好'\n"));
 }
 
+TEST(InputMethodCommand, TakesWhatIsNoKeyForLetters)
+{
+    EXPECT_THAT(run({"Korean"}, "<foo>ㄱ < <10> <<9>\n").out,
+                EndsWith("text\t'<foo>ㄱ < <10> <'\n"));
+    EXPECT_THAT(run({"Korean"}, "a\xe3\x84").out, EndsWith("text\t'a\xe3\x84'\n"));
+}
+
 TEST(InputMethodCommand, TakesBackWhatAMarkChanges)
 {
     EXPECT_THAT(run({"Vietnamese"}, "a\u0301\n").out, HasSubstr("take back 1\tcommit 'á'"));
