@@ -17,6 +17,7 @@ namespace
 {
 
 const size_t kFullPreedit = kMaxPreedit;
+const size_t kCandidatesLookedAt = 100; // for a short one, where a full preedit makes room
 
 // The one character of a key; 0 for a key with none or with more.
 uint32_t characterOf(const OsButton_t& key)
@@ -37,6 +38,16 @@ size_t roomFor(const std::vector<std::string>& candidates)
         room -= std::min(length, room);
     }
     return candidates.size();
+}
+
+// The best candidate may stand for everything that is composed, with a word of which only some
+// letters are typed; one that is shorter is a word at the beginning.
+size_t wordAtTheBeginning(const std::vector<std::string>& candidates)
+{
+    const size_t whole = letters(candidates.front());
+    const auto isShorter = [whole](const std::string& text) { return letters(text) < whole; };
+    const auto word = std::find_if(candidates.begin(), candidates.end(), isShorter);
+    return word == candidates.end() ? 0 : static_cast<size_t>(word - candidates.begin());
 }
 
 } // namespace
@@ -119,15 +130,30 @@ void InputMethod::makeRoom(Answer& answer)
 {
     size_t before = letters(m_engine->preedit());
     while (before >= kFullPreedit) {
-        std::vector<std::string> first;
-        m_engine->addCandidates(0, 1, first);
-        if (!first.empty())
-            m_engine->take(0, answer);
+        takeWordAtTheBeginning(answer);
         const size_t after = letters(m_engine->preedit());
         if (after >= before)
             m_engine->finish(answer);
         before = letters(m_engine->preedit());
     }
+}
+
+// The syllable that is still typed is taken back before and typed again afterwards: as it stands,
+// candidates at the beginning may be made of its letters.
+void InputMethod::takeWordAtTheBeginning(Answer& answer)
+{
+    const std::string preedit = m_engine->preedit();
+    const size_t blank = preedit.rfind(' ');
+    const std::string syllable = blank == std::string::npos ? "" : preedit.substr(blank + 1);
+    const std::u32string open = characters(syllable);
+    for (size_t i = 0; i < open.size(); ++i)
+        m_engine->erase(answer);
+    std::vector<std::string> candidates;
+    m_engine->addCandidates(0, kCandidatesLookedAt, candidates);
+    if (!candidates.empty())
+        m_engine->take(wordAtTheBeginning(candidates), answer);
+    for (const char32_t letter : open)
+        m_engine->type(letter, answer);
 }
 
 // The key is none of the language's: what is composed goes into the page before it.

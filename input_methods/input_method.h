@@ -76,6 +76,7 @@ private:
     void turn(int step, Answer& answer);
     void handOver(Answer& answer);
     void makeRoom(Answer& answer);
+    void takeWordAtTheBeginning(Answer& answer);
     void drop();
     void show(Answer& answer);
     void showFirstPage(Answer& answer);

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include <unistr.h>
-
 #include "text.h"
 
 namespace input_methods
@@ -229,16 +227,14 @@ std::string Kana::rest() const
     return kana().size() == m_kana.size() ? m_pending : "";
 }
 
+// An n that is not dropped may still become another kana.
 void Kana::drop(size_t count)
 {
-    const std::string reading = kana();
-    const std::string letters = rest();
-    const uint8_t* bytes = reinterpret_cast<const uint8_t*>(reading.data());
-    size_t from = 0;
-    for (; count > 0 && from < reading.size(); --count)
-        from += static_cast<size_t>(u8_mblen(bytes + from, reading.size() - from));
-    m_kana = reading.substr(from);
-    m_pending = letters;
+    const size_t typed = letters(m_kana);
+    if (count > typed)
+        m_pending = rest();
+    for (size_t i = 0; i < std::min(count, typed); ++i)
+        m_kana.erase(0, firstLetterBytes(m_kana));
 }
 
 void Kana::clear()

@@ -1,5 +1,7 @@
 // Languages whose words are chosen from a dictionary. Which word comes first may change with the
 // dictionary's next version; these tests ask only for what must always hold.
+#include <map>
+
 #include <gmock/gmock.h>
 
 #include "text.h"
@@ -367,6 +369,32 @@ TEST_P(Converting, SpellsNothing)
 
 INSTANTIATE_TEST_SUITE_P(, Converting, testing::ValuesIn(kLanguages), nameOfTest);
 
+// More letters than are composed at once, with nothing chosen on the way.
+TEST(LongRows, AreOfWholeWords)
+{
+    std::vector<std::string> lines;
+    const std::unique_ptr<InputMethods> methods = shipped(lines);
+    const std::map<std::string, std::string> words = {{"Chinese_Pinyin", "nihao"},
+                                                      {"Chinese_Traditional_Pinyin", "nihao"},
+                                                      {"Cantonese", "neihou"}};
+    for (const auto& word : words) {
+        InputMethod* method = find(*methods, word.first);
+        ASSERT_NE(method, nullptr);
+        TextField once(*method);
+        once.type(word.second);
+        once.choose(1);
+        TextField field(*method);
+        std::string expected;
+        for (int i = 0; i < 12; ++i) {
+            field.type(word.second);
+            expected += once.text();
+        }
+        field.choose(1);
+        EXPECT_EQ(field.text(), expected);
+        EXPECT_EQ(field.last().preedit, "");
+    }
+}
+
 using Japanese = Converting;
 
 bool isKatakana(const std::string& text)
@@ -438,6 +466,28 @@ TEST(Romaji, BecomesKana)
         field.finish();
         EXPECT_EQ(field.text(), spelling.kana) << spelling.romaji;
     }
+}
+
+// A word at the beginning is chosen: the n behind it may become another kana than ん.
+TEST(Romaji, GoesOnBehindAChosenWord)
+{
+    std::vector<std::string> lines;
+    const std::unique_ptr<InputMethods> methods = shipped(lines);
+    InputMethod* method = find(*methods, "Japanese");
+    ASSERT_NE(method, nullptr);
+    int words = 0;
+    for (int number = 1; number <= input_methods::kPageCandidates; ++number) {
+        TextField field(*method);
+        field.type("watashihan");
+        field.choose(number);
+        if (field.last().preedit.empty())
+            continue;
+        ++words;
+        EXPECT_THAT(field.last().preedit, testing::EndsWith("n"));
+        EXPECT_THAT(field.type("i").preedit, testing::EndsWith("に"));
+        field.reset();
+    }
+    EXPECT_GT(words, 0);
 }
 
 } // namespace

@@ -234,6 +234,15 @@ TEST_F(ScriptedMethod, MakesRoomByTheFirstCandidate)
     EXPECT_EQ(field().last().preedit, std::string(38, 'a') + "b");
 }
 
+// The best one may stand for a word of which only some letters are typed.
+TEST_F(ScriptedMethod, MakesRoomByAShorterCandidate)
+{
+    offer({"甲乙丙", "丁戊己", "甲乙", "甲"});
+    field().type(std::string(40, 'a') + "b");
+    EXPECT_EQ(field().text(), "甲乙");
+    EXPECT_EQ(field().last().preedit, std::string(38, 'a') + "b");
+}
+
 TEST_F(ScriptedMethod, TakesAKeyBesideItsText)
 {
     offer({});
