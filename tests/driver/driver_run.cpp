@@ -5,8 +5,6 @@
 
 #include <gmock/gmock.h>
 
-#include "grid_layout.h"
-
 using namespace transcript;
 using test_process::Command;
 using test_process::Result;
@@ -17,8 +15,6 @@ namespace
 // DirectFB's own handling of signals stays out of it: under an emulator it can hang in an abort.
 const char* const kDisplay = "system=dummy,mode=1920x1080,quiet,no-cursor,no-sighandler";
 
-const char* const kFonts[] = {"/usr/local/opt/font/TarvoL2700.ttf", "/opt/font/TarvoL2700.ttf"};
-
 // Another build of the driver can be put in its place: the fault tests do.
 std::string driverProgram()
 {
@@ -27,26 +23,6 @@ std::string driverProgram()
 }
 
 } // namespace
-
-TestPlace::TestPlace()
-{
-    nameLayouts({"One", "Two"});
-    for (const std::string name : {"One", "Two"})
-        m_folder.writeKeyMap(name, grid_layout::keyMap(name));
-    for (const char* font : kFonts)
-        m_folder.linkFile(font, VKB_TEST_FONT);
-}
-
-void TestPlace::nameLayouts(const Lines& names)
-{
-    m_folder.writeCatalogue(grid_layout::catalogue(names));
-}
-
-void TestPlace::removeFonts()
-{
-    for (const char* font : kFonts)
-        m_folder.removeFile(font);
-}
 
 Command driverCommandInRealTime(const TestPlace& place, const Lines& arguments)
 {

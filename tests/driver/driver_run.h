@@ -4,27 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "layout_folder.h"
 #include "process.h"
 #include "row.h"
+#include "test_place.h"
 #include "transcript.h"
-
-// A place of its own for one test: what the driver sees at the fixed paths. At first the test
-// keyboard (grid_layout.h) with the layouts "One" and "Two", and the fonts of both modes.
-class TestPlace
-{
-public:
-    TestPlace();
-    const std::string& root() const { return m_folder.root(); }
-    test_support::LayoutFolder& folder() { return m_folder; }
-
-    // Another list of layouts in the catalogue.
-    void nameLayouts(const std::vector<std::string>& names);
-    void removeFonts();
-
-private:
-    test_support::LayoutFolder m_folder;
-};
 
 // The test driver with these arguments in this place, on a display without a screen: pauses take
 // no time and stand among the log lines, and the clock stands still but for them.

@@ -17,17 +17,12 @@ namespace
 const int kExitOfMinusOne = 255;
 
 // A display that is not told to be quiet says that it starts.
-Command talkingDriver(const TestPlace& place, const Lines& words)
-{
-    Command command = driverCommand(place, words);
-    command.environment["DFBARGS"] = "system=dummy,mode=1920x1080,no-cursor";
-    return command;
-}
-
 Result runTalking(const Lines& words)
 {
     const TestPlace place;
-    return run(talkingDriver(place, words));
+    Command command = driverCommand(place, words);
+    command.environment["DFBARGS"] = "system=dummy,mode=1920x1080,no-cursor";
+    return run(command);
 }
 
 Lines traceOf(const std::string& output)

@@ -197,10 +197,9 @@ TEST(KbBadInput, EmptyOrMissingCatalogueLeavesTheKeyboardNotStarted)
     Mode without_layout = kKb;
     without_layout.started.clear();
     for (const bool missing : {false, true}) {
-        TestPlace place;
-        place.nameLayouts({});
+        TestPlace place(Lines{});
         if (missing)
-            place.folder().removeCatalogue();
+            place.removeCatalogue();
         const Result result = expectRun(without_layout.run(show), place);
         EXPECT_THAT(result.out, HasSubstr("enter(): Read language name error! \n"));
     }
@@ -209,7 +208,7 @@ TEST(KbBadInput, EmptyOrMissingCatalogueLeavesTheKeyboardNotStarted)
 TEST(KbBadInput, MissingKeyMapLeavesAnEmptyKeySet)
 {
     TestPlace place;
-    place.folder().removeKeyMap("One");
+    place.removeKeyMap("One");
     // The focused key was never set: its zeroes are a key result.
     const Lines probe = {kbLine(13, "kb_test_get_key", "called"), "key 13", "result  0",
                          kbLine(20, "kb_test_get_key", "curernt key :")};

@@ -176,7 +176,7 @@ TEST(KbUi, UnknownCommandDoesNothing)
 TEST(KbUiWithoutAFont, PaintsNothing)
 {
     TestPlace place;
-    place.removeFonts();
+    place.removeFile("/opt/font/TarvoL2700.ttf");
     for (const std::string command : {"draw", "show", "lock", "loop-focus"}) {
         test_process::Command driver = driverCommand(place, {"kbui", command, "1"});
         driver.environment["CSP_DEBUG_LEVEL"] = kDetail;
@@ -193,7 +193,7 @@ TEST(KbUiWithoutAFont, PaintsNothing)
 TEST(KbUiWithoutAFont, PressEndsTheProcessThroughItsText)
 {
     TestPlace place;
-    place.removeFonts();
+    place.removeFile("/opt/font/TarvoL2700.ttf");
     const Result result = test_process::run(driverCommand(place, {"kbui", "press"}));
     const std::string call =
         "m_surface->DrawString(m_surface,key.text.c_str(),-1,Xcenter,Ycenter,DSTF_TOPCENTER)";
