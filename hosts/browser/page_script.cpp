@@ -33,9 +33,9 @@ void runScript(WebKitWebView* view, const std::string& script, ScriptAnswer answ
 void runFunction(WebKitWebView* view, const std::string& body, GVariant* arguments,
                  ScriptAnswer answer)
 {
-    webkit_web_view_run_async_javascript_function_in_world(
-        view, body.c_str(), arguments, Engine::kWorld, nullptr, answerScript,
-        new ScriptAnswer(std::move(answer)));
+    webkit_web_view_run_async_javascript_function_in_world(view, body.c_str(), arguments,
+                                                           Engine::kWorld, nullptr, answerScript,
+                                                           new ScriptAnswer(std::move(answer)));
 }
 
 std::string asText(JSCValue* value)

@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 
 #include "directfb_check.h"
-#include "fatal_trap.h"
 #include "layout_folder.h"
 #include "log_capture.h"
 #include "recording_display.h"
@@ -24,8 +23,6 @@ using steps::expectTrace;
 using steps::kNoFont;
 using steps::Renderer;
 using steps::Steps;
-using testing::AllOf;
-using testing::HasSubstr;
 
 const char kFont[] = "/opt/font/test.ttf";
 const DFBResult kFailure = DFB_INVARG;
@@ -182,8 +179,8 @@ TEST_P(Drawing, AFailureOfAnyCheckedCallIsReportedAndNothingIsDoneAfterIt)
         doAll(GetParam().before, bench);
         takeTrace();
         bench.display.failCall(call, kFailure);
+        bench.display.throwFatalErrors();
 
-        const FatalTrap trap;
         testing::internal::CaptureStderr();
         FatalError fatal = {"", DFB_OK};
         try {
@@ -200,19 +197,9 @@ TEST_P(Drawing, AFailureOfAnyCheckedCallIsReportedAndNothingIsDoneAfterIt)
 
 INSTANTIATE_TEST_SUITE_P(Operations, Drawing, testing::ValuesIn(kOperations), RowName());
 
-// The trap stands in for DirectFB's own, which ends the process with the result.
-TEST(DrawingDeathTest, DirectFBItselfReportsTheTextToo)
-{
-    Bench bench;
-    bench.display.failCall(1, kFailure);
-    const std::string text = "m_surface->GetSize(m_surface, &m_win_width,&m_win_height)";
-    EXPECT_EXIT(bench.create(), testing::ExitedWithCode(static_cast<int>(kFailure) & 0xFF),
-                AllOf(HasSubstr(report(text)), HasSubstr("DirectFBError [" + text + "]: ")));
-}
-
 TEST(CheckDirectFB, PrintsTheTextOfAFailureAsItStandsAndNothingElse)
 {
-    const FatalTrap trap;
+    RecordingDisplay().throwFatalErrors();
     testing::internal::CaptureStderr();
     checkDirectFB(DFB_OK, "some call");
     EXPECT_THROW(checkDirectFB(DFB_FAILURE, "a %s %d text"), FatalError);

@@ -6,6 +6,7 @@
 #include <map>
 #include <utility>
 
+#include <dlfcn.h>
 #include <malloc.h>
 
 namespace test_support
@@ -270,3 +271,13 @@ IDirectFBSurface* RecordingDisplay::newSurface(int width, int height)
 }
 
 } // namespace test_support
+
+// A program's own definition takes the place of the shared library's.
+extern "C" DFBResult DirectFBErrorFatal(const char* msg, DFBResult result)
+{
+    if (test_support::RecordingDisplay::state.throwsFatalErrors)
+        throw test_support::FatalError{msg, result};
+
+    using Function = DFBResult(const char*, DFBResult);
+    return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, "DirectFBErrorFatal"))(msg, result);
+}

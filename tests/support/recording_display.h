@@ -12,12 +12,19 @@
 namespace test_support
 {
 
+// What DirectFBErrorFatal was called with.
+struct FatalError {
+    std::string text;
+    DFBResult result;
+};
+
 // What the objects of one display share.
 struct DisplayState {
     std::map<std::string, int> numbers; // last number given to a kind of object
     std::map<std::string, DFBResult> failingMethods;
     size_t callsUntilFailure = 0; // 0: none is to fail
     DFBResult failure = DFB_FAILURE;
+    bool throwsFatalErrors = false;
     int fontHeight = 37;
     size_t liveFonts = 0;
     size_t liveWindows = 0;
@@ -57,6 +64,10 @@ public:
     {
         state.failingMethods[method] = result;
     }
+
+    // DirectFBErrorFatal throws a FatalError from now on, in place of ending the process as
+    // DirectFB's own does.
+    void throwFatalErrors() { state.throwsFatalErrors = true; }
 
     // Objects made by this display and not released or destroyed.
     size_t liveFonts() const { return state.liveFonts; }
