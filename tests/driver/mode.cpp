@@ -29,7 +29,7 @@ Run Mode::run(const Session& session) const
     }
     more.steps.pop_back(); // the last line ends the loop
     Run whole = run(more);
-    whole.input = input;
+    whole.input = input + "quit \n"; // where the last line fails to end it
     return whole;
 }
 

@@ -38,8 +38,8 @@ protected:
 
     // The first start of a core: what it does before it reads the names, and from there on.
     steps::Steps begun();
-    steps::Steps entered(const std::string& layout);
-    steps::Steps firstStart() { return begun() + entered("English"); }
+    steps::Steps entered();
+    steps::Steps firstStart() { return begun() + entered(); }
 
     // Replaces the key at a place of English's default set.
     void writeEnglish(int place, const test_support::Key& key);

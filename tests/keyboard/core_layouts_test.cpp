@@ -127,7 +127,7 @@ TEST_F(CoreBadInput, AfterAnEmptyLayoutListTheNextStartBuildsAgainInTheSameWindo
     m_folder.writeCatalogue(asJson(catalogue));
     expectNoStart(begun() + noNames(true));
     expectStartWithGoodFiles(imeStarts(false) + parserMade() + windowShown("window1") +
-                             m_renderer.construction(kWidth, kHeight) + entered("English"));
+                             m_renderer.construction(kWidth, kHeight) + entered());
 }
 
 TEST_F(CoreBadInput, AMissingOrMalformedCatalogueGivesNoWindowUntilThereIsAGoodOne)

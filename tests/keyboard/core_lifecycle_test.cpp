@@ -197,7 +197,7 @@ TEST_F(CoreLifecycle, AStartAfterACancelBuildsAnewAtTheFirstLayout)
     m_expected.countFont();
     m_expected.countFont();
     expectTrace(imeStarts(false) + parserMade() + windowMade("window2", kWidth, kHeight) +
-                renderer.construction(kWidth, kHeight) + entered("English"));
+                renderer.construction(kWidth, kHeight) + entered());
     EXPECT_TRUE(m_core->isKeyBoardEnable());
 }
 

@@ -31,19 +31,70 @@ using Act = std::function<void(Painter& on)>;
 using Acts = std::vector<Act>;
 
 // A key that can be painted; all else is zero.
-Button_t key(const std::string& text, const velmora::browser::vkb::Rect_t& rect);
+inline Button_t key(const std::string& text, const velmora::browser::vkb::Rect_t& rect)
+{
+    Button_t made{};
+    made.text = text;
+    made.rect = rect;
+    return made;
+}
 
-Act show();
-Act hide();
-Act take(const Keys& keys); // other keys in the list
-Act clear(unsigned int argb, bool flip);
-Act draw(bool flip);
-Act focus(size_t position); // the key at this position
-Act press(const Button_t& key);
-Act release(const Button_t& key);
-Act lock(const Keys& keys);
+inline Act show()
+{
+    return [](Painter& on) { on.ui->show(); };
+}
 
-void doAll(const Acts& acts, Painter& on);
+inline Act hide()
+{
+    return [](Painter& on) { on.ui->hide(); };
+}
+
+// Other keys in the list.
+inline Act take(const Keys& keys)
+{
+    return [=](Painter& on) { on.keys = keys; };
+}
+
+inline Act clear(unsigned int argb, bool flip)
+{
+    return [=](Painter& on) { on.ui->clear(argb, flip); };
+}
+
+inline Act draw(bool flip)
+{
+    return [=](Painter& on) { on.ui->draw(flip); };
+}
+
+// The key at this position.
+inline Act focus(size_t position)
+{
+    return [=](Painter& on) { on.ui->setfocus(on.keys[position]); };
+}
+
+inline Act press(const Button_t& key)
+{
+    return [=](Painter& on) { on.ui->press(key); };
+}
+
+inline Act release(const Button_t& key)
+{
+    return [=](Painter& on) { on.ui->pressed(key); };
+}
+
+// The renderer keeps a copy of its own: the list is gone then.
+inline Act lock(const Keys& keys)
+{
+    return [=](Painter& on) {
+        Keys locked = keys;
+        on.ui->setLocked(locked);
+    };
+}
+
+inline void doAll(const Acts& acts, Painter& on)
+{
+    for (const Act& act : acts)
+        act(on);
+}
 
 } // namespace renderer_acts
 
