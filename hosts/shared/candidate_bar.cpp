@@ -19,6 +19,7 @@ namespace
 // Greys.
 const u8 kBackground = 0x1E;
 const u8 kFill = 0x32;
+const u8 kFocusFill = 0x64; // as a key below the bar keeps the keyboard's own focus frame
 const u8 kShadow = 0x0A;
 const u8 kPaleText = 0xB0;
 const u8 kText = 0xFF;
@@ -139,7 +140,7 @@ void CandidateBar::drawCandidate(const std::string& text, int number, bool isFoc
     if (key.w <= 0)
         return;
 
-    setGrey(m_surface, kFill);
+    setGrey(m_surface, isFocused ? kFocusFill : kFill);
     m_surface->FillRectangle(m_surface, key.x, key.y, key.w + 1, key.h + 1);
     const DFBRegion inside = {key.x, key.y, key.x + key.w - 1, key.y + key.h - 1};
     m_surface->SetClip(m_surface, &inside);
