@@ -62,7 +62,7 @@ Result expectRun(const Run& run, const TestPlace& place)
     Command command = driverCommand(place, run.arguments);
     if (!run.level.empty())
         command.environment["CSP_DEBUG_LEVEL"] = run.level;
-    const Result result = test_process::run(command, run.input);
+    Result result = test_process::run(command, run.input);
     EXPECT_EQ(text(reduce(result.out)), text(run.expected));
     if (run.error.empty()) {
         EXPECT_EQ(result.err, "");

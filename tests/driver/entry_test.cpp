@@ -35,6 +35,20 @@ Lines traceOf(const std::string& output)
     return lines;
 }
 
+const std::string kUiUsage =
+    logLine("main_test.cpp", 42, "printusage_ui",
+            "\n\t bin kbui cmd cmd-params\n"
+            "\t =>cmd:[show|hide|draw | loop-showhide |loop-draw | loop-focus | more ] \n"
+            "\t\tex. test-bin kbui loop-showhide 10\n"
+            "\t IF cmd = more,enter loop input mode\n");
+
+std::string generalUsage(int count)
+{
+    return mainLine(56, "argc:" + std::to_string(count)) + "\n" +
+           logLine("main_test.cpp", 17, "printusage",
+                   "\n\t Usage: bin  [kbui,kb] | cmd |  xxx \n\t\tex.test-bin kbui show A\n\n");
+}
+
 std::string head(int count, int line, const std::string& mode)
 {
     return mainLine(56, "argc:" + std::to_string(count)) + "\n" + mainLine(line, "mod:" + mode) +
@@ -49,16 +63,12 @@ struct Refused : test_support::Row {
 };
 
 const Refused kRefused[] = {
-    {"NoArguments", {}, mainLine(56, "argc:1") + "\n" + generalUsage()},
-    {"FiveArguments", {"kb", "left", "3", "4"}, mainLine(56, "argc:5") + "\n" + generalUsage()},
-    {"SevenArguments",
-     {"kb", "left", "3", "4", "5", "6"},
-     mainLine(56, "argc:7") + "\n" + generalUsage()},
-    {"DirectFBOptionsCount",
-     {"kb", "left", "3", "--dfb:no-cursor"},
-     mainLine(56, "argc:5") + "\n" + generalUsage()},
+    {"NoArguments", {}, generalUsage(1)},
+    {"FiveArguments", {"kb", "left", "3", "4"}, generalUsage(5)},
+    {"SevenArguments", {"kb", "left", "3", "4", "5", "6"}, generalUsage(7)},
+    {"DirectFBOptionsCount", {"kb", "left", "3", "--dfb:no-cursor"}, generalUsage(5)},
     {"LoneKb", {"kb"}, head(2, 61, "kb") + kbUsage("main_test.cpp", 34, "printusage_kb")},
-    {"LoneKbui", {"kbui"}, head(2, 61, "kbui") + uiUsage()},
+    {"LoneKbui", {"kbui"}, head(2, 61, "kbui") + kUiUsage},
 };
 
 using EntryUsage = TestWithParam<Refused>;

@@ -62,12 +62,6 @@ std::string kbUiLine(const std::string& function, const std::string& message)
     return logLine("kb_ui_test.cpp", 0, function, message);
 }
 
-std::string generalUsage()
-{
-    return logLine("main_test.cpp", 17, "printusage",
-                   "\n\t Usage: bin  [kbui,kb] | cmd |  xxx \n\t\tex.test-bin kbui show A\n\n");
-}
-
 std::string kbUsage(const std::string& file, int line, const std::string& function)
 {
     return logLine(file, line, function,
@@ -83,15 +77,6 @@ std::string kbUsage(const std::string& file, int line, const std::string& functi
                    "\t cmd:[language x]--(Number of times the language button is pressed)\n"
                    "\t =>cmd:[show|hide|clear|clear-all|submit|space | loop-left |loop-right | "
                    "loop-up | loop-down | more ] \n"
-                   "\t IF cmd = more,enter loop input mode\n");
-}
-
-std::string uiUsage()
-{
-    return logLine("main_test.cpp", 42, "printusage_ui",
-                   "\n\t bin kbui cmd cmd-params\n"
-                   "\t =>cmd:[show|hide|draw | loop-showhide |loop-draw | loop-focus | more ] \n"
-                   "\t\tex. test-bin kbui loop-showhide 10\n"
                    "\t IF cmd = more,enter loop input mode\n");
 }
 

@@ -20,10 +20,8 @@ std::string mainLine(int line, const std::string& message);
 std::string kbLine(int line, const std::string& function, const std::string& message);
 std::string kbUiLine(const std::string& function, const std::string& message);
 
-// The usage texts, whole, with the newline at their end.
-std::string generalUsage();
+// The usage of the kb mode, whole, with the newline at its end.
 std::string kbUsage(const std::string& file, int line, const std::string& function);
-std::string uiUsage();
 
 // The driver's own lines whole, those of kb_ui_test with the number 0; the seams' lines
 // ("usleep 500000", "clock", ...) as they are; and of the keyboard: "key K" for a received key

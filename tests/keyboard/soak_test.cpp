@@ -19,7 +19,6 @@
 
 using namespace test_support;
 using namespace velmora::browser::vkb;
-
 using sample::inRows;
 using sample::Kind;
 
