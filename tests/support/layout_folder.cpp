@@ -107,7 +107,7 @@ void LayoutFolder::removeFile(const std::string& path)
 fs::path LayoutFolder::clearedPlace(const std::string& path)
 {
     removeFile(path);
-    const fs::path place = m_root + path;
+    fs::path place = m_root + path;
     fs::create_directories(place.parent_path());
     return place;
 }
