@@ -6,8 +6,8 @@
 // is made through DirectFB, so that a leak checker sees it as kept and reports only what else is
 // lost. That released objects are released, the recording display tells.
 //
-//   VKB_TEST_TRACE=1                 writes each call that opens or closes the display to standard
-//                                    output, one line each
+//   VKB_TEST_TRACE=1                 writes each call that is put in here to standard output, one
+//                                    line each
 //   VKB_TEST_FAIL="CreateWindow 1"   and the first CreateWindow returns DFB_FAILURE undone
 
 #include <cstdio>

@@ -1,5 +1,6 @@
 #include "process.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -43,11 +44,11 @@ std::vector<std::string> wordsOf(const Command& command)
     std::vector<std::string> words = {"env", "--default-signal=PIPE", "-i"};
     for (const char* name : kPassedOn)
         if (const char* value = std::getenv(name))
-            words.push_back(std::string(name) + "=" + value);
+            words.emplace_back(name).append("=").append(value);
     for (const auto& [name, value] : command.environment)
-        words.push_back(name + "=" + value);
-    std::istringstream emulator(command.forTarget ? VKB_TEST_EMULATOR : "");
-    for (std::string word; std::getline(emulator, word, '|');)
+        words.emplace_back(name).append("=").append(value);
+    std::istringstream emulator(VKB_TEST_EMULATOR);
+    for (std::string word; command.forTarget && std::getline(emulator, word, '|');)
         words.push_back(word);
     words.insert(words.end(), command.words.begin(), command.words.end());
     return words;
@@ -62,10 +63,9 @@ pid_t start(std::vector<std::string> words, int input, int output, int error)
     posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, error, STDERR_FILENO);
 
-    std::vector<char*> arguments;
-    for (std::string& word : words)
-        arguments.push_back(&word[0]);
-    arguments.push_back(nullptr);
+    std::vector<char*> arguments(words.size() + 1); // the last one stays null
+    std::transform(words.begin(), words.end(), arguments.begin(),
+                   [](std::string& word) { return &word[0]; });
     pid_t pid = -1;
     const int failure =
         posix_spawnp(&pid, arguments[0], &actions, nullptr, arguments.data(), environ);
