@@ -103,7 +103,7 @@ test_not_root_and_no_sudo() {
     missing_package
     no_apt
     fake id 'echo 1000'
-    only bash sed sort tr dirname basename cut awk
+    only bash sed sort tr dirname basename cut join
     run bash "$install" build
     expect_status 1
     expect_said 'there is no sudo here'
