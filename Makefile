@@ -54,7 +54,9 @@ format: ## Format the C++ sources
 coverage: ## Which lines of src/os_keyboard the tests run; fails below all
 	@scripts/install-packages build run test
 	@scripts/build coverage
-	@scripts/coverage
+	@find build/coverage -name '*.gcda' -delete
+	@scripts/test coverage
+	@gcovr --root . --filter src/os_keyboard/ --print-summary --fail-under-line 100 build/coverage/src build/coverage/tests
 
 bench: ## Speed, memory and size, each beside its target
 	@scripts/install-packages build run hosts browser input_methods test arm bench
