@@ -33,9 +33,7 @@ layouts: ## Build the layouts command, which makes and checks keyboard layouts
 
 fuzz: ## Fuzz the reader and the check of layout files, ten minutes each
 	@scripts/install-packages build run tools test fuzz
-	@scripts/build fuzz
-	@fuzz/run reader 600
-	@fuzz/run checker 600
+	@scripts/build fuzz fuzz_reader fuzz_checker
 
 install: installable ## Install to PREFIX (/usr/local) below DESTDIR; layouts to their fixed path
 	@scripts/install
