@@ -206,6 +206,7 @@ TEST(KbUiWithoutAFont, PressEndsTheProcessThroughItsText)
 
 const Pass kQuit = {"quit", "quit", "null"};
 const Pass kDraw = {"draw", "draw", "null", draw(On), 1000};
+const Pass kLoopDraw = {"loop-draw", "loop-draw", "null", loopDraw(5, On), 1000};
 const Pass kShow = {"show", "show", "null", show(On), 1000};
 const Pass kShowShown = {"show", "show", "null", {"ui show called "}, 1000};
 const Pass kHide = {"hide", "hide", "null", kHideShown, 1000};
@@ -229,15 +230,13 @@ const Session kSessions[] = {
     {"InnerAndTrailingBlanksOfTheParameterAreKept",
      {{"unknown  a  b  ", "unknown", "a  b  "}, {"unknown   ", "unknown", "   "}, kQuit}},
     {"ParameterOfOnePassIsForgottenInTheNext",
-     {{"loop-draw 2", "loop-draw", "2", loopDraw(2, On), 1000},
-      {"loop-draw", "loop-draw", "null", loopDraw(5, On), 1000},
-      kQuit}},
+     {{"loop-draw 2", "loop-draw", "2", loopDraw(2, On), 1000}, kLoopDraw, kQuit}},
     {"UnknownCommandIsEchoedAndIgnored",
      {{"left 3", "left", "3"}, {"more", "more", "null"}, kQuit}},
     {"EmptyLineIsEchoedAndRunsNothing", {{"", "", "null"}, {" draw", "", "draw"}, kQuit}},
     // A count of nothing but blanks is a parameter, and no number.
     {"BlankCountEndsTheProcess", {{"loop-draw  ", "loop-draw", "  "}}, kNoNumber},
-    {"ParameterOfTheCommandLineIsIgnored", {kDraw, kQuit}, "", "2"},
+    {"ParameterOfTheCommandLineIsIgnored", {kLoopDraw, kQuit}, "", "2"},
 };
 
 INSTANTIATE_TEST_SUITE_P(KbUiLoop, DriverRun, testing::ValuesIn(kKbUi.runs(kSessions, kDetail)),
