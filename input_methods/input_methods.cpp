@@ -104,12 +104,15 @@ const InputMethods::Opened& InputMethods::open(const LayoutEngine& entry)
     Opened opened;
     const EngineSettings settings = {entry.scheme, m_settings.dataFolder, m_settings.engineData,
                                      makeLearningFolder(entry)};
-    std::unique_ptr<Engine> engine = loadEngine(entry.engine, settings, opened.problem);
+    std::string problem;
+    std::unique_ptr<Engine> engine = loadEngine(entry.engine, settings, problem);
+    if (engine == nullptr)
+        opened.problem = entry.layout + ": no input method: " + problem +
+                         "; the keys type what they show; install " + entry.packages;
+    else if (!problem.empty())
+        report(entry.layout + ": " + problem);
     if (engine != nullptr)
         opened.method = std::make_unique<InputMethod>(std::move(engine));
-    else
-        opened.problem = entry.layout + ": no input method: " + opened.problem +
-                         "; the keys type what they show; install " + entry.packages;
     return m_opened.emplace(entry.layout, std::move(opened)).first->second;
 }
 

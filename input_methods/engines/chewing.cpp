@@ -87,16 +87,21 @@ private:
 Engine* VKB_MAKE_ENGINE(const EngineSettings& settings, std::string& problem)
 {
     const std::string data = settings.engineData + "/libchewing";
-    const std::string user =
-        settings.learns() ? settings.learningFolder + "/words.sqlite3" : ":memory:";
+    const std::string learned = settings.learningFolder + "/words.sqlite3";
     const bool isWhole = isWholeChewing(data + "/index_tree.dat", data + "/dictionary.dat");
-    ChewingContext* context =
-        isWhole ? chewing_new2(data.c_str(), user.c_str(), ignoreLog, nullptr) : nullptr;
+    const auto open = [&](const std::string& words) {
+        return isWhole ? chewing_new2(data.c_str(), words.c_str(), ignoreLog, nullptr) : nullptr;
+    };
+    ChewingContext* context = settings.learns() ? open(learned) : nullptr;
+    const bool learns = context != nullptr;
+    if (!learns)
+        context = open(":memory:");
     if (context == nullptr) {
-        problem = "chewing does not start; expected its whole dictionary in " + data +
-                  (settings.learns() ? ", and to write " + user : std::string());
+        problem = "chewing does not start; expected its whole dictionary in " + data;
         return nullptr;
     }
+    if (settings.learns() && !learns)
+        problem = "chewing cannot read " + learned + "; nothing is learned";
     chewing_set_KBType(context, chewing_KBStr2Num(settings.scheme.c_str()));
-    return new Chewing(context, settings.learns());
+    return new Chewing(context, learns);
 }

@@ -295,6 +295,54 @@ TEST_P(FaultsOfADisk, LeaveWhatWasTyped)
 INSTANTIATE_TEST_SUITE_P(, FaultsOfADisk, testing::ValuesIn(kDisks),
                          [](const testing::TestParamInfo<Disk>& disk) { return disk.param.name; });
 
+struct Learned {
+    const char* name;
+    const char* command; // what happens to each file, {}, of what is learned
+};
+
+const Learned kLearned[] = {
+    {"CutOff", "truncate -s 1000 {}"},
+    {"Empty", "truncate -s 0 {}"},
+    {"Overwritten", "dd status=none conv=notrunc if=/dev/urandom bs=3000 count=1 of={}"},
+};
+
+class FaultsOfWhatIsLearned : public Faults, public testing::WithParamInterface<Learned>
+{
+};
+
+TEST_P(FaultsOfWhatIsLearned, LeaveTheLanguage)
+{
+    for (const char* layout : {"Chinese_Pinyin", "Chinese_Zhuyin", "Japanese"}) {
+        const bool isZhuyin = std::string(layout) == "Chinese_Zhuyin";
+        const std::string input = isZhuyin ? "ㄋㄧˇㄏㄠˇ<2>\n" : "nihon<2>\n";
+        EXPECT_EQ(tryOut(layout, input, {"--learn", folder()}).exitStatus, 0) << layout;
+        const std::string files = "find '" + folder().string() + "' -type f -exec ";
+        ASSERT_EQ(std::system((files + GetParam().command + " \\;").c_str()), 0);
+        const test_process::Result result = tryOut(layout, input, {"--learn", folder()});
+        EXPECT_EQ(result.exitStatus, 0) << layout << result.signal << result.err;
+        EXPECT_THAT(result.out, HasSubstr("text\t'")) << layout;
+        EXPECT_THAT(result.out, testing::Not(HasSubstr("text\t''"))) << layout;
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder()))
+            fs::remove_all(entry);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, FaultsOfWhatIsLearned, testing::ValuesIn(kLearned),
+                         [](const testing::TestParamInfo<Learned>& learned) {
+                             return learned.param.name;
+                         });
+
+// A folder in the file's place.
+TEST_F(Faults, LearnedWordsThatCannotBeReadAreNamed)
+{
+    fs::create_directories(folder() / "chewing" / "words.sqlite3");
+    const test_process::Result result =
+        tryOut("Chinese_Zhuyin", "ㄋㄧˇ<1>\n", {"--learn", folder()});
+    EXPECT_EQ(result.exitStatus, 0) << result.signal;
+    EXPECT_THAT(result.err, HasSubstr("Chinese_Zhuyin: chewing cannot read " + folder().string() +
+                                      "/chewing/words.sqlite3; nothing is learned"));
+}
+
 TEST_F(Faults, LearnsOnlyWhereItIsTold)
 {
     for (const char* layout : {"Chinese_Pinyin", "Chinese_Zhuyin", "Japanese"})
