@@ -37,6 +37,13 @@ test_other_layouts_can_be_chosen() {
     [ "$output" = mine ] || fail "these are not the chosen layouts"
 }
 
+test_layouts_that_are_no_folder_are_named() {
+    run env LAYOUTS=nowhere "$with_layouts" echo started
+    expect_status 1
+    expect_said "LAYOUTS: found 'nowhere', expected a folder with layouts"
+    expect_not_said started
+}
+
 test_status_and_font_path_are_passed_on() {
     run "$with_layouts" sh -c 'echo "$VIRTUAL_KEYBOARD_FONT_PATH"; exit 7'
     expect_status 7
