@@ -2,7 +2,10 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 
+#include <sys/shm.h>
 #include <unistd.h>
 
 #include "keyboard_constants.h"
@@ -20,6 +23,22 @@ const char kPackagedFont[] = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 bool exists(const char* file)
 {
     return ::access(file, R_OK) == 0;
+}
+
+// DirectFB's pictures on X11 are shared memory, which outlives the process until somebody removes
+// it: DirectFB in its Release, which is not called here (see Screen).
+void removeSharedMemory()
+{
+    std::ifstream maps("/proc/self/maps");
+    for (std::string line; std::getline(maps, line);) {
+        std::string addresses, rights, offset, device, path;
+        int number = 0; // of the memory, in the inode's place
+        std::istringstream(line) >> addresses >> rights >> offset >> device >> number >> path;
+        shmid_ds memory = {};
+        if (path.rfind("/SYSV", 0) == 0 && ::shmctl(number, IPC_STAT, &memory) == 0 &&
+            memory.shm_cpid == ::getpid())
+            ::shmctl(number, IPC_RMID, nullptr);
+    }
 }
 
 } // namespace
@@ -79,6 +98,7 @@ IDirectFBSurface* Screen::copy() const
 
 void endProcess(int status)
 {
+    removeSharedMemory();
     std::fflush(nullptr);
     std::_Exit(status);
 }
