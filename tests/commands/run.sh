@@ -22,6 +22,17 @@ test_without_a_display_the_screen_plays_and_leaves_pictures() {
     expect_pictures
 }
 
+# So its recording is the one in the documents, which the browser's own tests make anew.
+test_without_a_display_the_browser_plays_on_no_screen() {
+    mkdir -p copy/scripts
+    cp "$scripts"/{run,common.sh} copy/scripts
+    printf '#!/bin/sh\necho "$DFBARGS: $*"\n' >copy/scripts/browser
+    chmod +x copy/scripts/browser
+    run copy/scripts/run browser
+    expect_status 0
+    expect_said 'system=dummy,mode=1920x1080,quiet,no-cursor: --play'
+}
+
 # The window takes keys: Escape leaves the page.
 test_on_a_display_the_screen_takes_keys() {
     run "$scripts/with-screen" sh -c 'unset DFBARGS
