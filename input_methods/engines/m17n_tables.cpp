@@ -161,9 +161,9 @@ std::vector<std::string> changedLetter(const std::string& character,
 std::string missingTable(const TableName& name, const std::vector<std::string>& folders)
 {
     MPlist* table = load(name);
-    if (table == nullptr || isCutOff(name, folders))
+    if (table == nullptr)
         return fileName(name);
-    std::string missing;
+    std::string missing = isCutOff(name, folders) ? fileName(name) : "";
     forEachInclude(table, [&](const TableName& included) {
         if (missing.empty())
             missing = missingTable(included, folders);

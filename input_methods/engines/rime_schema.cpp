@@ -58,8 +58,11 @@ bool openSchema(RimeApi* api, const EngineSettings& settings, RimeConfig& schema
                 std::string& problem)
 {
     const std::string data = api->get_shared_data_dir();
-    if (!api->schema_open(settings.scheme.c_str(), &schema) ||
-        api->config_get_cstring(&schema, "schema/schema_id") == nullptr) {
+    const bool isOpen = api->schema_open(settings.scheme.c_str(), &schema) != 0;
+    // A schema that is not there may open as an empty one.
+    if (!isOpen || api->config_get_cstring(&schema, "schema/schema_id") == nullptr) {
+        if (isOpen)
+            api->config_close(&schema);
         problem = "rime has no schema '" + settings.scheme + "' in " + data;
         return false;
     }
