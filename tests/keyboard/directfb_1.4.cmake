@@ -89,8 +89,3 @@ add_poison_test(SendEvent "static_cast<IDirectFBWindow*>(nullptr)->SendEvent" Fi
 add_poison_test(GetSurface "static_cast<IDirectFB*>(nullptr)->GetSurface" Finds)
 add_poison_test(DSTF_BLEND_FUNCS "DSTF_BLEND_FUNCS" Finds)
 add_poison_test(DSFLIP_SWAP "DSFLIP_SWAP" Finds)
-
-# Values that the televisions' programs are built with.
-add_library(television_values OBJECT directfb_1.4_values.cpp)
-target_link_libraries(television_values PRIVATE PkgConfig::directfb)
-vkb_enable_warnings(television_values)
